@@ -1,0 +1,45 @@
+# Compiler settings and the one function that declares a folder of src/ as a target.
+#
+# Results must be the same bytes at every optimisation level, so floating-point contraction is off
+# and no flag may reorder arithmetic.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(ovri_settings INTERFACE)
+target_compile_options(ovri_settings INTERFACE -ffp-contract=off -Wall -Wextra -Wpedantic
+                                               -Wconversion -Wshadow)
+if(OVRI_WERROR)
+  target_compile_options(ovri_settings INTERFACE -Werror)
+endif()
+if(OVRI_SANITIZE)
+  target_compile_options(ovri_settings INTERFACE -fsanitize=address,undefined
+                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(ovri_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# ovri_folder(NAME USES folder... SOURCES file...)
+#
+# Declares src/NAME as the static library ovri_NAME. Its headers are included as "NAME/file.h", and
+# only by targets that name it under USES (or use a folder that does): each folder is seen through
+# an include root of its own, so an include that points upwards does not compile.
+function(ovri_folder name)
+  cmake_parse_arguments(FOLDER "" "" "USES;SOURCES" ${ARGN})
+  set(root "${PROJECT_BINARY_DIR}/include-roots/${name}")
+  file(MAKE_DIRECTORY "${root}")
+  if(NOT EXISTS "${root}/${name}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${name}" "${root}/${name}" SYMBOLIC)
+  endif()
+  list(TRANSFORM FOLDER_SOURCES PREPEND "${name}/")
+  add_library(ovri_${name} STATIC ${FOLDER_SOURCES})
+  target_include_directories(ovri_${name} PUBLIC "${root}")
+  target_link_libraries(ovri_${name} PRIVATE ovri_settings)
+  foreach(used ${FOLDER_USES})
+    target_link_libraries(ovri_${name} PUBLIC ovri_${used})
+  endforeach()
+endfunction()

@@ -1,0 +1,61 @@
+// What a door of the house may choose for a run: the exported function takes these defaults, the
+// command-line tool its own.
+#pragma once
+
+#include <atomic>
+#include <cstdio>
+#include <string>
+
+#include "base/random_source.h"
+
+// The stage a run is in, for whoever shows progress.
+enum class RunStage {
+    reading,
+    burn_in,
+    simulation,
+    phase1,
+    phase2,
+    phase3,
+    fit,
+    bayesian_fit,
+    done
+};
+
+// Plain counters that a progress display may read from another thread while the run goes on.
+// `work_done` of `work_total` counts proposals or steps of the present stage; `step` counts
+// estimation runs, sub-phases or parameter sets, from 0, of `steps`.
+struct RunProgress {
+    std::atomic<RunStage> stage{RunStage::reading};
+    std::atomic<double> work_done{0.0};
+    std::atomic<double> work_total{0.0};
+    std::atomic<int> step{0};
+    std::atomic<int> steps{0};
+};
+
+inline void progress_start(RunProgress& progress, RunStage stage, double total) {
+    progress.work_done.store(0.0, std::memory_order_relaxed);
+    progress.work_total.store(total, std::memory_order_relaxed);
+    progress.stage.store(stage, std::memory_order_relaxed);
+}
+inline void progress_work(RunProgress& progress, double done) {
+    progress.work_done.store(done, std::memory_order_relaxed);
+}
+inline void progress_step(RunProgress& progress, int step, int steps) {
+    progress.step.store(step, std::memory_order_relaxed);
+    progress.steps.store(steps, std::memory_order_relaxed);
+}
+
+struct HostOptions {
+    // Joins output directory and file name. Hosts expect a backslash on every platform.
+    char path_separator = '\\';
+    // Replaces the setup file's output directory when not empty.
+    std::string output_directory;
+    // Where the parameter update files go: false, the process's current directory; true, beside the
+    // other outputs.
+    bool updates_beside_outputs = false;
+    // Takes the engine's console text; null for none.
+    std::FILE* console = stdout;
+    // The clock of every reseeding; empty for the C library's time.
+    ClockSeconds clock_seconds;
+    RunProgress* progress = nullptr;
+};

@@ -1,0 +1,35 @@
+// The random source of one run: a 32-bit linear congruential generator whose draws lie in
+// 0..32767, the range on which the uniform numbers and the normal deviates are built.
+//
+// A run reseeds it from its clock at every start of a driver (random start network, burn-in,
+// simulation, estimation, fit, parameter draws), so two drivers that start within one second repeat
+// each other's stream. Whoever draws takes a RandomSource&; a function without one does not draw.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+// Seconds of the run's clock. Called exactly once at each reseeding.
+using ClockSeconds = std::function<std::int64_t()>;
+
+struct RandomSource {
+    std::uint32_t state = 1;
+    ClockSeconds clock_seconds;
+};
+
+// The state becomes the clock's seconds, modulo 2^32.
+void random_reseed(RandomSource& random);
+
+// One draw, 0..32767: bits 16 to 30 of the next state.
+inline int random_draw(RandomSource& random) {
+    random.state = random.state * 214013U + 2531011U;
+    return static_cast<int>((random.state >> 16U) & 0x7FFFU);
+}
+
+// An integer in 0..n-1, the draw modulo n; n must be positive.
+inline int random_below(RandomSource& random, int n) { return random_draw(random) % n; }
+
+// A uniform number in [0, 1], both ends included: the quotient is formed in single precision.
+inline double random_uniform(RandomSource& random) {
+    return static_cast<double>(static_cast<float>(random_draw(random)) / 32767.0F);
+}

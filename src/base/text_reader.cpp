@@ -1,0 +1,140 @@
+#include "base/text_reader.h"
+
+#include <clocale>
+
+#ifndef _WIN32
+#include <locale.h>
+#endif
+
+namespace {
+
+// White space as the C locale has it.
+bool is_space(int character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+}  // namespace
+
+TextReader reader_open(const std::string& path) {
+    return TextReader{FileHandle(std::fopen(path.c_str(), "r"))};
+}
+
+long reader_offset(TextReader& reader) {
+    return reader.opened() ? std::ftell(reader.file.get()) : -1;
+}
+
+int reader_character(TextReader& reader) {
+    if (!reader.opened()) {
+        return -1;
+    }
+    const int character = std::getc(reader.file.get());
+    return character == EOF ? -1 : character;
+}
+
+namespace {
+
+void unread(TextReader& reader, int character) {
+    if (reader.opened() && character >= 0) {
+        std::ungetc(character, reader.file.get());
+    }
+}
+
+}  // namespace
+
+void reader_skip_space(TextReader& reader) {
+    int character = reader_character(reader);
+    while (character >= 0 && is_space(character)) {
+        character = reader_character(reader);
+    }
+    unread(reader, character);
+}
+
+bool reader_at_end(TextReader& reader) {
+    reader_skip_space(reader);
+    const int character = reader_character(reader);
+    unread(reader, character);
+    return character < 0;
+}
+
+std::string reader_label(TextReader& reader) {
+    reader_skip_space(reader);
+    std::string label;
+    int character = reader_character(reader);
+    while (character >= 0 && !is_space(character)) {
+        label.push_back(static_cast<char>(character));
+        character = reader_character(reader);
+    }
+    unread(reader, character);
+    reader_skip_space(reader);
+    return label;
+}
+
+std::string reader_line(TextReader& reader) {
+    std::string line;
+    int character = reader_character(reader);
+    while (character >= 0 && character != '\n') {
+        line.push_back(static_cast<char>(character));
+        character = reader_character(reader);
+    }
+    reader_skip_space(reader);
+    return line;
+}
+
+bool reader_int(TextReader& reader, int& target) {
+    return reader.opened() && std::fscanf(reader.file.get(), "%d\n", &target) == 1;
+}
+
+bool reader_float(TextReader& reader, float& target) {
+    return reader.opened() && std::fscanf(reader.file.get(), "%f\n", &target) == 1;
+}
+
+bool reader_double(TextReader& reader, double& target) {
+    return reader.opened() && std::fscanf(reader.file.get(), "%lf\n", &target) == 1;
+}
+
+bool reader_cell(TextReader& reader, int& target) {
+    return reader.opened() && std::fscanf(reader.file.get(), "%d", &target) == 1;
+}
+
+#ifdef _WIN32
+
+struct CLocaleScope::Saved {
+    int per_thread = 0;
+    std::string locale;
+};
+
+CLocaleScope::CLocaleScope() : saved_(std::make_unique<Saved>()) {
+    saved_->per_thread = _configthreadlocale(_ENABLE_PER_THREAD_LOCALE);
+    if (const char* current = std::setlocale(LC_ALL, nullptr)) {
+        saved_->locale = current;
+    }
+    std::setlocale(LC_ALL, "C");
+}
+
+CLocaleScope::~CLocaleScope() {
+    std::setlocale(LC_ALL, saved_->locale.c_str());
+    _configthreadlocale(saved_->per_thread);
+}
+
+#else
+
+struct CLocaleScope::Saved {
+    locale_t c_locale = nullptr;
+    locale_t previous = nullptr;
+};
+
+CLocaleScope::CLocaleScope() : saved_(std::make_unique<Saved>()) {
+    saved_->c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    if (saved_->c_locale != nullptr) {
+        saved_->previous = uselocale(saved_->c_locale);
+    }
+}
+
+CLocaleScope::~CLocaleScope() {
+    if (saved_->c_locale != nullptr) {
+        uselocale(saved_->previous);
+        freelocale(saved_->c_locale);
+    }
+}
+
+#endif

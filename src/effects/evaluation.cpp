@@ -1,0 +1,155 @@
+#include "effects/evaluation.h"
+
+#include "effects/cliques.h"
+
+namespace {
+
+// Pair table or column that an effect of a group reads, by its row in the catalogue.
+const FloatTable* pair_table(const AttributeTable& table, const Catalogue& catalogue,
+                             AttributeGroup group, int row, std::size_t attribute) {
+    if (group == AttributeGroup::covariate) {
+        return attribute < table.covariates.size() ? &table.covariates[attribute] : nullptr;
+    }
+    if (group != AttributeGroup::continuous || attribute >= table.continuous.size()) {
+        return nullptr;
+    }
+    const ContinuousAttribute& continuous = table.continuous[attribute];
+    // Rows come as sum, difference, product: the undirected three, and twice over in the directed
+    // list from its fifth row on.
+    const int first = catalogue.kind == NetworkKind::directed ? 4 : 0;
+    switch ((row - first + 3) % 3) {
+        case 0:
+            return &continuous.sums;
+        case 1:
+            return &continuous.differences;
+        default:
+            return &continuous.products;
+    }
+}
+
+const CodedAttribute* coded_attribute_of(const AttributeTable& table, AttributeGroup group,
+                                         std::size_t attribute) {
+    const auto& list = group == AttributeGroup::binary ? table.binary : table.categorical;
+    const bool coded = group == AttributeGroup::binary || group == AttributeGroup::categorical;
+    return coded && attribute < list.size() ? &list[attribute] : nullptr;
+}
+
+bool reads_cliques(const Catalogue& catalogue, int id) {
+    return catalogue.kind == NetworkKind::undirected &&
+           ((id >= graph_effect::kClique4 && id <= graph_effect::kClique7) ||
+            id == graph_effect::kAlternatingClique);
+}
+
+void prepare(Graph& graph, int i, int j) { graph_clique_changes(graph, i, j); }
+void prepare(Digraph&, int, int) {}
+
+// Evaluates the effects whose parameter is (or is not) exactly 0.0; the clique enumeration runs
+// once, when the first effect that reads it is met.
+template <bool weighted, class Network>
+double evaluate(Network& network, const ActiveModel<Network>& model, const double* parameters,
+                double* change, int i, int j, int adding) {
+    double sum = 0.0;
+    bool prepared = false;
+    for (const ActiveEffect<Network>& effect : model) {
+        const double parameter = parameters[effect.position];
+        if ((parameter != 0.0) != weighted) {
+            continue;
+        }
+        if (effect.reads_cliques && !prepared) {
+            prepare(network, i, j);
+            prepared = true;
+        }
+        const double value = effect.change(network, effect.data, i, j, adding);
+        change[effect.position] = value;
+        if constexpr (weighted) {
+            sum += parameter * value;
+        }
+    }
+    return sum;
+}
+
+template <class Network>
+void compute_statistics(Network& network, const ActiveModel<Network>& model) {
+    for (const ActiveEffect<Network>& effect : model) {
+        network.statistics[static_cast<std::size_t>(effect.position)] =
+            effect.count(network, effect.data);
+    }
+}
+
+}  // namespace
+
+template <class Network>
+ActiveModel<Network> active_model(const EffectSelection& selection) {
+    const Catalogue& catalogue = *selection.catalogue;
+    const int size = selection_size(selection);
+    ActiveModel<Network> model;
+    for (std::size_t id = 0; id < catalogue.effects.size(); ++id) {
+        const StructuralChoice& choice = selection.structural[id];
+        if (choice.position < 0 || choice.position >= size) {
+            continue;
+        }
+        const auto& functions = functions_of<Network>(catalogue.effects[id]);
+        EffectData data;
+        data.lambda = choice.lambda;
+        data.weights = choice.weights.data();
+        data.powers_a = &choice.powers_a;
+        data.powers_b = &choice.powers_b;
+        model.push_back({functions.change, functions.count, data, choice.position,
+                         reads_cliques(catalogue, static_cast<int>(id))});
+    }
+    for_each_attribute_effect(
+        selection, [&](AttributeGroup group, int row, int attribute, int position) {
+            const auto& functions = functions_of<Network>(
+                group_catalogue(catalogue, group).effects[static_cast<std::size_t>(row)]);
+            const auto index = static_cast<std::size_t>(attribute);
+            EffectData data;
+            data.coded = coded_attribute_of(selection.table, group, index);
+            data.pairs = pair_table(selection.table, catalogue, group, row, index);
+            if (group == AttributeGroup::continuous && index < selection.table.continuous.size()) {
+                data.reals = selection.table.continuous[index].values.data();
+            }
+            model.push_back({functions.change, functions.count, data, position, false});
+        });
+    return model;
+}
+
+template ActiveModel<Graph> active_model<Graph>(const EffectSelection&);
+template ActiveModel<Digraph> active_model<Digraph>(const EffectSelection&);
+
+double evaluate_weighted(Graph& graph, const ActiveModel<Graph>& model, const double* parameters,
+                         double* change, int i, int j, int adding) {
+    return evaluate<true>(graph, model, parameters, change, i, j, adding);
+}
+double evaluate_weighted(Digraph& digraph, const ActiveModel<Digraph>& model,
+                         const double* parameters, double* change, int i, int j, int adding) {
+    return evaluate<true>(digraph, model, parameters, change, i, j, adding);
+}
+
+void evaluate_unweighted(Graph& graph, const ActiveModel<Graph>& model, const double* parameters,
+                         double* change, int i, int j, int adding) {
+    evaluate<false>(graph, model, parameters, change, i, j, adding);
+}
+void evaluate_unweighted(Digraph& digraph, const ActiveModel<Digraph>& model,
+                         const double* parameters, double* change, int i, int j, int adding) {
+    evaluate<false>(digraph, model, parameters, change, i, j, adding);
+}
+
+double graph_evaluate_toggle(Graph& graph, const ActiveModel<Graph>& model,
+                             const double* parameters, double* change, int i, int j, int adding) {
+    const double sum = evaluate_weighted(graph, model, parameters, change, i, j, adding);
+    evaluate_unweighted(graph, model, parameters, change, i, j, adding);
+    return sum;
+}
+double digraph_evaluate_toggle(Digraph& digraph, const ActiveModel<Digraph>& model,
+                               const double* parameters, double* change, int i, int j, int adding) {
+    const double sum = evaluate_weighted(digraph, model, parameters, change, i, j, adding);
+    evaluate_unweighted(digraph, model, parameters, change, i, j, adding);
+    return sum;
+}
+
+void graph_compute_statistics(Graph& graph, const ActiveModel<Graph>& model) {
+    compute_statistics(graph, model);
+}
+void digraph_compute_statistics(Digraph& digraph, const ActiveModel<Digraph>& model) {
+    compute_statistics(digraph, model);
+}

@@ -1,0 +1,13 @@
+#include "effects/geometric_weights.h"
+
+#include <algorithm>
+#include <cmath>
+
+std::vector<float> geometric_weight_table(float lambda, int length) {
+    std::vector<float> table(static_cast<std::size_t>(std::max(length, 0)) + 1, 0.0F);
+    const double base = 1.0 - 1.0 / static_cast<double>(lambda);
+    for (int m = 1; m <= length; ++m) {
+        table[static_cast<std::size_t>(m)] = static_cast<float>(std::pow(base, m));
+    }
+    return table;
+}

@@ -1,0 +1,131 @@
+// Rows of bits, one bit an actor, and the set operations on them.
+//
+// The byte layout is fixed: actor j is bit 7 - (j mod 8) of byte j / 8, most significant bit first.
+// Rows are padded with clear bits to whole 64-bit words, and `row_word` hands a word out in actor
+// order: its most significant bit is the first actor of the word. So a set is walked in ascending
+// actor order by counting leading zeros.
+//
+// ActorSet is a row of such words owned by the caller; a `const std::uint64_t*` below is the first
+// word of a row in MEMORY order (as BitMatrix and ActorSet both store it).
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+inline std::uint64_t actor_order(std::uint64_t memory_word) {
+    if constexpr (std::endian::native == std::endian::little) {
+        return __builtin_bswap64(memory_word);
+    } else {
+        return memory_word;
+    }
+}
+
+inline int words_for(int actors) { return actors > 0 ? (actors + 63) / 64 : 0; }
+
+inline bool row_has(const std::uint64_t* row, int actor) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(row);
+    return ((bytes[actor >> 3] >> (7 - (actor & 7))) & 1) != 0;
+}
+
+inline void row_flip(std::uint64_t* row, int actor) {
+    auto* bytes = reinterpret_cast<unsigned char*>(row);
+    bytes[actor >> 3] = static_cast<unsigned char>(bytes[actor >> 3] ^
+                                                   (1U << static_cast<unsigned>(7 - (actor & 7))));
+}
+
+inline void row_set(std::uint64_t* row, int actor) {
+    if (!row_has(row, actor)) {
+        row_flip(row, actor);
+    }
+}
+
+inline void row_clear(std::uint64_t* row, int actor) {
+    if (row_has(row, actor)) {
+        row_flip(row, actor);
+    }
+}
+
+inline int row_count(const std::uint64_t* row, int words) {
+    int count = 0;
+    for (int word = 0; word < words; ++word) {
+        count += std::popcount(row[word]);
+    }
+    return count;
+}
+
+// Number of actors in both rows.
+inline int row_and_count(const std::uint64_t* a, const std::uint64_t* b, int words) {
+    int count = 0;
+    for (int word = 0; word < words; ++word) {
+        count += std::popcount(a[word] & b[word]);
+    }
+    return count;
+}
+
+// Number of actors in all three rows.
+inline int row_and_count(const std::uint64_t* a, const std::uint64_t* b, const std::uint64_t* c,
+                         int words) {
+    int count = 0;
+    for (int word = 0; word < words; ++word) {
+        count += std::popcount(a[word] & b[word] & c[word]);
+    }
+    return count;
+}
+
+// Calls visit(actor) for each actor of a word in actor order, ascending.
+template <class Visit>
+inline void word_for_each(std::uint64_t ordered_word, int first_actor, Visit visit) {
+    while (ordered_word != 0) {
+        const int lead = std::countl_zero(ordered_word);
+        visit(first_actor + lead);
+        ordered_word &= ~(0x8000000000000000ULL >> static_cast<unsigned>(lead));
+    }
+}
+
+template <class Visit>
+inline void row_for_each(const std::uint64_t* row, int words, Visit visit) {
+    for (int word = 0; word < words; ++word) {
+        word_for_each(actor_order(row[word]), word * 64, visit);
+    }
+}
+
+template <class Visit>
+inline void row_and_for_each(const std::uint64_t* a, const std::uint64_t* b, int words,
+                             Visit visit) {
+    for (int word = 0; word < words; ++word) {
+        word_for_each(actor_order(a[word] & b[word]), word * 64, visit);
+    }
+}
+
+// An owned set of actors with the layout of a bit row.
+struct ActorSet {
+    std::vector<std::uint64_t> words;
+
+    ActorSet() = default;
+    explicit ActorSet(int actors) : words(static_cast<std::size_t>(words_for(actors)), 0) {}
+    const std::uint64_t* row() const { return words.data(); }
+    std::uint64_t* row() { return words.data(); }
+};
+
+// n rows of n bits.
+struct BitMatrix {
+    int actors = 0;
+    int words_per_row = 0;
+    std::vector<std::uint64_t> words;
+
+    BitMatrix() = default;
+    explicit BitMatrix(int n)
+        : actors(n > 0 ? n : 0),
+          words_per_row(words_for(n)),
+          words(static_cast<std::size_t>(actors) * static_cast<std::size_t>(words_per_row), 0) {}
+
+    const std::uint64_t* operator[](int row) const {
+        return words.data() + static_cast<std::ptrdiff_t>(row) * words_per_row;
+    }
+    std::uint64_t* operator[](int row) {
+        return words.data() + static_cast<std::ptrdiff_t>(row) * words_per_row;
+    }
+    bool has(int row, int column) const { return row_has((*this)[row], column); }
+};

@@ -1,0 +1,115 @@
+#include "network/digraph.h"
+
+#include <algorithm>
+
+namespace {
+
+void move_count(std::vector<int>& histogram, int from, int to) {
+    --histogram[static_cast<std::size_t>(from)];
+    ++histogram[static_cast<std::size_t>(to)];
+}
+
+// Everything a toggle of the bit (i, j) moves, `by` being 1 or -1.
+void toggle_arc(Digraph& digraph, int i, int j, int by) {
+    digraph.arcs += by;
+    row_flip(digraph.adjacency[i], j);
+    row_flip(digraph.adjacency_in[j], i);
+    int& sent = digraph.out_degree[static_cast<std::size_t>(i)];
+    int& received = digraph.in_degree[static_cast<std::size_t>(j)];
+    if (digraph_has_arc(digraph, j, i)) {
+        digraph.mutual_dyads += by;
+        digraph.mutual_degree[static_cast<std::size_t>(i)] += by;
+        digraph.mutual_degree[static_cast<std::size_t>(j)] += by;
+    }
+    move_count(digraph.out_degree_distribution, sent, sent + by);
+    move_count(digraph.in_degree_distribution, received, received + by);
+    sent += by;
+    received += by;
+}
+
+void change_cell(CountTable& table, int a, int b, int by) {
+    table[a][b] = static_cast<std::uint16_t>(table[a][b] + by);
+}
+
+}  // namespace
+
+Digraph digraph_create(int vertices, int statistic_count) {
+    const auto actors = static_cast<std::size_t>(std::max(vertices, 0));
+    Digraph digraph;
+    digraph.vertices = vertices;
+    digraph.row_bytes = static_cast<int>((static_cast<std::int64_t>(vertices) + 7) / 8);
+    digraph.adjacency = BitMatrix(vertices);
+    digraph.adjacency_in = BitMatrix(vertices);
+    digraph.geodesics = IntTable(vertices, vertices, 9999);
+    digraph.in_degree.assign(actors, 0);
+    digraph.out_degree.assign(actors, 0);
+    digraph.mutual_degree.assign(actors, 0);
+    digraph.in_degree_distribution.assign(actors, 0);
+    digraph.out_degree_distribution.assign(actors, 0);
+    digraph.geodesic_distribution.assign(actors, 0);
+    digraph.shared_receivers = CountTable(vertices, vertices);
+    digraph.shared_senders = CountTable(vertices, vertices);
+    digraph.two_paths = CountTable(vertices, vertices);
+    digraph.statistics.assign(static_cast<std::size_t>(std::max(statistic_count, 0)), 0.0);
+    digraph.triad_census.assign(16, 0.0);
+    if (actors > 0) {
+        digraph.in_degree_distribution[0] = vertices;
+        digraph.out_degree_distribution[0] = vertices;
+    }
+    return digraph;
+}
+
+void digraph_add_arc(Digraph& digraph, int i, int j) {
+    if (!digraph_has_arc(digraph, i, j)) {
+        toggle_arc(digraph, i, j, 1);
+    }
+}
+
+void digraph_remove_arc(Digraph& digraph, int i, int j) {
+    if (digraph_has_arc(digraph, i, j)) {
+        toggle_arc(digraph, i, j, -1);
+    }
+}
+
+void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding) {
+    const int by = adding == 1 ? 1 : -1;
+    const int words = digraph.adjacency.words_per_row;
+    row_for_each(digraph.adjacency[i], words, [&](int k) {
+        if (k != j) {
+            change_cell(digraph.shared_senders, k, j, by);
+            change_cell(digraph.shared_senders, j, k, by);
+        }
+    });
+    row_for_each(digraph.adjacency_in[j], words, [&](int k) {
+        if (k != i) {
+            change_cell(digraph.shared_receivers, k, i, by);
+            change_cell(digraph.shared_receivers, i, k, by);
+        }
+    });
+    row_for_each(digraph.adjacency_in[i], words, [&](int k) {
+        if (k != j) {
+            change_cell(digraph.two_paths, k, j, by);
+        }
+    });
+    row_for_each(digraph.adjacency[j], words, [&](int k) {
+        if (k != i) {
+            change_cell(digraph.two_paths, i, k, by);
+        }
+    });
+}
+
+void digraph_add_tie(Digraph& digraph, int i, int j) {
+    digraph_add_arc(digraph, i, j);
+    digraph_update_two_paths(digraph, i, j, 1);
+}
+
+void digraph_copy(const Digraph& source, Digraph& target) {
+    const int vertices = target.vertices;
+    target = source;
+    target.vertices = vertices;
+}
+
+double network_density(const Digraph& digraph) {
+    const double n = digraph.vertices;
+    return static_cast<double>(digraph.arcs) / n / (n - 1.0);
+}

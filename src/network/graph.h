@@ -1,0 +1,95 @@
+// One undirected network over a fixed set of actors, with every table that lets a change statistic
+// be computed without rescanning the network.
+//
+// A toggle has two halves, and samplers depend on the gap between them: graph_add_edge and
+// graph_remove_edge change bits, degrees and the degree histogram at once; graph_update_two_paths,
+// called afterwards, brings two-path counts, triangles and their histograms up to date. While a
+// deletion is evaluated the tie is gone from bits and degrees but still counted by those tables; a
+// rejected deletion puts the tie back and has never touched them.
+//
+// Actors are numbered from 0; there are no loops. These functions are the only code that writes the
+// tables, with three exceptions of their own subsystems: descriptive snapshots (report), clique
+// tables and the ET terms (effects), `statistics` (sampling).
+#pragma once
+
+#include <vector>
+
+#include "base/table.h"
+#include "network/bit_rows.h"
+
+struct Graph {
+    int vertices = 0;
+    int edges = 0;
+    // Size of the largest connected component; a snapshot, unset until descriptives are refreshed.
+    unsigned largest_component = 0;
+    // Bytes that hold one row's bits: n / 8 rounded up. Rows are stored padded to whole words.
+    int row_bytes = 0;
+    // Length of the clique tables: 8, 7, 6, 5, 4, or 0 when no clique effect is selected.
+    int clique_depth = 0;
+
+    BitMatrix adjacency;
+    // [a][b] = common neighbours of a and b, symmetric, 0 on the diagonal.
+    IntTable two_paths;
+    // Shortest-path lengths, 9999 without a path, 0 on the diagonal; a snapshot.
+    IntTable geodesics;
+    // [d] = actors of degree d; n entries.
+    std::vector<int> degree_distribution;
+    std::vector<int> degree;
+    // Per-actor terms of the 0ET and ETNT counts, as last counted, and their ratio as last
+    // reported.
+    std::vector<int> et0;
+    std::vector<int> etnt;
+    std::vector<double> etnt_ratio;
+    // [c] = unordered dyads with c common neighbours; n - 1 entries.
+    std::vector<int> two_path_distribution;
+    // Triangles through each actor.
+    std::vector<int> triangles;
+    // [t] = actors with t triangles; (n - 1)(n - 2) / 2 + 1 entries.
+    std::vector<int> triangle_distribution;
+    // Entry d - 1 counts unordered pairs at distance d, the last entry unreachable pairs; a
+    // snapshot.
+    std::vector<int> geodesic_distribution;
+    // Local clustering coefficient of each actor; a snapshot.
+    std::vector<double> clustering;
+    // One entry per selected effect, in model order; carried by the samplers.
+    std::vector<double> statistics;
+    // Entry m = cliques of m + 1 actors in the network (m >= 2), and those that a dyad just
+    // evaluated would complete.
+    std::vector<double> clique_counts;
+    std::vector<double> clique_changes;
+    // Rows of working sets for functions that count inside neighbourhoods, so that a proposal
+    // allocates nothing; what they hold means nothing between two calls. Because of them a Graph
+    // cannot be evaluated by two threads at once.
+    mutable std::vector<std::uint64_t> working_sets;
+};
+
+// Rows that `working_sets` holds.
+constexpr int kWorkingSets = 8;
+
+inline std::uint64_t* graph_working_set(const Graph& graph, int index) {
+    return graph.working_sets.data() +
+           static_cast<std::ptrdiff_t>(index) * graph.adjacency.words_per_row;
+}
+
+// An empty network: every table zero but the histograms' entries 0 (all actors, all dyads) and
+// `geodesics` (9999). Sizes below zero count as zero.
+Graph graph_create(int vertices, int statistic_count, int clique_depth);
+
+inline bool graph_has_edge(const Graph& graph, int i, int j) { return graph.adjacency.has(i, j); }
+
+// First half of a toggle. No-ops on a tie that is there already, or is not there.
+void graph_add_edge(Graph& graph, int i, int j);
+void graph_remove_edge(Graph& graph, int i, int j);
+
+// Second half, after graph_add_edge (adding = 1) or graph_remove_edge (adding = 0) of the same
+// dyad. O(d_i + d_j + n / 64).
+void graph_update_two_paths(Graph& graph, int i, int j, int adding);
+
+// Both halves of an addition.
+void graph_add_tie(Graph& graph, int i, int j);
+
+// Copies everything but `vertices`; both records have the same n.
+void graph_copy(const Graph& source, Graph& target);
+
+// 2 x edges / (n (n - 1)), in double.
+double network_density(const Graph& graph);

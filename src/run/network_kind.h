@@ -1,0 +1,71 @@
+// The verbs that a run sequence needs of a network record, under one name for both records.
+#pragma once
+
+#include <cmath>
+
+#include "base/conversions.h"
+#include "effects/cliques.h"
+#include "effects/evaluation.h"
+#include "estimation/estimator.h"
+#include "fit/goodness_of_fit.h"
+#include "network/network_files.h"
+#include "report/description.h"
+#include "sampling/simulation.h"
+
+template <class Network>
+struct KindOf;
+
+template <>
+struct KindOf<Graph> {
+    static constexpr bool directed = false;
+    static constexpr int first_effect = graph_effect::kEdge;
+
+    static Graph read(const std::string& path, int n, int p, int depth) {
+        return graph_read_matrix(path, n, p, depth);
+    }
+    // Ties of a random start network: n (n - 1) x density in single precision, halved, truncated.
+    static int target_ties(int n, float density) {
+        const auto pairs = static_cast<float>(wrapping_product(n, wrapping_sum(n, -1)));
+        return truncate_to_int(static_cast<double>(pairs * density) * 0.5);
+    }
+    static Graph random(int n, int ties, int p, int depth, RandomSource& random) {
+        return graph_random_with_edges(n, ties, p, depth, random);
+    }
+    static void refresh(Graph& graph) { graph_refresh_descriptives(graph); }
+    static void compute(Graph& graph, const ActiveModel<Graph>& model) {
+        graph_count_cliques(graph);
+        graph_compute_statistics(graph, model);
+    }
+    static void copy(const Graph& from, Graph& to) { graph_copy(from, to); }
+    static constexpr auto simulate = graph_simulation_run;
+    static constexpr auto estimate = estimate_graph;
+    static constexpr auto fit = gof_graph;
+    static constexpr auto bayesian_fit = bayes_gof_graph;
+};
+
+template <>
+struct KindOf<Digraph> {
+    static constexpr bool directed = true;
+    static constexpr int first_effect = digraph_effect::kArc;
+
+    static Digraph read(const std::string& path, int n, int p, int) {
+        return digraph_read_matrix(path, n, p);
+    }
+    // Arcs of a random start network: n (n - 1) x density in single precision, truncated.
+    static int target_ties(int n, float density) {
+        const auto pairs = static_cast<float>(wrapping_product(n, wrapping_sum(n, -1)));
+        return truncate_to_int(static_cast<double>(pairs * density));
+    }
+    static Digraph random(int n, int ties, int p, int, RandomSource& random) {
+        return digraph_random_with_arcs(n, ties, p, random);
+    }
+    static void refresh(Digraph& digraph) { digraph_refresh_descriptives(digraph); }
+    static void compute(Digraph& digraph, const ActiveModel<Digraph>& model) {
+        digraph_compute_statistics(digraph, model);
+    }
+    static void copy(const Digraph& from, Digraph& to) { digraph_copy(from, to); }
+    static constexpr auto simulate = digraph_simulation_run;
+    static constexpr auto estimate = estimate_digraph;
+    static constexpr auto fit = gof_digraph;
+    static constexpr auto bayesian_fit = bayes_gof_digraph;
+};

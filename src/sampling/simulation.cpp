@@ -1,0 +1,107 @@
+#include "sampling/simulation.h"
+
+#include "base/text_writer.h"
+#include "report/description.h"
+
+namespace {
+
+struct SimulationTexts {
+    const char* parameter_head;  // one integer: the actors
+    const char* proposed;        // two numbers: proposals, interval
+    const char* accept_head;
+    const char* accepted;  // one number
+};
+
+constexpr SimulationTexts kGraphTexts = {
+    "Simulation started for graph with %d vertices\nParameter Values:\n",
+    "Proposed %.0f graphs.\nSamples are picked up at 1 per %.0f graphs.\n",
+    "Acceptance Rate (non-Digraph)\n",
+    "Accepted %.0f proposed graphs.",
+};
+constexpr SimulationTexts kDigraphTexts = {
+    "Simulation result for digraph with %d of vertices.\nParameter Values of:\n",
+    "Proposed %.0lf digraphs.\nSamples are picked up at 1 per %.0f digraphs.\n",
+    "Acceptance Rate(Digraph)\n",
+    "Accepted %.0f proposed digraphs.",
+};
+
+template <class Network>
+void write_heads(const Chain<Network>& chain, const RunSetting& setting,
+                 const SimulationTexts& texts, double iterations, double sample_interval) {
+    {
+        TextWriter out = writer_replace(setting.paths.parameter);
+        out.print(texts.parameter_head, chain.network.vertices);
+        for (const OutputRow& row : output_rows(setting.selection, Output::parameter)) {
+            out.text(row.label + "\t");
+            out.number(row.format, chain.parameters[row.position]);
+            out.text("\n");
+        }
+        out.print(texts.proposed, iterations, sample_interval);
+    }
+    write_sample_head(setting.selection, setting.paths.simulation);
+    writer_replace(setting.paths.accept).text(texts.accept_head);
+    write_distribution_heads(chain.network, setting.switches, setting.paths);
+}
+
+void refresh_for_sample(Graph& graph, const OutputSwitches& switches) {
+    if (switches.geodesic_distribution || switches.cluster_giant || switches.sample_graphs) {
+        graph_refresh_descriptives(graph);
+    }
+}
+void refresh_for_sample(Digraph& digraph, const OutputSwitches& switches) {
+    if (switches.geodesic_distribution || switches.sample_graphs) {
+        digraph_refresh_descriptives(digraph);
+    }
+}
+
+template <class Network>
+void write_sample(Chain<Network>& chain, const RunSetting& setting, double point) {
+    Network& network = chain.network;
+    TextWriter(setting.console).print("%.0f\t", point);
+    recount_uncarried(network, setting.selection);
+    write_sample_row(setting.selection, network.statistics, point, setting.paths.simulation);
+    refresh_for_sample(network, setting.switches);
+    write_distribution_rows(network, setting.selection, setting.switches, setting.paths);
+}
+
+template <class Network>
+void simulation_run(Chain<Network>& chain, const RunSetting& setting, const SimulationTexts& texts,
+                    double iterations, double sample_interval) {
+    random_reseed(chain.random);
+    write_heads(chain, setting, texts, iterations, sample_interval);
+    progress_start(setting.progress, RunStage::simulation, iterations);
+    double total = 0.0;
+    double accepted = 0.0;
+    double sample_point = sample_interval;
+    for (double counter = 1.0; counter < iterations + 1.0; counter += 1.0) {
+        accepted += chain_step(chain);
+        progress_work(setting.progress, counter);
+        if (counter != sample_point) {
+            continue;
+        }
+        write_sample(chain, setting, sample_point);
+        writer_append(setting.paths.accept)
+            .print("%8.0f\t%8.4f\n", sample_point, accepted / sample_interval);
+        total += accepted;
+        accepted = 0.0;
+        if (setting.switches.sample_graphs) {
+            write_sample_graph(chain.network, setting.selection, sample_point, setting.paths);
+        }
+        sample_point += sample_interval;
+    }
+    TextWriter(setting.console).print("Accepted %.0f changes.\n", total);
+    writer_append(setting.paths.parameter).print(texts.accepted, total);
+    writer_append(setting.paths.accept).print(texts.accepted, total);
+}
+
+}  // namespace
+
+void graph_simulation_run(Chain<Graph>& chain, const RunSetting& setting, double iterations,
+                          double sample_interval) {
+    simulation_run(chain, setting, kGraphTexts, iterations, sample_interval);
+}
+
+void digraph_simulation_run(Chain<Digraph>& chain, const RunSetting& setting, double iterations,
+                            double sample_interval) {
+    simulation_run(chain, setting, kDigraphTexts, iterations, sample_interval);
+}
