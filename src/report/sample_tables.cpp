@@ -153,8 +153,8 @@ void write_distribution_heads(const Digraph& digraph, const OutputSwitches& swit
         write_geodesic_head(digraph.vertices, paths.geodesic_distribution);
     }
     if (switches.cluster_giant) {
-        // Each of the last four heads begins with the character BEL instead of a tab and its "a".
-        writer_append(paths.cluster_giant).text("cto\tcti\tctm\tccm\akct\akcd\akcu\akcc\n");
+        // The sixth head begins with the character BEL instead of a tab and its first letter.
+        writer_append(paths.cluster_giant).text("cto\tcti\tctm\tccm\takct\akcd\takcu\takcc\n");
     }
 }
 
