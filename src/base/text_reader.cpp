@@ -96,6 +96,12 @@ bool reader_cell(TextReader& reader, int& target) {
     return reader.opened() && std::fscanf(reader.file.get(), "%d", &target) == 1;
 }
 
+void ReadSequence::note_failure() {
+    const long place = reader_offset(reader_);
+    stuck_ = place == failed_at_ || place < 0;
+    failed_at_ = place;
+}
+
 #ifdef _WIN32
 
 struct CLocaleScope::Saved {

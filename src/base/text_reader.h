@@ -55,6 +55,28 @@ bool reader_double(TextReader& reader, double& target);
 // One integer without the white space behind it.
 bool reader_cell(TextReader& reader, int& target);
 
+// Knows when a sequence of like reads can never succeed again: two failures in a row at one place.
+// A file that is missing, short or unreadable then costs one look per remaining cell, not one scan.
+class ReadSequence {
+  public:
+    explicit ReadSequence(TextReader& reader) : reader_(reader) {}
+
+    // Reads one cell by `read` (reader_int, reader_cell, ..); the target stays when it fails.
+    template <class Value>
+    void next(bool (*read)(TextReader&, Value&), Value& target) {
+        if (!stuck_ && !read(reader_, target)) {
+            note_failure();
+        }
+    }
+
+  private:
+    void note_failure();
+
+    TextReader& reader_;
+    long failed_at_ = -2;
+    bool stuck_ = false;
+};
+
 // Holds the calling thread's locale at "C" while it lives, so that the host's locale has no
 // influence on what is read or written.
 class CLocaleScope {

@@ -38,9 +38,10 @@ template <class Value, class Read>
 std::vector<std::vector<Value>> read_values(TextReader& reader, int actors, int count, Read read) {
     std::vector<std::vector<Value>> columns(size_of(count),
                                             std::vector<Value>(size_of(actors), Value()));
+    ReadSequence cells(reader);
     for (int actor = 0; actor < actors; ++actor) {
         for (auto& column : columns) {
-            read(reader, column[static_cast<std::size_t>(actor)]);
+            cells.next<Value>(read, column[static_cast<std::size_t>(actor)]);
         }
     }
     return columns;
@@ -129,9 +130,10 @@ void read_covariates(AttributeTable& table, int actors, int count, const std::st
         }
         echo.text(name + "\n");
         FloatTable values(actors, actors);
+        ReadSequence cells(reader);
         for (int i = 0; i < actors; ++i) {
             for (int j = 0; j < actors; ++j) {
-                reader_float(reader, values[i][j]);
+                cells.next(reader_float, values[i][j]);
             }
         }
         table.covariate_names.push_back(std::move(name));

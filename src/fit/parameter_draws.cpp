@@ -7,8 +7,9 @@
 Matrix read_matrix_tab(const std::string& path, int m) {
     Matrix matrix = matrix_create(m, m, 0.0);
     TextReader reader = reader_open(path);
+    ReadSequence cells(reader);
     for (double& cell : matrix.cells) {
-        reader_double(reader, cell);
+        cells.next(reader_double, cell);
     }
     return matrix;
 }

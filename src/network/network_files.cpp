@@ -14,10 +14,11 @@ constexpr int kPatience = 1000000;
 template <class Visit>
 void for_each_cell(const std::string& path, int vertices, Visit visit) {
     TextReader reader = reader_open(path);
+    ReadSequence cells(reader);
     int value = 0;
     for (int i = 0; i < vertices; ++i) {
         for (int j = 0; j < vertices; ++j) {
-            reader_cell(reader, value);
+            cells.next(reader_cell, value);
             visit(i, j, value);
         }
     }
