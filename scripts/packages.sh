@@ -1,0 +1,46 @@
+# Sourced by demo.sh and test.sh: installs Debian packages that are missing.
+
+# Each argument is PROBE=PACKAGE or PROBE?PACKAGE. A probe is a command, or the absolute path of a
+# file, that shows that the package (or something as good) is there already. A package behind "?" is
+# left out when the package lists do not know it.
+#
+# All that is missing is installed by one apt-get call, which is announced first. Where the package
+# lists are empty they are fetched as part of the same step.
+install_missing() {
+    local entry probe package missing=() wanted=() as_root=()
+    for entry in "$@"; do
+        probe=${entry%%[=?]*}
+        if ! command -v "$probe" >/dev/null 2>&1 && ! [ -e "$probe" ]; then
+            missing+=("$entry")
+        fi
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return 0
+    fi
+    if ! command -v apt-get >/dev/null 2>&1; then
+        echo "Missing here: ${missing[*]##*[=?]}"
+        echo "This is no Debian system, so please install what these packages hold and start again."
+        return 1
+    fi
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=(sudo)
+    fi
+    if [ -z "$(find /var/lib/apt/lists -maxdepth 1 -name '*_Packages*' 2>/dev/null | head -n 1)" ]; then
+        echo "The package lists are empty: ${as_root[*]} apt-get update"
+        "${as_root[@]}" apt-get update -q
+    fi
+    for entry in "${missing[@]}"; do
+        package=${entry##*[=?]}
+        if [[ $entry == *=* ]] || apt-cache show "$package" >/dev/null 2>&1; then
+            wanted+=("$package")
+        else
+            echo "The package lists do not know $package: going on without it."
+        fi
+    done
+    if [ ${#wanted[@]} -eq 0 ]; then
+        return 0
+    fi
+    echo "Installing what is missing: ${as_root[*]} apt-get install ${wanted[*]}"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${wanted[@]}"
+}
