@@ -16,7 +16,7 @@ bool is_space(int character) {
 }  // namespace
 
 TextReader reader_open(const std::string& path) {
-    return TextReader{FileHandle(std::fopen(path.c_str(), "r"))};
+    return TextReader{open_file(path, "r")};
 }
 
 long reader_offset(TextReader& reader) {

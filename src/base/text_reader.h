@@ -7,18 +7,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <string>
 
-struct FileCloser {
-    void operator()(std::FILE* file) const {
-        if (file != nullptr) {
-            std::fclose(file);
-        }
-    }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+#include "base/open_file.h"
 
 struct TextReader {
     FileHandle file;

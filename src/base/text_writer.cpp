@@ -39,11 +39,11 @@ void TextWriter::cells(std::span<const int> values) {
 }
 
 TextWriter writer_append(const std::string& path) {
-    return TextWriter(FileHandle(std::fopen(path.c_str(), "a")));
+    return TextWriter(open_file(path, "a"));
 }
 
 TextWriter writer_replace(const std::string& path) {
-    return TextWriter(FileHandle(std::fopen(path.c_str(), "w")));
+    return TextWriter(open_file(path, "w"));
 }
 
 std::string text_with_name(const char* text, const std::string& name) {

@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-#include "base/text_reader.h"
+#include "base/open_file.h"
 
 class TextWriter {
   public:
