@@ -1,18 +1,19 @@
 #include "effects/binary_attributes.h"
 
-namespace {
+#include "effects/graph_walk.h"
 
-int words_of(const Graph& graph) { return graph.adjacency.words_per_row; }
+namespace {
 
 double value_of(const EffectData& data, int actor) {
     return data.coded->values[static_cast<std::size_t>(actor)];
 }
+// A whole number without the sign of a zero, which a product with a negative value may have.
+double whole(double value) { return value + 0.0; }
+
 bool has_one(const EffectData& data, int actor) { return row_has(data.coded->ones.row(), actor); }
 bool has_nonzero(const EffectData& data, int actor) {
     return row_has(data.coded->nonzero.row(), actor);
 }
-
-double pairs_of(double count) { return count < 2.0 ? 0.0 : count * (count - 1.0) / 2.0; }
 
 // Sum of the values over a row without one actor: the ones are counted by words, only other values
 // are looked up.
@@ -40,33 +41,6 @@ double nonzero_neighbours(const Graph& graph, const EffectData& data, int of, in
     const int count =
         row_and_count(graph.adjacency[of], data.coded->nonzero.row(), words_of(graph));
     return graph_has_edge(graph, of, without) && has_nonzero(data, without) ? count - 1 : count;
-}
-
-template <class Visit>
-void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], words_of(graph), visit);
-}
-
-template <class Visit>
-void for_each_tie(const Graph& graph, Visit visit) {
-    for (int i = 0; i < graph.vertices; ++i) {
-        row_for_each(graph.adjacency[i], words_of(graph), [&](int j) {
-            if (i < j) {
-                visit(i, j);
-            }
-        });
-    }
-}
-
-template <class Visit>
-void for_each_triangle(const Graph& graph, Visit visit) {
-    for_each_tie(graph, [&](int i, int j) {
-        for_each_common(graph, i, j, [&](int k) {
-            if (j < k) {
-                visit(i, j, k);
-            }
-        });
-    });
 }
 
 // Neighbours of an actor whose value is exactly 1.
@@ -160,8 +134,8 @@ double binary_o3u_count(Graph& graph, const EffectData& data) {
 double binary_o2au_change(const Graph& graph, const EffectData& data, int i, int j, int) {
     const double ai = value_of(data, i);
     const double aj = value_of(data, j);
-    return ai * aj * (neighbours(graph, i, j) + neighbours(graph, j, i)) +
-           aj * value_sum(graph, data, j, i) + ai * value_sum(graph, data, i, j);
+    return whole(ai * aj * (neighbours(graph, i, j) + neighbours(graph, j, i)) +
+                 aj * value_sum(graph, data, j, i) + ai * value_sum(graph, data, i, j));
 }
 double binary_o2au_count(Graph& graph, const EffectData& data) {
     return leaf_sum(graph, data, [&data](int q) { return has_nonzero(data, q); });
@@ -170,8 +144,8 @@ double binary_o2au_count(Graph& graph, const EffectData& data) {
 // Two-paths whose both leaves bear the attribute. The change multiplies values, the count asks for
 // the value 1.
 double binary_o2bu_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    return value_of(data, i) * value_sum(graph, data, j, i) +
-           value_of(data, j) * value_sum(graph, data, i, j);
+    return whole(value_of(data, i) * value_sum(graph, data, j, i) +
+                 value_of(data, j) * value_sum(graph, data, i, j));
 }
 double binary_o2bu_count(Graph& graph, const EffectData& data) {
     double sum = 0.0;
@@ -184,8 +158,8 @@ double binary_o2bu_count(Graph& graph, const EffectData& data) {
 // Two-paths whose centre bears the attribute. The change multiplies by the value, the count asks
 // for the value 1.
 double binary_o1au_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    return value_of(data, j) * neighbours(graph, j, i) +
-           value_of(data, i) * neighbours(graph, i, j);
+    return whole(value_of(data, j) * neighbours(graph, j, i) +
+                 value_of(data, i) * neighbours(graph, i, j));
 }
 double binary_o1au_count(Graph& graph, const EffectData& data) {
     double sum = 0.0;
@@ -199,9 +173,9 @@ double binary_o1au_count(Graph& graph, const EffectData& data) {
 
 // Leaves of two-paths that bear the attribute.
 double binary_o1bu_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    return value_of(data, j) * neighbours(graph, i, j) +
-           value_of(data, i) * neighbours(graph, j, i) + value_sum(graph, data, i, j) +
-           value_sum(graph, data, j, i);
+    return whole(value_of(data, j) * neighbours(graph, i, j) +
+                 value_of(data, i) * neighbours(graph, j, i) + value_sum(graph, data, i, j) +
+                 value_sum(graph, data, j, i));
 }
 double binary_o1bu_count(Graph& graph, const EffectData& data) {
     return leaf_sum(graph, data, [](int) { return true; });
@@ -210,7 +184,7 @@ double binary_o1bu_count(Graph& graph, const EffectData& data) {
 // Ties between bearers. The change is the product of the values, the count 1 for each tie of two
 // nonzero ones.
 double binary_interaction_change(const Graph&, const EffectData& data, int i, int j, int) {
-    return value_of(data, i) * value_of(data, j);
+    return whole(value_of(data, i) * value_of(data, j));
 }
 double binary_interaction_count(Graph& graph, const EffectData& data) {
     double count = 0.0;

@@ -1,51 +1,12 @@
 #include "effects/covariates.h"
 
-namespace {
+#include "effects/graph_walk.h"
 
-int words_of(const Graph& graph) { return graph.adjacency.words_per_row; }
+namespace {
 
 float value(const EffectData& data, int x, int y) { return (*data.pairs)[x][y]; }
 
 double widened(float single) { return static_cast<double>(single); }
-
-template <class Visit>
-void for_each_neighbour(const Graph& graph, int of, int without, Visit visit) {
-    row_for_each(graph.adjacency[of], words_of(graph), [&](int k) {
-        if (k != without) {
-            visit(k);
-        }
-    });
-}
-
-template <class Visit>
-void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], words_of(graph), visit);
-}
-
-template <class Visit>
-void for_each_tie(const Graph& graph, Visit visit) {
-    for (int i = 0; i < graph.vertices; ++i) {
-        row_for_each(graph.adjacency[i], words_of(graph), [&](int j) {
-            if (i < j) {
-                visit(i, j);
-            }
-        });
-    }
-}
-
-// Calls visit(k) for each actor k tied to i or j, ascending, with the two tests.
-template <class Visit>
-void for_each_near(const Graph& graph, int i, int j, Visit visit) {
-    const std::uint64_t* row_i = graph.adjacency[i];
-    const std::uint64_t* row_j = graph.adjacency[j];
-    for (int word = 0; word < words_of(graph); ++word) {
-        word_for_each(actor_order(row_i[word] | row_j[word]), word * 64, [&](int k) {
-            if (k != i && k != j) {
-                visit(k, row_has(row_i, k), row_has(row_j, k));
-            }
-        });
-    }
-}
 
 }  // namespace
 

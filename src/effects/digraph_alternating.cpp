@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "effects/digraph_walk.h"
 #include "effects/geometric_weights.h"
 
 namespace {
@@ -9,10 +10,6 @@ namespace {
 int cell(const std::vector<int>& counts, int actor) {
     return counts[static_cast<std::size_t>(actor)];
 }
-int in_of(const Digraph& digraph, int actor) { return cell(digraph.in_degree, actor); }
-int out_of(const Digraph& digraph, int actor) { return cell(digraph.out_degree, actor); }
-int mutual_of(const Digraph& digraph, int actor) { return cell(digraph.mutual_degree, actor); }
-
 double squared(float lambda) { return static_cast<double>(lambda * lambda); }
 
 double star_change(const EffectData& data, int degree) {
@@ -89,19 +86,6 @@ double base_term(const EffectData& data, int base) {
         return base > 0 ? 1.0 : 0.0;
     }
     return static_cast<double>(data.lambda) * (1.0 - geometric_weight(base, data.weights));
-}
-
-// Visits the union of two rows in ascending order: visit(k, in_a, in_b), i and j left out.
-template <class Visit>
-void for_each_of_two(const Digraph& digraph, const std::uint64_t* a, const std::uint64_t* b, int i,
-                     int j, Visit visit) {
-    for (int word = 0; word < digraph.adjacency.words_per_row; ++word) {
-        word_for_each(actor_order(a[word] | b[word]), word * 64, [&](int k) {
-            if (k != i && k != j) {
-                visit(k, row_has(a, k), row_has(b, k));
-            }
-        });
-    }
 }
 
 // Sum over k ascending of term 1 where k is in both rows of the first pair, then term 2 where it is

@@ -1,13 +1,8 @@
 #include "effects/digraph_stars.h"
 
+#include "effects/digraph_walk.h"
+
 namespace {
-
-int cell(const std::vector<int>& counts, int actor) {
-    return counts[static_cast<std::size_t>(actor)];
-}
-
-int in_of(const Digraph& digraph, int actor) { return cell(digraph.in_degree, actor); }
-int out_of(const Digraph& digraph, int actor) { return cell(digraph.out_degree, actor); }
 
 // C(d, k) in double precision; 0.0 when k exceeds d.
 double choose(int d, int k) {
@@ -100,7 +95,7 @@ double digraph_path2_count(Digraph& digraph, const EffectData&) {
     double sum = 0.0;
     for (int actor = 0; actor < digraph.vertices; ++actor) {
         sum += static_cast<double>(in_of(digraph, actor)) * out_of(digraph, actor) -
-               cell(digraph.mutual_degree, actor);
+               mutual_of(digraph, actor);
     }
     return sum;
 }

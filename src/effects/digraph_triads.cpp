@@ -1,5 +1,7 @@
 #include "effects/digraph_triads.h"
 
+#include "effects/digraph_walk.h"
+
 namespace {
 
 // The four bit rows at the dyad (i, j), with the arc i to j absent. The only bits of i and j that
@@ -34,10 +36,6 @@ int all_four(const Around& near) {
                                near.to_j[word]);
     }
     return count;
-}
-
-int cell(const std::vector<int>& counts, int actor) {
-    return counts[static_cast<std::size_t>(actor)];
 }
 
 template <class Term>
@@ -145,32 +143,32 @@ double digraph_t6_count(Digraph& digraph, const EffectData&) {
 
 // T7 (111D): a mutual dyad and a third actor that sends to one of its actors.
 double digraph_t7_change(const Digraph& digraph, const EffectData&, int i, int j, int) {
-    const int partners = cell(digraph.mutual_degree, j);
+    const int partners = mutual_of(digraph, j);
     if (!digraph_has_arc(digraph, j, i)) {
         return partners;
     }
-    return partners + cell(digraph.in_degree, i) - 1 + cell(digraph.in_degree, j);
+    return partners + in_of(digraph, i) - 1 + in_of(digraph, j);
 }
 double digraph_t7_count(Digraph& digraph, const EffectData&) {
     double sum = 0.0;
     for (int actor = 0; actor < digraph.vertices; ++actor) {
-        sum += cell(digraph.mutual_degree, actor) * (cell(digraph.in_degree, actor) - 1.0);
+        sum += mutual_of(digraph, actor) * (in_of(digraph, actor) - 1.0);
     }
     return sum;
 }
 
 // T8 (111U): a mutual dyad and a third actor that one of its actors sends to.
 double digraph_t8_change(const Digraph& digraph, const EffectData&, int i, int j, int) {
-    const int partners = cell(digraph.mutual_degree, i);
+    const int partners = mutual_of(digraph, i);
     if (!digraph_has_arc(digraph, j, i)) {
         return partners;
     }
-    return partners + cell(digraph.out_degree, j) - 1 + cell(digraph.out_degree, i);
+    return partners + out_of(digraph, j) - 1 + out_of(digraph, i);
 }
 double digraph_t8_count(Digraph& digraph, const EffectData&) {
     double sum = 0.0;
     for (int actor = 0; actor < digraph.vertices; ++actor) {
-        sum += cell(digraph.mutual_degree, actor) * (cell(digraph.out_degree, actor) - 1.0);
+        sum += mutual_of(digraph, actor) * (out_of(digraph, actor) - 1.0);
     }
     return sum;
 }

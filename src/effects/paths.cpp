@@ -1,14 +1,9 @@
 #include "effects/paths.h"
 
+#include "effects/graph_walk.h"
 #include "effects/triangles.h"
 
-namespace {
-
-double degree_of(const Graph& graph, int actor) {
-    return graph.degree[static_cast<std::size_t>(actor)];
-}
-
-}  // namespace
+namespace {}  // namespace
 
 // Three ties in a row. The change makes no correction for common neighbours, where a walk closes
 // into a triangle: it exceeds the difference of the counts by three for each, so the carried value
@@ -57,8 +52,7 @@ double cycle4_count(Graph& graph, const EffectData&) {
     double twice = 0.0;
     for (int p = 0; p < graph.vertices; ++p) {
         for (int q = p + 1; q < graph.vertices; ++q) {
-            const double paths = graph.two_paths[p][q];
-            twice += paths * (paths - 1.0) / 2.0;
+            twice += pairs_of(graph.two_paths[p][q]);
         }
     }
     return twice / 2.0;

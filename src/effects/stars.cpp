@@ -2,12 +2,9 @@
 
 #include "base/conversions.h"
 #include "effects/geometric_weights.h"
+#include "effects/graph_walk.h"
 
 namespace {
-
-int degree_of(const Graph& graph, int actor) {
-    return graph.degree[static_cast<std::size_t>(actor)];
-}
 
 double both_ends(const Graph& graph, int i, int j, int k) {
     return star_change(graph, i, k) + star_change(graph, j, k);

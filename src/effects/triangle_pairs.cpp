@@ -4,13 +4,12 @@
 #include <cstdint>
 #include <initializer_list>
 
+#include "effects/graph_walk.h"
 #include "effects/triangles.h"
 
 namespace {
 
 using Row = const std::uint64_t*;
-
-int words_of(const Graph& graph) { return graph.adjacency.words_per_row; }
 
 void copy_row(const Graph& graph, Row from, std::uint64_t* to) {
     for (int word = 0; word < words_of(graph); ++word) {
@@ -68,35 +67,12 @@ void everyone_but(const Graph& graph, std::uint64_t* set, std::initializer_list<
     clear_actors(set, actors);
 }
 
-template <class Visit>
-void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], words_of(graph), visit);
-}
-
 // Triangles through x that avoid two other actors.
 double triangles_at(const Graph& graph, int x, int avoid_a, int avoid_b) {
     std::uint64_t* around = graph_working_set(graph, 0);
     copy_row(graph, graph.adjacency[x], around);
     clear_actors(around, {avoid_a, avoid_b});
     return ties_inside(graph, around);
-}
-
-double pairs_of(double count) { return count * (count - 1.0) / 2.0; }
-
-// Visits each triangle p < q < r of the network.
-template <class Visit>
-void for_each_triangle(const Graph& graph, Visit visit) {
-    for (int p = 0; p < graph.vertices; ++p) {
-        row_for_each(graph.adjacency[p], words_of(graph), [&](int q) {
-            if (q > p) {
-                for_each_common(graph, p, q, [&](int r) {
-                    if (r > q) {
-                        visit(p, q, r);
-                    }
-                });
-            }
-        });
-    }
 }
 
 struct DisjointTriangles {

@@ -3,21 +3,9 @@
 #include <cmath>
 
 #include "effects/geometric_weights.h"
+#include "effects/graph_walk.h"
 
 namespace {
-
-int degree_of(const Graph& graph, int actor) {
-    return graph.degree[static_cast<std::size_t>(actor)];
-}
-
-int triangles_of(const Graph& graph, int actor) {
-    return graph.triangles[static_cast<std::size_t>(actor)];
-}
-
-template <class Visit>
-void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], graph.adjacency.words_per_row, visit);
-}
 
 // Triangles of an end without the tie under evaluation: a deleted tie is still in the table.
 double triangles_without(const Graph& graph, int actor, int common, int adding) {

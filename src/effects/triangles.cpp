@@ -1,29 +1,9 @@
 #include "effects/triangles.h"
 
 #include "effects/geometric_weights.h"
+#include "effects/graph_walk.h"
 
-namespace {
-
-// Calls visit(k) for each common neighbour of i and j, ascending. The diagonal is clear, so neither
-// i nor j is among them.
-template <class Visit>
-void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], graph.adjacency.words_per_row, visit);
-}
-
-// Calls visit(p, q) for each tie p < q in row order.
-template <class Visit>
-void for_each_tie(const Graph& graph, Visit visit) {
-    for (int p = 0; p < graph.vertices; ++p) {
-        row_for_each(graph.adjacency[p], graph.adjacency.words_per_row, [&](int q) {
-            if (p < q) {
-                visit(p, q);
-            }
-        });
-    }
-}
-
-}  // namespace
+namespace {}  // namespace
 
 double graph_triangle_count(const Graph& graph) {
     double sum = 0.0;
@@ -42,8 +22,7 @@ double triangle_count(Graph& graph, const EffectData&) { return graph_triangle_c
 // Two triangles that share a tie. The new tie is the shared one of each pair of its triangles, and
 // each new triangle joins those already standing on its two other ties.
 double triangle2_change(const Graph& graph, const EffectData&, int i, int j, int adding) {
-    const double common = graph.two_paths[i][j];
-    double change = common * (common - 1.0) / 2.0;
+    double change = pairs_of(graph.two_paths[i][j]);
     for_each_common(graph, i, j, [&](int k) {
         change += graph.two_paths[j][k] + graph.two_paths[i][k] + 2 * adding - 2;
     });
@@ -51,10 +30,7 @@ double triangle2_change(const Graph& graph, const EffectData&, int i, int j, int
 }
 double triangle2_count(Graph& graph, const EffectData&) {
     double sum = 0.0;
-    for_each_tie(graph, [&](int p, int q) {
-        const double common = graph.two_paths[p][q];
-        sum += common * (common - 1.0) / 2.0;
-    });
+    for_each_tie(graph, [&](int p, int q) { sum += pairs_of(graph.two_paths[p][q]); });
     return sum;
 }
 

@@ -8,6 +8,7 @@
 #include "effects/digraph_stars.h"
 #include "effects/digraph_triads.h"
 #include "effects/geometric_weights.h"
+#include "effects/graph_walk.h"
 #include "effects/triangles.h"
 
 namespace {
@@ -81,8 +82,6 @@ void refresh_distribution(const IntTable& geodesics, bool both, std::vector<int>
         }
     }
 }
-
-double pairs_of(double count) { return count * (count - 1.0) / 2.0; }
 
 double ratio_or_zero(double numerator, double denominator) {
     return denominator == 0.0 ? 0.0 : numerator / denominator;
