@@ -60,16 +60,27 @@ struct NumberFormats {
 
 OutputText output_text(const Labels& labels, const NumberFormats& formats, Output output);
 
-struct StructuralEffect {
-    // Label in update files; also names the effect's row of the setup file.
-    const char* row;
+struct EffectTraits {
+    // Belongs to the full model of a fit.
+    bool full_model = false;
     // Has a lambda: its setup row holds one more number.
     bool alternating = false;
     // Keeps a table of geometric weights.
     bool weighted = false;
-    // Belongs to the full model of a fit, and the lambda it gets there when it has 0.0.
-    bool full_model = false;
+    // The lambda that the full model gives it when it has 0.0.
     float full_model_lambda = kDefaultLambda;
+};
+constexpr EffectTraits kFull = {.full_model = true};
+constexpr EffectTraits kOutside = {.full_model = false};
+constexpr EffectTraits kLambda = {.full_model = true, .alternating = true, .weighted = true};
+constexpr EffectTraits kLambdaOne = {
+    .full_model = true, .alternating = true, .weighted = true, .full_model_lambda = 1.0F};
+constexpr EffectTraits kPlainLambda = {.full_model = true, .alternating = true};
+
+struct StructuralEffect {
+    // Label in update files; also names the effect's row of the setup file.
+    const char* row;
+    EffectTraits traits;
     Labels labels;
     NumberFormats formats;
     EffectFunctions<Graph> graph = {};

@@ -24,7 +24,7 @@ PowerTable power_table(float base, int size) {
 }
 
 void build_tables(StructuralChoice& choice, const StructuralEffect& effect, int actors) {
-    if (effect.weighted) {
+    if (effect.traits.weighted) {
         choice.weights = geometric_weight_table(choice.lambda, kWeightTableLength);
     }
     if (effect.graph.change == alternating_et_each_change) {
@@ -159,13 +159,13 @@ void assign_full_model(EffectSelection& selection) {
     int count = 0;
     for (const int id : catalogue.setup_order) {
         const StructuralEffect& effect = catalogue.effects[static_cast<std::size_t>(id)];
-        if (!effect.full_model) {
+        if (!effect.traits.full_model) {
             continue;
         }
         StructuralChoice& choice = choice_of(selection, id);
         choice.position = count++;
-        if (effect.alternating && choice.lambda == 0.0F) {
-            choice.lambda = effect.full_model_lambda;
+        if (effect.traits.alternating && choice.lambda == 0.0F) {
+            choice.lambda = effect.traits.full_model_lambda;
         }
     }
     selection.structural_count = count + catalogue.full_model_surplus;
@@ -191,7 +191,7 @@ std::vector<OutputRow> output_rows(const EffectSelection& selection, Output outp
         const StructuralChoice& choice = choice_of(selection, id);
         const OutputText text = output_text(effect.labels, effect.formats, output);
         if (choice.position >= 0 && text.label != nullptr) {
-            rows.push_back({effect.alternating ? text_with_lambda(text.label, choice.lambda)
+            rows.push_back({effect.traits.alternating ? text_with_lambda(text.label, choice.lambda)
                                                : std::string(text.label),
                             text.format, choice.position, id, AttributeGroup::binary, -1});
         }

@@ -121,7 +121,7 @@ void read_structural(SetupReader& reader, EffectSelection& selection) {
         int flag = 0;
         reader.label();
         if (reader.integer(name + " flag", flag) && reader.real(name + " value", choice.value) &&
-            effect.alternating) {
+            effect.traits.alternating) {
             reader.single(name + " lambda", choice.lambda);
         }
         if (flag == 1) {
