@@ -1,0 +1,43 @@
+GET DATA  /TYPE = TXT
+/FILE = 'out/simulation_net.txt'
+/DELCASE = LINE
+/DELIMITERS = "\t"
+/ARRANGEMENT = DELIMITED
+/FIRSTCASE = 2
+/IMPORTCASE = ALL
+/VARIABLES =
+id F5.0
+arc F8.0
+recip F8.0
+mix2star F8.0
+kinstar F8.4
+tktri F8.4
+.
+CACHE.
+EXECUTE.
+
+GRAPH
+/Histogram=arc.
+GRAPH
+/SCATTERPLOT(BIVAR)=id WITH arc
+/MISSING=LISTWISE.
+GRAPH
+/Histogram=recip.
+GRAPH
+/SCATTERPLOT(BIVAR)=id WITH recip
+/MISSING=LISTWISE.
+GRAPH
+/Histogram=mix2star.
+GRAPH
+/SCATTERPLOT(BIVAR)=id WITH mix2star
+/MISSING=LISTWISE.
+GRAPH
+/Histogram=kinstar.
+GRAPH
+/SCATTERPLOT(BIVAR)=id WITH kinstar
+/MISSING=LISTWISE.
+GRAPH
+/Histogram=tktri.
+GRAPH
+/SCATTERPLOT(BIVAR)=id WITH tktri
+/MISSING=LISTWISE.
