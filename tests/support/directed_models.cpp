@@ -1,7 +1,5 @@
 #include "support/directed_models.h"
 
-#include <gtest/gtest.h>
-
 using reference::Stage;
 
 DirectedStructuralModel::DirectedStructuralModel(float lambda)
