@@ -1,0 +1,211 @@
+// The directed record: its tables under toggles, against tables counted from the matrix.
+#include "network/digraph.h"
+
+#include <gtest/gtest.h>
+
+#include "reference/descriptives.h"
+#include "support/random_digraphs.h"
+
+using reference::PlainDigraph;
+
+namespace {
+
+void expect_table(const CountTable& table, const reference::IntTable& expected, const char* name) {
+    for (int a = 0; a < static_cast<int>(expected.size()); ++a) {
+        for (int b = 0; b < static_cast<int>(expected.size()); ++b) {
+            EXPECT_EQ(table[a][b], reference::cell(expected, a, b)) << name << " " << a << " " << b;
+        }
+    }
+}
+
+// Bits, degrees and histograms: what changes with the first half of a toggle.
+void expect_first_half(const Digraph& digraph, const PlainDigraph& plain) {
+    EXPECT_EQ(digraph.vertices, plain.n);
+    EXPECT_EQ(digraph.arcs, reference::arc_count(plain));
+    EXPECT_EQ(digraph.mutual_dyads, reference::mutual_dyad_count(plain));
+    for (int a = 0; a < plain.n; ++a) {
+        EXPECT_EQ(reference::item(digraph.in_degree, a), reference::in_degree(plain, a));
+        EXPECT_EQ(reference::item(digraph.out_degree, a), reference::out_degree(plain, a));
+        EXPECT_EQ(reference::item(digraph.mutual_degree, a), reference::mutual_degree(plain, a));
+        for (int b = 0; b < plain.n; ++b) {
+            EXPECT_EQ(digraph_has_arc(digraph, a, b), reference::has_arc(plain, a, b));
+            EXPECT_EQ(digraph.adjacency_in.has(b, a), reference::has_arc(plain, a, b));
+        }
+    }
+    EXPECT_EQ(digraph.in_degree_distribution, reference::in_degree_distribution(plain));
+    EXPECT_EQ(digraph.out_degree_distribution, reference::out_degree_distribution(plain));
+}
+
+void expect_second_half(const Digraph& digraph, const PlainDigraph& plain) {
+    expect_table(digraph.two_paths, reference::two_path_table(plain), "two_paths");
+    expect_table(digraph.shared_receivers, reference::shared_receiver_table(plain),
+                 "shared_receivers");
+    expect_table(digraph.shared_senders, reference::shared_sender_table(plain), "shared_senders");
+}
+
+TEST(DigraphRecord, ANewOneIsEmpty) {
+    const Digraph digraph = digraph_create(9, 3);
+    EXPECT_EQ(digraph.arcs, 0);
+    EXPECT_EQ(digraph.mutual_dyads, 0);
+    EXPECT_EQ(digraph.row_bytes, 2);
+    EXPECT_EQ(digraph.in_degree_distribution, (std::vector<int>{9, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(digraph.out_degree_distribution, (std::vector<int>{9, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(digraph.statistics, (std::vector<double>{0, 0, 0}));
+    EXPECT_EQ(digraph.triad_census, std::vector<double>(16, 0.0));
+    for (const int cell : digraph.geodesics.cells) {
+        EXPECT_EQ(cell, 9999);
+    }
+    expect_first_half(digraph, reference::empty_digraph(9));
+    expect_second_half(digraph, reference::empty_digraph(9));
+}
+
+TEST(DigraphRecord, SizesBelowOneMakeARecordWithoutActors) {
+    for (const int n : {0, -3}) {
+        const Digraph digraph = digraph_create(n, -1);
+        EXPECT_TRUE(digraph.in_degree.empty());
+        EXPECT_TRUE(digraph.statistics.empty());
+        EXPECT_EQ(digraph.triad_census.size(), 16U);
+    }
+}
+
+TEST(DigraphRecord, AnArcIsOneBitMostSignificantFirst) {
+    Digraph digraph = digraph_create(17, 0);
+    digraph_add_tie(digraph, 3, 0);
+    digraph_add_tie(digraph, 3, 7);
+    digraph_add_tie(digraph, 3, 8);
+    digraph_add_tie(digraph, 3, 16);
+    const auto* bytes = reinterpret_cast<const unsigned char*>(digraph.adjacency[3]);
+    EXPECT_EQ(bytes[0], 0x81);
+    EXPECT_EQ(bytes[1], 0x80);
+    EXPECT_EQ(bytes[2], 0x80);
+}
+
+TEST(DigraphRecord, ArcsBothWaysAreAMutualDyad) {
+    Digraph digraph = digraph_create(4, 0);
+    digraph_add_tie(digraph, 1, 2);
+    EXPECT_EQ(digraph.mutual_dyads, 0);
+    digraph_add_tie(digraph, 2, 1);
+    EXPECT_EQ(digraph.mutual_dyads, 1);
+    EXPECT_EQ(digraph.arcs, 2);
+    EXPECT_EQ(digraph.mutual_degree, (std::vector<int>{0, 1, 1, 0}));
+}
+
+TEST(DigraphRecord, RemovingOneOfTwoArcsEndsTheMutualDyad) {
+    Digraph digraph = digraph_create(4, 0);
+    digraph_add_tie(digraph, 1, 2);
+    digraph_add_tie(digraph, 2, 1);
+    digraph_remove_arc(digraph, 1, 2);
+    digraph_update_two_paths(digraph, 1, 2, 0);
+    EXPECT_EQ(digraph.mutual_dyads, 0);
+    EXPECT_EQ(digraph.arcs, 1);
+    EXPECT_EQ(digraph.mutual_degree, (std::vector<int>{0, 0, 0, 0}));
+    EXPECT_TRUE(digraph_has_arc(digraph, 2, 1));
+}
+
+TEST(DigraphRecord, APathOfTwoCountsInItsDirectionOnly) {
+    Digraph digraph = digraph_create(3, 0);
+    digraph_add_tie(digraph, 0, 1);
+    digraph_add_tie(digraph, 1, 2);
+    EXPECT_EQ(digraph.two_paths[0][2], 1);
+    EXPECT_EQ(digraph.two_paths[2][0], 0);
+}
+
+TEST(DigraphRecord, TwoSendersOfOneActorShareAReceiver) {
+    Digraph digraph = digraph_create(3, 0);
+    digraph_add_tie(digraph, 0, 1);
+    digraph_add_tie(digraph, 2, 1);
+    EXPECT_EQ(digraph.shared_receivers[0][2], 1);
+    EXPECT_EQ(digraph.shared_receivers[2][0], 1);
+    EXPECT_EQ(digraph.shared_senders[0][2], 0);
+}
+
+TEST(DigraphRecord, AddingAnArcThatIsThereAndRemovingOneThatIsNotChangeNothing) {
+    const PlainDigraph plain = reference::make_digraph(5, {{0, 1}, {1, 0}, {3, 4}});
+    Digraph digraph = engine_digraph(plain);
+    digraph_add_arc(digraph, 0, 1);
+    digraph_remove_arc(digraph, 4, 3);
+    expect_first_half(digraph, plain);
+    expect_second_half(digraph, plain);
+}
+
+TEST(DigraphRecord, TheFirstHalfOfAToggleLeavesTheTwoPathTablesBehind) {
+    const PlainDigraph plain = reference::make_digraph(4, {{0, 1}, {1, 2}, {3, 1}});
+    Digraph digraph = engine_digraph(plain);
+    digraph_remove_arc(digraph, 0, 1);
+    expect_first_half(digraph, reference::without_arc(plain, 0, 1));
+    expect_second_half(digraph, plain);
+    digraph_add_arc(digraph, 0, 1);
+    expect_first_half(digraph, plain);
+    expect_second_half(digraph, plain);
+}
+
+TEST(DigraphRecord, TablesFollowRandomTogglesToEverySize) {
+    std::mt19937 random(601);
+    for (const int n : {2, 3, 5, 8, 11, 65}) {
+        PlainDigraph plain = random_digraph(n, 0.3, random);
+        Digraph digraph = engine_digraph(plain);
+        expect_second_half(digraph, plain);
+        for (int step = 0; step < 60; ++step) {
+            const int i = static_cast<int>(random() % static_cast<unsigned>(n));
+            const int j = static_cast<int>(random() % static_cast<unsigned>(n));
+            if (i == j) {
+                continue;
+            }
+            const bool there = reference::has_arc(plain, i, j);
+            plain = there ? reference::without_arc(plain, i, j) : reference::with_arc(plain, i, j);
+            if (there) {
+                digraph_remove_arc(digraph, i, j);
+            } else {
+                digraph_add_arc(digraph, i, j);
+            }
+            digraph_update_two_paths(digraph, i, j, there ? 0 : 1);
+        }
+        expect_first_half(digraph, plain);
+        expect_second_half(digraph, plain);
+    }
+}
+
+TEST(DigraphRecord, AToggleBackRestoresEveryTable) {
+    for (const PlainDigraph& plain : random_digraphs(2, 7, 602)) {
+        Digraph digraph = engine_digraph(plain);
+        for_each_ordered_pair(plain.n, [&](int i, int j) {
+            const bool there = reference::has_arc(plain, i, j);
+            for (const bool remove : {there, !there}) {
+                if (remove) {
+                    digraph_remove_arc(digraph, i, j);
+                } else {
+                    digraph_add_arc(digraph, i, j);
+                }
+                digraph_update_two_paths(digraph, i, j, remove ? 0 : 1);
+            }
+        });
+        expect_first_half(digraph, plain);
+        expect_second_half(digraph, plain);
+    }
+}
+
+TEST(DigraphRecord, ACopyTakesEverythingButTheNumberOfActors) {
+    const PlainDigraph plain = reference::make_digraph(4, {{0, 1}, {1, 0}, {2, 3}});
+    Digraph source = engine_digraph(plain, 2);
+    source.statistics = {1.5, -2.0};
+    source.geodesics[0][3] = 7;
+    source.triad_census[4] = 9.0;
+    Digraph target = digraph_create(4, 2);
+    digraph_copy(source, target);
+    expect_first_half(target, plain);
+    expect_second_half(target, plain);
+    EXPECT_EQ(target.statistics, source.statistics);
+    EXPECT_EQ(target.geodesics[0][3], 7);
+    EXPECT_EQ(target.triad_census[4], 9.0);
+    digraph_remove_arc(target, 0, 1);
+    EXPECT_TRUE(digraph_has_arc(source, 0, 1));
+}
+
+TEST(DigraphRecord, DensityIsTheShareOfOrderedPairs) {
+    EXPECT_EQ(network_density(engine_digraph(reference::make_digraph(4, {{0, 1}, {1, 0}, {2, 3}}))),
+              0.25);
+    EXPECT_EQ(network_density(engine_digraph(reference::complete_digraph(5))), 1.0);
+    EXPECT_EQ(network_density(digraph_create(5, 0)), 0.0);
+}
+
+}  // namespace
