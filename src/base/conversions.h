@@ -2,13 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
 // The value truncated towards zero; a value that no 32-bit integer holds (not a number, an infinite
-// or a huge quotient) gives the smallest integer, which every caller reads as "none".
+// or a huge quotient) gives 0, which every caller reads as "none".
 inline int truncate_to_int(double value) {
     if (!(value > -2147483649.0 && value < 2147483648.0)) {
-        return std::numeric_limits<int>::min();
+        return 0;
     }
     return static_cast<int>(value);
 }
