@@ -22,7 +22,7 @@ TEST(OpenFile, SurrogatesOfAJavaMachineAreTheCharacterTheyStandFor) {
 }
 
 TEST(OpenFile, BytesThatAreNoPairOfSurrogatesStay) {
-    for (const std::string path :
+    for (const std::string& path :
          {std::string("plain.txt"), std::string("n\xC3\xA4 me"), kSmile,
           std::string("\xED\xA0\xBD"), std::string("\xED\xB8\x80\xED\xA0\xBD"),
           std::string("\xED\xA0\xBD\xED\xB8"), std::string("\xFF\xFE"), std::string()}) {
@@ -31,7 +31,7 @@ TEST(OpenFile, BytesThatAreNoPairOfSurrogatesStay) {
 }
 
 TEST(OpenFile, BytesThatAreNotUtf8GiveNoUtf16) {
-    for (const std::string path :
+    for (const std::string& path :
          {std::string("\xE4"), std::string("a\x80"), std::string("\xC3"), std::string("\xC1\x81"),
           std::string("\xE0\x80\x80"), std::string("\xF8\x88\x80\x80\x80"),
           std::string("\xF4\x90\x80\x80"), std::string("a\0b", 3)}) {
