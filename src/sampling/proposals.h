@@ -1,0 +1,179 @@
+// Which dyads a step proposes: the draws of every proposal kind and what makes a draw eligible.
+//
+// The order of the draws is an interface, since at the same clock a run must give the same files. A
+// draw loop that fails a million times looks the whole network over; when no proposal is eligible
+// the chain is stuck for good, as only proposals could change it, and the step ends.
+#pragma once
+
+#include <utility>
+
+#include "sampling/chain.h"
+
+// Draws that may fail in a row before it is checked whether any proposal is eligible at all.
+constexpr int kProposalPatience = 1000000;
+
+inline bool has_tie(const Graph& graph, int i, int j) { return graph_has_edge(graph, i, j); }
+inline bool has_tie(const Digraph& digraph, int i, int j) { return digraph_has_arc(digraph, i, j); }
+
+template <class Network>
+bool is_free(const Network* free_dyads, int i, int j) {
+    return free_dyads == nullptr || has_tie(*free_dyads, i, j);
+}
+
+struct Dyad {
+    int i = 0;
+    int j = 0;
+};
+
+struct FreeDyads {
+    bool tied = false;
+    bool untied = false;
+};
+
+// Whether a tied and an untied dyad may be proposed. O(n^2); only after kProposalPatience failures.
+template <class Network>
+FreeDyads scan_dyads(const Chain<Network>& chain) {
+    FreeDyads found;
+    for (int i = 0; i < chain.network.vertices; ++i) {
+        for (int j = 0; j < chain.network.vertices; ++j) {
+            if (i != j && is_free(chain.free_dyads, i, j)) {
+                (has_tie(chain.network, i, j) ? found.tied : found.untied) = true;
+            }
+        }
+    }
+    return found;
+}
+
+// Whether some actor can swap one of its arcs for another: an actor with two arcs, one of them to a
+// free dyad, and a free dyad without one.
+inline bool scan_sender_swaps(const Chain<Digraph>& chain) {
+    const Digraph& digraph = chain.network;
+    for (int i = 0; i < digraph.vertices; ++i) {
+        FreeDyads found;
+        for (int j = 0; j < digraph.vertices; ++j) {
+            if (i != j && is_free(chain.free_dyads, i, j)) {
+                (digraph_has_arc(digraph, i, j) ? found.tied : found.untied) = true;
+            }
+        }
+        if (digraph.out_degree[static_cast<std::size_t>(i)] >= 2 && found.tied && found.untied) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Draws the dyad of a single toggle. False when none is eligible.
+template <class Network>
+bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
+    const int n = chain.network.vertices;
+    if (n < 2) {
+        chain.stuck = true;
+        return false;
+    }
+    RandomSource& random = chain.random;
+    dyad.i = random_below(random, n);
+    if (chain.free_dyads == nullptr) {
+        do {
+            dyad.j = random_below(random, n);
+        } while (dyad.j == dyad.i);
+        return true;
+    }
+    dyad.j = dyad.i;
+    for (int failures = 0; dyad.i == dyad.j || !has_tie(*chain.free_dyads, dyad.i, dyad.j);) {
+        if (++failures > kProposalPatience) {
+            const FreeDyads found = scan_dyads(chain);
+            if (!found.tied && !found.untied) {
+                chain.stuck = true;
+                return false;
+            }
+            failures = 0;
+        }
+        dyad.i = random_below(random, n);
+        dyad.j = random_below(random, n);
+    }
+    return true;
+}
+
+// Draws two dyads of different state, the tied one first. False when there are none.
+template <class Network>
+bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
+    const int n = chain.network.vertices;
+    RandomSource& random = chain.random;
+    tied = {};
+    empty = {};
+    const auto eligible = [&] {
+        return tied.i != tied.j && empty.i != empty.j &&
+               has_tie(chain.network, tied.i, tied.j) != has_tie(chain.network, empty.i, empty.j) &&
+               is_free(chain.free_dyads, tied.i, tied.j) &&
+               is_free(chain.free_dyads, empty.i, empty.j);
+    };
+    for (int failures = 0; !eligible();) {
+        if (++failures > kProposalPatience) {
+            const FreeDyads found = scan_dyads(chain);
+            if (!found.tied || !found.untied) {
+                chain.stuck = true;
+                return false;
+            }
+            failures = 0;
+        }
+        if (chain.free_dyads != nullptr) {
+            tied.j = random_below(random, n);
+            empty.j = random_below(random, n);
+            tied.i = random_below(random, n);
+            empty.i = random_below(random, n);
+        } else {
+            tied.i = random_below(random, n);
+            empty.i = random_below(random, n);
+            tied.j = random_below(random, n);
+            empty.j = random_below(random, n);
+        }
+    }
+    if (!has_tie(chain.network, tied.i, tied.j)) {
+        std::swap(tied, empty);
+    }
+    return true;
+}
+
+// Draws an actor with two arcs or more and two others, an arc going to just one of them; that one
+// is the first. False when there is no such actor.
+inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
+    const Digraph& digraph = chain.network;
+    const int n = digraph.vertices;
+    if (n < 2) {
+        chain.stuck = true;
+        return false;
+    }
+    RandomSource& random = chain.random;
+    int i = random_below(random, n);
+    int j = i;
+    int k = i;
+    const auto eligible = [&] {
+        return digraph.out_degree[static_cast<std::size_t>(i)] >= 2 && i != j && i != k && j != k &&
+               digraph_has_arc(digraph, i, j) != digraph_has_arc(digraph, i, k) &&
+               is_free(chain.free_dyads, i, j) && is_free(chain.free_dyads, i, k);
+    };
+    for (int failures = 0; !eligible();) {
+        if (++failures > kProposalPatience) {
+            if (!scan_sender_swaps(chain)) {
+                chain.stuck = true;
+                return false;
+            }
+            failures = 0;
+        }
+        if (chain.free_dyads != nullptr) {
+            j = random_below(random, n);
+            i = random_below(random, n);
+            k = random_below(random, n);
+        } else {
+            i = random_below(random, n);
+            j = random_below(random, n);
+            k = random_below(random, n);
+        }
+    }
+    tied = {i, j};
+    empty = {i, k};
+    if (!digraph_has_arc(digraph, i, j)) {
+        std::swap(tied, empty);
+    }
+    return true;
+}
