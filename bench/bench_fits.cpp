@@ -1,0 +1,49 @@
+// What a whole fit costs: the full model at 100 actors with three parameters at work, 1,000,000
+// proposals and 1,000 samples, report and distances included.
+#include "bench_models.h"
+#include "fit/goodness_of_fit.h"
+
+namespace {
+
+constexpr int kActors = 100;
+constexpr double kProposals = 1000000.0;
+constexpr double kInterval = 1000.0;
+
+template <class Network>
+void measure(benchmark::State& state, EffectSelection selection,
+             void (*fit)(Chain<Network>&, Network&, const RunSetting&, double, double)) {
+    assign_full_model(selection);
+    const BenchModel<Network> model(std::move(selection));
+    const OutputPaths paths = discarded_outputs();
+    RunProgress progress;
+    const RunSetting setting{model.selection, paths, {}, nullptr, progress};
+    for (auto iteration : state) {
+        (void)iteration;
+        Network network = start_network<Network>(kActors, model.selection);
+        Network observed = network;
+        RandomSource random = seeded_random();
+        Chain<Network> chain{network, model.active, model.parameters.data(), random};
+        chain_prepare(chain);
+        fit(chain, observed, setting, kProposals, kInterval);
+        state.counters["checksum"] = checksum(network);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::RegisterBenchmark("undirected_fit",
+                                 [](benchmark::State& state) {
+                                     measure<Graph>(state, small_graph_model(kActors), gof_graph);
+                                 })
+        ->Unit(benchmark::kSecond)
+        ->Iterations(1);
+    benchmark::RegisterBenchmark("directed_fit",
+                                 [](benchmark::State& state) {
+                                     measure<Digraph>(state, small_digraph_model(kActors),
+                                                      gof_digraph);
+                                 })
+        ->Unit(benchmark::kSecond)
+        ->Iterations(1);
+    return run_benchmarks(argc, argv);
+}
