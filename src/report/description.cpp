@@ -123,8 +123,10 @@ void digraph_count_triads(Digraph& digraph) {
     const double mixed_stars = digraph_path2_count(digraph, none);
     const double with_mutual = wrapping_product(wrapping_sum(n, -2), digraph.mutual_dyads);
     const double with_arc = wrapping_product(wrapping_sum(n, -2), digraph.arcs);
-    const double all =
+    // Truncated towards zero, like every quotient of integers in the files.
+    const int triples =
         wrapping_product(wrapping_product(n, wrapping_sum(n, -1)), wrapping_sum(n, -2)) / 6;
+    const double all = triples;
     const double t300 = digraph_t1_count(digraph, none);
     const double t210 = digraph_t2_count(digraph, none) - 6.0 * t300;
     const double t120c = digraph_t3_count(digraph, none) - 2.0 * t210 - 6.0 * t300;
