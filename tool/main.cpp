@@ -1,25 +1,41 @@
-#include <cstdlib>
-#include <cstring>
-#include <string>
+#include <cstdio>
+#include <exception>
 
-#include "run/run.h"
+#include "arguments.h"
+#include "commands.h"
+#include "help.h"
+#include "host_arguments.h"
+
+namespace {
+
+int obey(const Arguments& arguments) {
+    if (!arguments.mistake.empty()) {
+        std::fprintf(stderr, "ovri: %s\nTry 'ovri help'.\n", arguments.mistake.c_str());
+        return kNotUnderstood;
+    }
+    switch (arguments.command) {
+        case Command::run:
+            return run_command(arguments);
+        case Command::check:
+            return check_command(arguments);
+        case Command::version:
+            print_version(stdout);
+            return kDone;
+        case Command::help:
+            break;
+    }
+    print_help(arguments.help_topic, stdout);
+    return kDone;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-    HostOptions options;
-    options.path_separator = '/';
-    options.updates_beside_outputs = true;
-    std::string setup;
-    for (int a = 2; a < argc; ++a) {
-        const std::string word = argv[a];
-        if (word == "--clock" && a + 1 < argc) {
-            const long long seconds = std::strtoll(argv[++a], nullptr, 10);
-            options.clock_seconds = [seconds] { return seconds; };
-        } else if (word == "--output" && a + 1 < argc) {
-            options.output_directory = argv[++a];
-        } else if (word[0] != '-') {
-            setup = word;
-        }
+    try {
+        HostArguments words(argc, argv);
+        return obey(parse_arguments(words.count(), words.values()));
+    } catch (const std::exception&) {
+        std::fprintf(stderr, "ovri: memory ran out\n");
+        return kNotCompleted;
     }
-    run_setup_file(setup, options);
-    return 0;
 }
