@@ -19,8 +19,9 @@ cmake --build build --parallel "$(nproc)" --target ovri_tool ovri_library
 output=results/demo-$(date +%Y%m%d-%H%M%S)
 mkdir -p "$output"
 step "Estimation: who married whom in Renaissance Florence (16 families, 20 ties)"
-echo "build/ovri run examples/florentine/florentine.setup --output $output"
-build/ovri run examples/florentine/florentine.setup --output "$output"
+command=(build/ovri run examples/florentine/florentine.setup --seed 2 --output "$output")
+echo "${command[*]}"
+"${command[@]}" --quiet
 
 step "Result (from $output/estimation_florentine.txt)"
 # Each run of the estimation that ended wrote one table; the last one counts.
@@ -45,7 +46,9 @@ describe() {
         *) echo "" ;;
     esac
 }
+echo "In $output:"
 for file in "$output"/*; do
-    printf '%-60s %s\n' "$file" "$(describe "$(basename "$file")")"
+    name=$(basename "$file")
+    printf '  %-36s %s\n' "$name" "$(describe "$name")"
 done
 printf '\nThe tool is build/ovri (try "build/ovri help"), the library build/libovri.so.\n'
