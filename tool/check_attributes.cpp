@@ -3,6 +3,7 @@
 
 #include "checks.h"
 #include "files.h"
+#include "numbers.h"
 
 namespace {
 
@@ -127,45 +128,42 @@ std::string odd_line_text(const Subject& subject) {
                            counted(count_words(line_of_file(subject.path, line)), "value");
 }
 
-// Reads the values as a run does; false when they break off.
-bool read_values(const Subject& subject, TextReader& reader, std::vector<double>& values,
-                 Breakoff& end) {
+// Reads the values as a run does.
+NumberBlock<double> read_values(const Subject& subject, TextReader& reader) {
     const long long wanted = static_cast<long long>(subject.actors) * subject.count;
-    while (static_cast<long long>(values.size()) < wanted) {
-        int whole = 0;
-        float real = 0.0F;
-        const bool continuous = subject.kind.group == AttributeGroup::continuous;
-        if (!(continuous ? reader_float(reader, real) : reader_int(reader, whole))) {
-            end = break_off(reader, subject.path, static_cast<long long>(values.size()));
-            return false;
-        }
-        values.push_back(continuous ? static_cast<double>(real) : whole);
+    if (subject.kind.group == AttributeGroup::continuous) {
+        const auto block = read_numbers<float>(reader, subject.path, wanted, reader_float);
+        return {{block.values.begin(), block.values.end()}, block.end, block.begin};
     }
-    return true;
+    const auto block = read_numbers<int>(reader, subject.path, wanted, reader_int);
+    return {{block.values.begin(), block.values.end()}, block.end, block.begin};
 }
 
 void report_break(const Subject& subject, const Breakoff& end, Findings& findings) {
-    const long long wanted = static_cast<long long>(subject.actors) * subject.count;
+    const Where where = subject.where(end.place.line);
     if (end.at_end) {
         add_error(
-            findings, subject.where(end.line),
-            "the end of the file after " + counted(end.read, "value") + odd_line_text(subject),
+            findings, where,
+            "the end of the file after " + counted(end.index, "value") + odd_line_text(subject),
             subject.shape(),
-            "write the missing " + counted(wanted - end.read, "value") +
+            "write the missing " + counted(end.unread, "value") +
                 ", or correct the counts in the setup file");
         return;
     }
+    const std::string& word = end.place.word;
     std::string mend = "write a number there; 9999 stands for a missing value";
-    if (!end.word.empty() && (end.word[0] == '.' || end.word[0] == ',')) {
+    if (!word.empty() && (word[0] == '.' || word[0] == ',')) {
         mend = subject.kind.group == AttributeGroup::continuous
                    ? "write a decimal point, and blanks between values"
                    : "write whole numbers, with blanks between them";
     }
-    add_error(findings, subject.where(end.line),
-              quoted(end.word) + " where value " + std::to_string(end.read % subject.count + 1) +
-                  " of actor " + std::to_string(end.read / subject.count + 1) +
-                  " is read; this and the " + counted(wanted - end.read - 1, "value") +
-                  " behind it stay 0",
+    const std::string what = end.unread > 1 ? "this and " + counted(end.unread - 1, "more value") +
+                                                  " cannot be read and stay 0"
+                                            : std::string("it cannot be read and stays 0");
+    add_error(findings, where,
+              quoted(word) + " where value " + std::to_string(end.index % subject.count + 1) +
+                  " of actor " + std::to_string(end.index / subject.count + 1) + " is read; " +
+                  what,
               subject.kind.expected, mend);
 }
 
@@ -231,14 +229,13 @@ void check_values_file(const Subject& subject, Findings& findings) {
     check_names(subject, names, findings);
     TextReader reader = reader_open(subject.path);
     reader_line(reader);
-    std::vector<double> values;
-    Breakoff end;
-    if (!read_values(subject, reader, values, end)) {
-        report_break(subject, end, findings);
+    const NumberBlock<double> block = read_values(subject, reader);
+    if (!block.complete()) {
+        report_break(subject, block.end, findings);
         return;
     }
-    check_values(subject, values, findings);
-    check_variation(subject, names, values, findings);
+    check_values(subject, block.values, findings);
+    check_variation(subject, names, block.values, findings);
     if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(subject.path, reader_offset(reader));
         add_warning(findings, subject.where(place.line),

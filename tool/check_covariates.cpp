@@ -3,6 +3,7 @@
 
 #include "checks.h"
 #include "files.h"
+#include "numbers.h"
 
 namespace {
 
@@ -12,23 +13,15 @@ std::string times(int n) { return std::to_string(n) + " x " + std::to_string(n);
 struct CovariateScan {
     std::string name;
     int name_line = 0;
-    Breakoff end;
-    std::vector<float> values;
+    NumberBlock<float> block;
 };
 
 CovariateScan scan_covariate(TextReader& reader, const std::string& path, int actors) {
     CovariateScan scan;
     scan.name_line = place_in_file(path, reader_offset(reader)).line;
     scan.name = reader_line(reader);
-    const auto wanted = static_cast<std::size_t>(actors) * static_cast<std::size_t>(actors);
-    float value = 0.0F;
-    while (scan.values.size() < wanted && reader_float(reader, value)) {
-        scan.values.push_back(value);
-    }
-    scan.end.complete = scan.values.size() == wanted;
-    if (!scan.end.complete) {
-        scan.end = break_off(reader, path, static_cast<long long>(scan.values.size()));
-    }
+    scan.block =
+        read_numbers<float>(reader, path, static_cast<long long>(actors) * actors, reader_float);
     return scan;
 }
 
@@ -47,22 +40,25 @@ struct Subject {
 void report_break(const Subject& subject, const CovariateScan& scan, Findings& findings) {
     const long long n = subject.actors;
     const std::string expected = "a line with the name, then " + times(subject.actors) + " values";
-    const Breakoff& end = scan.end;
+    const Breakoff& end = scan.block.end;
+    const Where where = subject.where(end.place.line);
     if (end.at_end) {
         add_error(
-            findings, subject.where(end.line),
-            "the end of the file after " + counted(end.read, "value") + " of " + quoted(scan.name),
+            findings, where,
+            "the end of the file after " + counted(end.index, "value") + " of " + quoted(scan.name),
             expected,
-            "write the missing values, or correct the covariate count and the actor "
-            "count in the setup file");
+            "write the missing values, or correct the covariate count and the actor count in "
+            "the setup file");
         return;
     }
-    const bool next_name = subject.number < subject.count && end.read % n == 0;
-    add_error(findings, subject.where(end.line),
-              quoted(end.word) + " after " + counted(end.read, "value") + " of " +
-                  quoted(scan.name) + "; nothing behind it can be read",
+    const bool next_name = subject.number < subject.count && end.index % n == 0;
+    const std::string what = end.unread > 1 ? "; nothing behind it can be read as meant"
+                                            : "; it cannot be read and stays 0";
+    add_error(findings, where,
+              quoted(end.place.word) + " after " + counted(end.index, "value") + " of " +
+                  quoted(scan.name) + what,
               expected,
-              next_name ? "write the missing " + counted(n - end.read / n, "row") +
+              next_name ? "write the missing " + counted(n - end.index / n, "row") +
                               ", if this is the name of the next covariate"
                         : "write a number there, with a decimal point and blanks between values");
 }
@@ -96,7 +92,7 @@ void check_values(const Subject& subject, const CovariateScan& scan, Findings& f
     long long uneven = 0;
     for (std::size_t i = 0; i < n; ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            uneven += scan.values[i * n + j] != scan.values[j * n + i] ? 1 : 0;
+            uneven += scan.block.values[i * n + j] != scan.block.values[j * n + i] ? 1 : 0;
         }
     }
     const Where where = subject.where(scan.name_line);
@@ -109,7 +105,7 @@ void check_values(const Subject& subject, const CovariateScan& scan, Findings& f
             "make the values of a pair equal: which of the two is used changes from "
             "proposal to proposal");
     }
-    if (std::any_of(scan.values.begin(), scan.values.end(),
+    if (std::any_of(scan.block.values.begin(), scan.block.values.end(),
                     [](float value) { return !std::isfinite(value); })) {
         add_warning(findings, where, "values of " + quoted(scan.name) + " that are not finite",
                     "numbers", "correct them; they are used as they stand");
@@ -138,7 +134,7 @@ void check_covariate_file(const SetupView& view, const AttributeSelection& chose
             return;
         }
         check_repeats(subject, names, scan.name_line, findings);
-        if (!scan.end.complete) {
+        if (!scan.block.complete()) {
             report_break(subject, scan, findings);
             return;
         }
@@ -215,27 +211,23 @@ void check_covariance(const SetupView& view, Findings& findings) {
         return;
     }
     TextReader reader = reader_open(path);
-    std::vector<double> values;
-    double value = 0.0;
-    const auto wanted = static_cast<std::size_t>(size) * static_cast<std::size_t>(size);
-    while (values.size() < wanted && reader_double(reader, value)) {
-        values.push_back(value);
-    }
+    const long long wanted = static_cast<long long>(size) * size;
+    const NumberBlock<double> block = read_numbers<double>(reader, path, wanted, reader_double);
     const char* mend =
         "use the covariance file that an estimation of the same model wrote, or select the "
         "effects that this file was made for";
-    if (values.size() < wanted) {
-        const Breakoff end = break_off(reader, path, static_cast<long long>(values.size()));
-        add_error(findings, {path, end.line, "covariance file"},
-                  (end.at_end ? "the end of the file" : quoted(end.word)) + " after " +
-                      counted(end.read, "number"),
+    if (!block.complete()) {
+        const Breakoff& end = block.end;
+        add_error(findings, {path, end.place.line, "covariance file"},
+                  (end.at_end ? "the end of the file" : quoted(end.place.word)) + " after " +
+                      counted(end.index, "number"),
                   expected, mend);
         return;
     }
-    check_covariance_values(values, size, {path, 0, "covariance file"}, findings);
+    check_covariance_values(block.values, size, {path, 0, "covariance file"}, findings);
     if (const long long surplus = count_surplus(reader); surplus > 0) {
-        add_error(findings, {path, 0, "covariance file"},
-                  counted(static_cast<long long>(wanted) + surplus, "number"), expected, mend);
+        add_error(findings, {path, 0, "covariance file"}, counted(wanted + surplus, "number"),
+                  expected, mend);
     } else if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(path, reader_offset(reader));
         add_warning(findings, {path, place.line, "covariance file"},

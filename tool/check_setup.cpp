@@ -3,6 +3,7 @@
 #include "checks.h"
 #include "files.h"
 #include "misread.h"
+#include "row_order.h"
 
 namespace {
 
@@ -33,12 +34,15 @@ bool check_text_file(const SetupView& view, Findings& findings) {
 }
 
 void check_impossible_count(const SetupView& view, Findings& findings) {
-    if (!view.impossible_count || view.trace.items.empty()) {
+    const std::vector<SetupItem>& items = view.trace.items;
+    const auto last = std::find_if(items.rbegin(), items.rend(), [](const SetupItem& item) {
+        return item.field.ends_with(" count");
+    });
+    if (!view.impossible_count || last == items.rend()) {
         return;
     }
-    const SetupItem& item = view.trace.items.back();
-    add_error(findings, where_item(view, item),
-              "the count " + quoted(word_at(view, item.value_offset)) +
+    add_error(findings, where_item(view, *last),
+              "the count " + quoted(word_at(view, last->value_offset)) +
                   ", more than the file has characters",
               "one group of rows for each of them",
               "write the true count, or the rows that belong to it");
@@ -125,7 +129,7 @@ std::string trailing_word(const SetupView& view) {
 }
 
 // A label like "Phase 3 steps" reads as a value: nothing fails, but all that follows is moved.
-void check_crowded(const SetupView& view, Findings& findings) {
+void check_crowded(SetupView& view, Findings& findings) {
     const std::vector<std::size_t> crowded = crowded_items(view);
     // Many such lines are the habit of whoever wrote the file, not a slip.
     if (crowded.empty() || crowded.size() > view.trusted / 4) {
@@ -143,6 +147,7 @@ void check_crowded(const SetupView& view, Findings& findings) {
                   found + "; the values behind it have moved, and text is left over",
                   "one label of one word, then its value",
                   "join the words of the label with underscores");
+        view.trusted = crowded.front() - 1;
     } else {
         add_warning(findings, where, found, "one item on a line",
                     "join the words of the label with underscores if they are one label");
@@ -150,7 +155,8 @@ void check_crowded(const SetupView& view, Findings& findings) {
 }
 
 void check_trailing(const SetupView& view, Findings& findings) {
-    if (!view.trace.trailing_text || !all_trusted(view)) {
+    const bool known = view.setup.selection.catalogue != nullptr;
+    if (!view.trace.trailing_text || !all_trusted(view) || !known) {
         return;
     }
     long begin = view.trace.end_offset;
@@ -211,9 +217,9 @@ void check_setup(SetupView& view, Findings& findings) {
         view.trusted = 0;
     }
     check_known(view, findings);
+    check_crowded(view, findings);
     check_counts(view, findings);
     check_flags(view, findings);
-    check_crowded(view, findings);
     check_trailing(view, findings);
     check_rows(view, findings);
     check_name(view, findings);

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "findings.h"
-#include "matrix_file.h"
 #include "setup_view.h"
+#include "ties.h"
 
 // Everything below, in order. Sets the view's trusted part.
 Findings check_view(SetupView& view);

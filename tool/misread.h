@@ -16,9 +16,3 @@ std::optional<std::size_t> first_misread(const SetupView& view);
 
 // Adds the error that explains it.
 void explain_misread(const SetupView& view, std::size_t index, Findings& findings);
-
-// The first structural row whose label names another effect than the one read there.
-std::optional<std::size_t> first_misplaced_row(const SetupView& view);
-
-// A sentence that tells which effect is read there and what the label says.
-std::string describe_misplaced_row(const SetupView& view, std::size_t index);

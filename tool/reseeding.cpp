@@ -38,7 +38,7 @@ void Reseeding::summarise(std::FILE* out) const {
     if (clock_) {
         std::fprintf(out, "Random numbers: clock held at second %" PRIu32 "\n", *clock_);
     } else if (seed_) {
-        std::fprintf(out, "Random numbers: seed %" PRIu32 ", reseeded %" PRId64 " times\n", *seed_,
+        std::fprintf(out, "Random numbers: seed %" PRIu32 ", the first of %" PRId64 "\n", *seed_,
                      count_);
     } else if (first_ == last_) {
         std::fprintf(out,

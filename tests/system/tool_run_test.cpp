@@ -1,0 +1,249 @@
+// "ovri run" and the command line, driven as a person would.
+#include <filesystem>
+#include <fstream>
+
+#include "support/tool_runner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ToolRun : public ToolTest {
+  protected:
+    // Runs the setup with the options into a directory of its own.
+    const ToolResult& run(const SetupText& setup, std::vector<std::string> options = {},
+                          const std::string& output = "out") {
+        scratch.write("net.setup", setup.text());
+        fs::create_directory(scratch.path() / output);
+        options.insert(options.begin(), {"run", "net.setup", "--output", output});
+        result = run_tool(options, scratch.path().string());
+        return result;
+    }
+    std::string output(const std::string& directory, const std::string& file) const {
+        return scratch.read(directory + "/" + file);
+    }
+    bool left_nothing() const { return fs::is_empty(scratch.path() / "out"); }
+    bool says(const std::string& piece) const {
+        return result.err.find(piece) != std::string::npos;
+    }
+
+    static SetupText simulation() { return {.mode = 1, .effects = {{"edge", "1 -0.5"}}}; }
+};
+
+ToolResult ovri(const std::vector<std::string>& words) { return run_tool(words); }
+
+}  // namespace
+
+TEST_F(ToolRun, ARunWritesItsResultsAndNamesThem) {
+    run({}, {"--clock", "7"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(output("out", "estimation_net.txt").find("STOCHASTIC ESTIMATION FOR NETWORK net"),
+              std::string::npos);
+    EXPECT_TRUE(says("out/estimation_net.txt\n")) << result.err;
+    EXPECT_TRUE(says("out/stupdate.ovri")) << result.err;
+    EXPECT_TRUE(scratch.exists("out/stupdate.ovri"));
+    EXPECT_FALSE(scratch.exists("stupdate.ovri"));
+}
+
+TEST_F(ToolRun, ASecondRunIsToldToAddToTheFirst) {
+    run({}, {"--clock", "7"});
+    EXPECT_FALSE(says("added to the end")) << result.err;
+    run({}, {"--clock", "7"});
+    EXPECT_TRUE(says("estimation_net.txt (added to the end)")) << result.err;
+}
+
+TEST_F(ToolRun, StandardOutputHoldsTheRunsOwnTextAlone) {
+    run(simulation(), {"--clock", "7"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out.find("out/"), std::string::npos) << result.out;
+    EXPECT_TRUE(result.out.ends_with(" changes.\n")) << result.out;
+    const std::string text = result.out;
+    run(simulation(), {"--clock", "7", "--quiet"}, "other");
+    EXPECT_EQ(result.out, text);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(ToolRun, TheSameClockGivesTheSameResults) {
+    run(simulation(), {"--clock", "7"}, "a");
+    EXPECT_TRUE(says("clock held at second 7")) << result.err;
+    run(simulation(), {"--clock", "7"}, "b");
+    run(simulation(), {"--clock", "8"}, "c");
+    EXPECT_EQ(output("a", "simulation_net.txt"), output("b", "simulation_net.txt"));
+    EXPECT_NE(output("a", "simulation_net.txt"), output("c", "simulation_net.txt"));
+}
+
+TEST_F(ToolRun, ASeedGivesEachReseedingItsOwnNumber) {
+    run(simulation(), {"--seed", "7"}, "a");
+    EXPECT_TRUE(says("Seed 7")) << result.err;
+    run(simulation(), {"--seed", "7"}, "b");
+    run(simulation(), {"--clock", "7"}, "c");
+    // The start network is drawn after the first reseeding, the samples after later ones.
+    EXPECT_EQ(output("a", "start_statistics_net.txt"), output("c", "start_statistics_net.txt"));
+    EXPECT_EQ(output("a", "simulation_net.txt"), output("b", "simulation_net.txt"));
+    EXPECT_NE(output("a", "simulation_net.txt"), output("c", "simulation_net.txt"));
+}
+
+TEST_F(ToolRun, TheLargestSeedWrapsAround) {
+    run(simulation(), {"--seed", "4294967295"});
+    EXPECT_EQ(result.status, 0) << result.err;
+}
+
+TEST_F(ToolRun, WithoutAnOptionTheRealClockIsReported) {
+    run(simulation());
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(says("Random numbers: real clock")) << result.err;
+}
+
+TEST_F(ToolRun, QuietShowsTheSeedAndNothingElse) {
+    run(simulation(), {"--seed", "7", "--quiet"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "Seed 7 (--seed 7 repeats this run)\n");
+}
+
+TEST_F(ToolRun, WarningsAreShownUnlessQuietAndNeverStopARun) {
+    SetupText setup = simulation();
+    setup.samples = "5000";
+    run(setup, {"--clock", "7"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(says("warning: sample count")) << result.err;
+    run(setup, {"--clock", "7", "--quiet"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(ToolRun, ErrorsStopARunBeforeAnythingIsWritten) {
+    for (const char* option : {"--clock", "--seed"}) {
+        run({.network = "nowhere.txt"}, {option, "7", "--quiet"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        EXPECT_TRUE(says("error: network file")) << result.err;
+        EXPECT_TRUE(says("nothing was written")) << result.err;
+        EXPECT_TRUE(left_nothing());
+    }
+}
+
+TEST_F(ToolRun, TheMessagesOfARunAreThoseOfTheCheck) {
+    const SetupText setup{.network = "nowhere.txt", .cap = "1\n-1"};
+    const std::string checked = check(setup).out;
+    run(setup);
+    for (const char* severity : {"error", "warning"}) {
+        const std::string field = severity[0] == 'e' ? "network file" : "degree cap";
+        const std::string finding = find_finding(checked, severity, field, "found:");
+        EXPECT_NE(finding, "") << checked;
+        EXPECT_EQ(find_finding(result.err, severity, field, "found:"), finding);
+    }
+}
+
+TEST_F(ToolRun, WithoutTheCheckARunGoesOnAfterErrors) {
+    run({.network = "nowhere.txt"}, {"--clock", "7", "--no-check"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_FALSE(says("error")) << result.err;
+    EXPECT_TRUE(scratch.exists("out/start_statistics_net.txt"));
+}
+
+TEST_F(ToolRun, ARunThatCannotBeginIsAnErrorWithoutTheCheckToo) {
+    result = run_tool({"run", "nowhere.setup", "--no-check"}, scratch.path().string());
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(says("cannot be read far enough")) << result.err;
+}
+
+TEST_F(ToolRun, ARunThatLeavesNoResultsIsNotDone) {
+    scratch.write("net.setup", SetupText().text());
+    result = run_tool({"run", "net.setup", "--no-check", "--output", "nowhere"},
+                      scratch.path().string());
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(says("left no results in nowhere")) << result.err;
+}
+
+TEST_F(ToolRun, AMissingOutputDirectoryStopsARun) {
+    scratch.write("net.setup", SetupText().text());
+    result = run_tool({"run", "net.setup", "--output", "nowhere"}, scratch.path().string());
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(says("error: output directory")) << result.err;
+    result = run_tool({"run", "net.setup", "--output", "network.txt"}, scratch.path().string());
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(says("is not a directory")) << result.err;
+    EXPECT_TRUE(left_nothing());
+}
+
+TEST_F(ToolRun, BlanksAndForeignLettersInPathsAreFine) {
+    const std::string directory = "Läufe und Zahlen";
+    scratch.write(directory + "/Netz é.setup", SetupText().text());
+    fs::create_directory(scratch.path() / "Ergebnisse – neu");
+    result = run_tool({"run", directory + "/Netz é.setup", "--output", "Ergebnisse – neu"},
+                      scratch.path().string());
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(scratch.exists("Ergebnisse – neu/estimation_net.txt"));
+}
+
+TEST_F(ToolRun, NoProgressIsShownWhereStandardErrorIsNoTerminal) {
+    SetupText setup = simulation();
+    setup.iterations = "2000000";
+    run(setup, {"--clock", "7"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_FALSE(says("\r")) << result.err;
+    EXPECT_FALSE(says("%")) << result.err;
+}
+
+TEST_F(ToolRun, ProgressIsShownOnATerminalAndClearedAtTheEnd) {
+    SetupText setup = simulation();
+    setup.iterations = "6000000";
+    setup.output = (scratch.path() / "out").string();
+    const std::string path = scratch.write("net.setup", setup.text());
+    result = run_tool_on_terminal({"run", path, "--clock", "7"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(says("\rsimulation, ")) << result.err;
+    EXPECT_TRUE(says("left in this stage")) << result.err;
+    const std::size_t cleared = result.err.find(" \rDone");
+    EXPECT_NE(cleared, std::string::npos) << result.err;
+    result = run_tool_on_terminal({"run", path, "--clock", "7", "--quiet"});
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"help"}, {"--help"}, {"-h"}}) {
+        const ToolResult result = ovri(words);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_NE(result.out.find("ovri check SETUP"), std::string::npos);
+        EXPECT_EQ(result.err, "");
+    }
+    for (const std::string command : {"run", "check"}) {
+        const ToolResult page = ovri({"help", command});
+        EXPECT_EQ(page.status, 0);
+        EXPECT_NE(page.out.find("ovri " + command + " SETUP ["), std::string::npos);
+        EXPECT_EQ(ovri({command, "--help"}).out, page.out);
+    }
+    const ToolResult version = ovri({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_TRUE(version.out.starts_with("ovri 1.")) << version.out;
+}
+
+TEST(ToolCommandLine, WhatIsNotUnderstoodEndsWithStatusTwoAndAMessage) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> mistakes = {
+        {{}, "a command is missing"},
+        {{"frob"}, "there is no command 'frob'"},
+        {{"--frob"}, "there is no option '--frob'"},
+        {{"help", "frob"}, "there is no command 'frob'"},
+        {{"run"}, "takes a setup file"},
+        {{"check"}, "takes a setup file"},
+        {{"check", "a", "b"}, "'b' is one too many"},
+        {{"run", "a", "--frob"}, "there is no option '--frob'"},
+        {{"run", "a", "-x"}, "there is no option '-x'"},
+        {{"check", "a", "--clock", "1"}, "there is no option '--clock'"},
+        {{"run", "a", "--clock"}, "the option '--clock' takes a value"},
+        {{"run", "a", "--clock", "soon"}, "--clock takes a whole number"},
+        {{"run", "a", "--clock", "-1"}, "--clock takes a whole number"},
+        {{"run", "a", "--clock", "1.5"}, "--clock takes a whole number"},
+        {{"run", "a", "--seed", "4294967296"}, "--seed takes a whole number"},
+        {{"run", "a", "--seed", ""}, "--seed takes a whole number"},
+        {{"run", "a", "--seed", "1", "--clock", "1"}, "exclude each other"},
+        {{"run", "a", "--output", ""}, "--output takes the name of a directory"},
+    };
+    for (const auto& [words, message] : mistakes) {
+        const ToolResult result = ovri(words);
+        EXPECT_EQ(result.status, 2) << message;
+        EXPECT_NE(result.err.find(message), std::string::npos) << result.err;
+        EXPECT_EQ(result.out, "");
+    }
+}
