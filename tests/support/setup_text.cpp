@@ -70,7 +70,68 @@ void add_sampling(Lines& lines, const SetupText& setup) {
     lines.add("Samples", setup.samples);
 }
 
+struct Block {
+    AttributeGroup group;
+    const char* name;
+    int attributes;
+};
+
+void add_rows(Lines& lines, NetworkKind kind, const Block& block, int flag,
+              const std::string& value) {
+    const AttributeGroupCatalogue& rows = group_catalogue(catalogue_of(kind), block.group);
+    std::string choice = std::to_string(flag);
+    choice += " ";
+    choice += value;
+    for (int attribute = 0; attribute < block.attributes; ++attribute) {
+        for (std::size_t row = 0; row < rows.setup_order.size(); ++row) {
+            lines.add("Effect", choice);
+        }
+    }
+}
+
 }  // namespace
+
+std::string attribute_section(NetworkKind kind, int flag, const std::string& value) {
+    Lines lines;
+    lines.add("Attributes", 1);
+    for (const Block& block : {Block{AttributeGroup::binary, "binary", 1},
+                               Block{AttributeGroup::continuous, "continuous", 2},
+                               Block{AttributeGroup::categorical, "categorical", 1}}) {
+        lines.add("Section", 1);
+        lines.text += std::to_string(block.attributes) + "\n";
+        std::string file = block.name;
+        file += ".txt";
+        lines.add("File", file);
+        add_rows(lines, kind, block, flag, value);
+    }
+    return lines.text;
+}
+
+std::string covariate_section(NetworkKind kind, int flag, const std::string& value) {
+    Lines lines;
+    lines.add("Covariates", 1);
+    lines.text += "1\n";
+    lines.add("File", "covariates.txt");
+    add_rows(lines, kind, {AttributeGroup::covariate, "covariates", 1}, flag, value);
+    return lines.text;
+}
+
+std::map<std::string, std::string> attribute_files(int actors) {
+    std::map<std::string, std::string> files = {{"binary.txt", "member\n"},
+                                                {"continuous.txt", "age,income\n"},
+                                                {"categorical.txt", "office\n"},
+                                                {"covariates.txt", "distance\n"}};
+    for (int i = 0; i < actors; ++i) {
+        files["binary.txt"] += std::to_string(i % 2) + "\n";
+        files["continuous.txt"] += std::to_string(i + 20) + ".5\t" + std::to_string(i * i) + "\n";
+        files["categorical.txt"] += std::to_string(1 + i % 3) + "\n";
+        for (int j = 0; j < actors; ++j) {
+            files["covariates.txt"] += std::to_string((i - j) * (i - j)) + "\t";
+        }
+        files["covariates.txt"] += "\n";
+    }
+    return files;
+}
 
 std::string setup_text(const SetupText& setup) {
     Lines lines;

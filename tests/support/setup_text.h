@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,14 @@ struct SetupText {
 };
 
 std::string setup_text(const SetupText& setup);
+
+// Sections that name binary.txt (one attribute), continuous.txt (two), categorical.txt (one) and
+// covariates.txt (one), with every effect's flag and value as given.
+std::string attribute_section(NetworkKind kind, int flag, const std::string& value);
+std::string covariate_section(NetworkKind kind, int flag, const std::string& value);
+
+// Those four files for so many actors, by name.
+std::map<std::string, std::string> attribute_files(int actors);
 
 // n rows of cells, one blank between two.
 template <class Network>
