@@ -13,11 +13,21 @@ bool is_space(int character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
+// On Windows a line may end in a carriage return and a line feed. The C library would hide the
+// former in text mode, but then it misjudges its place in a file whose lines end in a line feed
+// alone; so files are opened as they are and the pair is read as one line feed here. To a scan for
+// numbers it is white space either way.
+#ifdef _WIN32
+constexpr bool kLinesMayEndInTwo = true;
+constexpr const char* kReadMode = "rb";
+#else
+constexpr bool kLinesMayEndInTwo = false;
+constexpr const char* kReadMode = "r";
+#endif
+
 }  // namespace
 
-TextReader reader_open(const std::string& path) {
-    return TextReader{open_file(path, "r")};
-}
+TextReader reader_open(const std::string& path) { return TextReader{open_file(path, kReadMode)}; }
 
 long reader_offset(TextReader& reader) {
     return reader.opened() ? std::ftell(reader.file.get()) : -1;
@@ -28,6 +38,13 @@ int reader_character(TextReader& reader) {
         return -1;
     }
     const int character = std::getc(reader.file.get());
+    if (kLinesMayEndInTwo && character == '\r') {
+        const int next = std::getc(reader.file.get());
+        if (next == '\n') {
+            return next;
+        }
+        std::ungetc(next, reader.file.get());
+    }
     return character == EOF ? -1 : character;
 }
 

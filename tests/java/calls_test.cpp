@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "java/direct_call.h"
 #include "java/java_machine.h"
+#include "support/direct_call.h"
 
 namespace fs = std::filesystem;
 

@@ -2,8 +2,8 @@
 // without a Java machine between.
 #include <gtest/gtest.h>
 
-#include "java/direct_call.h"
 #include "java/java_machine.h"
+#include "support/direct_call.h"
 
 namespace {
 
