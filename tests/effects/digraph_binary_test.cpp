@@ -11,18 +11,16 @@ using reference::PlainDigraph;
 
 namespace {
 
-enum Row : std::size_t {
-    kInteraction,
-    kSender,
-    kReceiver,
-    kSenderMissing,
-    kReceiverMissing,
-    kInteractionReciprocity,
-    kActivityReciprocity,
-    kIn2star,
-    kPath2,
-    kOut2star
-};
+constexpr std::size_t kInteraction = 0;
+constexpr std::size_t kSender = 1;
+constexpr std::size_t kReceiver = 2;
+constexpr std::size_t kSenderMissing = 3;
+constexpr std::size_t kReceiverMissing = 4;
+constexpr std::size_t kInteractionReciprocity = 5;
+constexpr std::size_t kActivityReciprocity = 6;
+constexpr std::size_t kIn2star = 7;
+constexpr std::size_t kPath2 = 8;
+constexpr std::size_t kOut2star = 9;
 
 Codes random_codes(int n, std::mt19937& random, bool missing) {
     constexpr std::array<int, 4> kValues = {0, 1, 1, 9999};

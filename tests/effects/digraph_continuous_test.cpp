@@ -9,21 +9,19 @@ using reference::PlainDigraph;
 
 namespace {
 
-enum Row : std::size_t {
-    kSender,
-    kReceiver,
-    kSenderMissing,
-    kReceiverMissing,
-    kSum,
-    kDiff,
-    kProd,
-    kSumReciprocity,
-    kDiffReciprocity,
-    kProdReciprocity,
-    kIn2star,
-    kOut2star,
-    kPath2
-};
+constexpr std::size_t kSender = 0;
+constexpr std::size_t kReceiver = 1;
+constexpr std::size_t kSenderMissing = 2;
+constexpr std::size_t kReceiverMissing = 3;
+constexpr std::size_t kSum = 4;
+constexpr std::size_t kDiff = 5;
+constexpr std::size_t kProd = 6;
+constexpr std::size_t kSumReciprocity = 7;
+constexpr std::size_t kDiffReciprocity = 8;
+constexpr std::size_t kProdReciprocity = 9;
+constexpr std::size_t kIn2star = 10;
+constexpr std::size_t kOut2star = 11;
+constexpr std::size_t kPath2 = 12;
 
 std::vector<float> fractions(int n, std::mt19937& random, bool missing) {
     std::vector<float> values;

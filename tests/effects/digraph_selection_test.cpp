@@ -10,21 +10,19 @@ namespace {
 using Vector = std::vector<double>;
 
 // Rows of a directed continuous attribute, in the order of the statistics.
-enum Row : std::size_t {
-    kSender,
-    kReceiver,
-    kSenderMissing,
-    kReceiverMissing,
-    kSum,
-    kDiff,
-    kProd,
-    kSumReciprocity,
-    kDiffReciprocity,
-    kProdReciprocity,
-    kIn2star,
-    kOut2star,
-    kPath2
-};
+constexpr std::size_t kSender = 0;
+constexpr std::size_t kReceiver = 1;
+constexpr std::size_t kSenderMissing = 2;
+constexpr std::size_t kReceiverMissing = 3;
+constexpr std::size_t kSum = 4;
+constexpr std::size_t kDiff = 5;
+constexpr std::size_t kProd = 6;
+constexpr std::size_t kSumReciprocity = 7;
+constexpr std::size_t kDiffReciprocity = 8;
+constexpr std::size_t kProdReciprocity = 9;
+constexpr std::size_t kIn2star = 10;
+constexpr std::size_t kOut2star = 11;
+constexpr std::size_t kPath2 = 12;
 
 // The value of row r is 10 (r + 1) for the first attribute, one more for the second.
 double value_of(std::size_t row, std::size_t attribute) {

@@ -77,6 +77,22 @@ TEST(ChangeDump, LeavesTiedDyadsTied) {
               "0.472367\t0.778801\t0.472367\t1.000000\t\n");
 }
 
+TEST(ChangeDump, ATiedDyadIsEvaluatedAsADeletionWouldBe) {
+    EffectSelection selection = selection_create(NetworkKind::undirected);
+    selection.actors = 3;
+    constexpr int kA2p = 32;
+    select(selection, kA2p, 1.0);
+    selection.structural[kA2p].lambda = 2.0F;
+    // A path 0 1 2. Without the tie 0 to 1 no path of two joins 0 and 2, so the tie makes the
+    // first; the tie 0 to 2 makes two first ones.
+    const Dump files = dump(selection, reference::make_graph(3, {{0, 1}, {1, 2}}));
+    EXPECT_EQ(files.changes,
+              "i j obs a2p \n"
+              "0 1 1\t1.000000\t\n"
+              "0 2 0\t2.000000\t\n"
+              "1 2 1\t1.000000\t\n");
+}
+
 TEST(ChangeDump, OfOneActorIsAHeadAndOneCell) {
     EffectSelection selection = selection_create(NetworkKind::undirected);
     selection.actors = 1;
