@@ -14,10 +14,13 @@ install_missing \
     /usr/include/gtest/gtest.h=libgtest-dev \
     /usr/include/benchmark/benchmark.h=libbenchmark-dev \
     clang-format=clang-format clang-tidy=clang-tidy \
+    dpkg-shlibdeps=dpkg-dev \
     javac?default-jdk-headless \
     x86_64-w64-mingw32-g++-posix?g++-mingw-w64-x86-64-posix \
+    x86_64-w64-mingw32-objdump?binutils-mingw-w64-x86-64 \
     wine?wine
-# What only the tests of the Java host and of the Windows build need stands behind a "?" above.
+# What only the tests of the Java host and of the Windows build need stands behind a "?": where the
+# package lists do not know it, those tests skip themselves and say so.
 
 step "Formatting"
 find src tool tests bench -name '*.h' -o -name '*.cpp' | xargs clang-format --dry-run --Werror
@@ -26,6 +29,9 @@ echo "Every source file is formatted."
 step "Release build"
 cmake --preset release -DBUILD_TESTING=ON
 cmake --build --preset release --parallel "$jobs"
+
+step "Windows build, for the tests of ovri.dll and ovri.exe"
+tests/platforms.sh --build-only
 
 step "Static analysis"
 find src tool -name '*.cpp' | sort | xargs -n 4 -P "$jobs" clang-tidy --quiet -p build
