@@ -38,13 +38,9 @@ void TextWriter::cells(std::span<const int> values) {
     }
 }
 
-TextWriter writer_append(const std::string& path) {
-    return TextWriter(open_file(path, "a"));
-}
+TextWriter writer_append(const std::string& path) { return TextWriter(open_file(path, "a")); }
 
-TextWriter writer_replace(const std::string& path) {
-    return TextWriter(open_file(path, "w"));
-}
+TextWriter writer_replace(const std::string& path) { return TextWriter(open_file(path, "w")); }
 
 std::string text_with_name(const char* text, const std::string& name) {
     std::string result = text;

@@ -192,7 +192,7 @@ std::vector<OutputRow> output_rows(const EffectSelection& selection, Output outp
         const OutputText text = output_text(effect.labels, effect.formats, output);
         if (choice.position >= 0 && text.label != nullptr) {
             rows.push_back({effect.traits.alternating ? text_with_lambda(text.label, choice.lambda)
-                                               : std::string(text.label),
+                                                      : std::string(text.label),
                             text.format, choice.position, id, AttributeGroup::binary, -1});
         }
     }
