@@ -13,7 +13,7 @@
 
 namespace {
 
-std::string structural_rows(const SetupText& setup) {
+std::string structural_rows(const ToolSetup& setup) {
     std::string text;
     const Catalogue& catalogue = catalogue_of(static_cast<NetworkKind>(setup.kind));
     for (const int id : catalogue.setup_order) {
@@ -102,7 +102,7 @@ std::string find_finding(const std::string& text, const std::string& severity,
     return matches() ? block : "";
 }
 
-std::string SetupText::text() const {
+std::string ToolSetup::text() const {
     std::string text = "Name " + name + "\nOutput " + output + "\nProposal " + proposal +
                        "\nMode_and_kind " + std::to_string(mode) + " " + std::to_string(kind) +
                        "\nActors " + actors + "\n";

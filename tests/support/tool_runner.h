@@ -28,7 +28,7 @@ std::string find_finding(const std::string& text, const std::string& severity,
                          const std::string& field, const std::string& piece);
 
 // A setup file, item by item. Starts as an estimation of the edge effect on `network.txt`.
-struct SetupText {
+struct ToolSetup {
     int mode = 2;
     int kind = 1;
     std::string name = "net";
@@ -68,7 +68,7 @@ class ToolTest : public ::testing::Test {
     ToolTest();
 
     // Writes the setup file and runs "ovri check" on it; the findings stay in `result`.
-    const ToolResult& check(const SetupText& setup) { return check_text(setup.text()); }
+    const ToolResult& check(const ToolSetup& setup) { return check_text(setup.text()); }
     const ToolResult& check_text(const std::string& text);
 
     // Expects a finding of the last check.

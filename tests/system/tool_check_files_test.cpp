@@ -23,7 +23,7 @@ class ToolCheckFiles : public ToolTest {
   protected:
     void check_network(const std::string& text) {
         scratch.write("network.txt", text);
-        check(SetupText());
+        check(ToolSetup());
     }
     void check_wealth(const std::string& text) {
         scratch.write("wealth.txt", text);
@@ -57,7 +57,7 @@ TEST_F(ToolCheckFiles, AMissingNetworkFileIsAnError) {
 
 TEST_F(ToolCheckFiles, APathMeantFromTheSetupFileIsExplained) {
     scratch.write("sub/matrix.txt", scratch.read("network.txt"));
-    scratch.write("sub/net.setup", SetupText{.network = "matrix.txt"}.text());
+    scratch.write("sub/net.setup", ToolSetup{.network = "matrix.txt"}.text());
     result = run_tool({"check", "sub/net.setup"}, scratch.path().string());
     expect_error("network file", "write \"sub/matrix.txt\"");
 }

@@ -10,8 +10,8 @@ namespace {
 constexpr const char* kFreeOne = "0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 1\n0 0 0 1 0\n";
 
 // A directed model with the continuous rows of the given numbers on.
-SetupText directed_continuous(const std::vector<int>& on) {
-    SetupText setup{.kind = 2, .effects = {{"arc", "1 0.0"}}};
+ToolSetup directed_continuous(const std::vector<int>& on) {
+    ToolSetup setup{.kind = 2, .effects = {{"arc", "1 0.0"}}};
     setup.attributes = "Attributes 1\nBinary 0\nContinuous 1\n1\nFile wealth.txt\n";
     for (int row = 0; row < 13; ++row) {
         const bool selected = std::find(on.begin(), on.end(), row) != on.end();
@@ -21,7 +21,7 @@ SetupText directed_continuous(const std::vector<int>& on) {
     return setup;
 }
 
-SetupText simulation() { return {.mode = 1, .effects = {{"edge", "1 -1.0"}}}; }
+ToolSetup simulation() { return {.mode = 1, .effects = {{"edge", "1 -1.0"}}}; }
 
 }  // namespace
 
@@ -31,14 +31,14 @@ TEST_F(ToolCheckSettings, FewerThanTwoActorsAreAnError) {
 }
 
 TEST_F(ToolCheckSettings, VeryManyActorsAreSurprising) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.actors = "20000";
     check(setup);
     expect_warning("actor count", "gigabytes");
 }
 
 TEST_F(ToolCheckSettings, ADensityAboveOneIsAnErrorAndOneBelowZeroSurprising) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.density = "1.5";
     check(setup);
     expect_error("density", "a number from 0 to 1");
@@ -51,7 +51,7 @@ TEST_F(ToolCheckSettings, ADensityAboveOneIsAnErrorAndOneBelowZeroSurprising) {
 }
 
 TEST_F(ToolCheckSettings, LengthsThatGiveNoSamplesAreSurprising) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.samples = "2000";
     check(setup);
     expect_warning("sample count", "no more samples than iterations");
@@ -69,7 +69,7 @@ TEST_F(ToolCheckSettings, LengthsThatGiveNoSamplesAreSurprising) {
 }
 
 TEST_F(ToolCheckSettings, ARunThatWouldNeverEndIsAnError) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.iterations = "inf";
     check(setup);
     expect_error("iterations", "\"inf\"");
@@ -108,7 +108,7 @@ TEST_F(ToolCheckSettings, AnUnknownProposalKindIsSurprising) {
 }
 
 TEST_F(ToolCheckSettings, ASwapNeedsTwoTiesAndAGap) {
-    const SetupText setup{.proposal = "1", .effects = {{"Triangle", "1 0.0"}}};
+    const ToolSetup setup{.proposal = "1", .effects = {{"Triangle", "1 0.0"}}};
     check(setup);
     expect_nothing();
     scratch.write("network.txt", "0 1 0 0 0\n1 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n");
@@ -126,7 +126,7 @@ TEST_F(ToolCheckSettings, ASwapAmongFreeDyadsNeedsBothStatesThere) {
 }
 
 TEST_F(ToolCheckSettings, ASenderSwapNeedsASenderOfTwoArcs) {
-    const SetupText setup{.kind = 2, .proposal = "2", .effects = {{"reciprocity", "1 0.0"}}};
+    const ToolSetup setup{.kind = 2, .proposal = "2", .effects = {{"reciprocity", "1 0.0"}}};
     check(setup);
     expect_nothing();
     scratch.write("network.txt", "0 1 0 0 0\n1 0 0 0 0\n0 0 0 1 0\n0 0 0 0 0\n0 0 0 0 0\n");
@@ -138,7 +138,7 @@ TEST_F(ToolCheckSettings, ASenderSwapNeedsASenderOfTwoArcs) {
 }
 
 TEST_F(ToolCheckSettings, ASwapOfASimulationNeedsTiesAtTheStart) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.proposal = "1";
     setup.density = "0.1";
     check(setup);
@@ -194,7 +194,7 @@ TEST_F(ToolCheckSettings, ACapOfZeroOnAnEmptyNetworkIsAnError) {
 }
 
 TEST_F(ToolCheckSettings, ADirectedCapIsSaidToBeOnOutDegrees) {
-    const SetupText setup{.kind = 2, .cap = "1\n4", .effects = {{"arc", "1 0.0"}}};
+    const ToolSetup setup{.kind = 2, .cap = "1\n4", .effects = {{"arc", "1 0.0"}}};
     check(setup);
     expect_warning("degree cap flag", "an in-degree cap cannot be set");
     check_text(with(setup.text(), "Cap 1", "Out_degree_cap 1"));
@@ -252,7 +252,7 @@ TEST_F(ToolCheckSettings, DirectedContinuousEffectsThatFallOutOfStepAreExplained
 
 TEST_F(ToolCheckSettings, DirectedContinuousEffectsThatAFitWouldMoveAreExplained) {
     scratch.write("wealth.txt", "wealth\n1\n2\n3\n4\n5\n");
-    SetupText setup = directed_continuous({7});
+    ToolSetup setup = directed_continuous({7});
     setup.fit_after = "1";
     check(setup);
     expect_warning("continuous attribute 1: _sum_reciprocity flag", "another statistic");

@@ -18,7 +18,7 @@ TEST_F(ToolCheckSetup, EveryModeAndKindIsKnown) {
     scratch.write("covariance.txt", "1.0\n");
     for (int mode = 1; mode <= 4; ++mode) {
         for (int kind = 1; kind <= 2; ++kind) {
-            SetupText setup{.mode = mode, .kind = kind};
+            ToolSetup setup{.mode = mode, .kind = kind};
             setup.effects = {{kind == 1 ? "edge" : "arc", "1 -1.0"}};
             check(setup);
             expect_nothing();
@@ -69,7 +69,7 @@ TEST_F(ToolCheckSetup, ABinarySetupFileIsAnError) {
 }
 
 TEST_F(ToolCheckSetup, ABlankInALabelIsFoundWithItsLineAndTheWordsToJoin) {
-    check_text(with(SetupText().text(), "Actors 5", "Number of actors 5"));
+    check_text(with(ToolSetup().text(), "Actors 5", "Number of actors 5"));
     expect_error("actor count", "net.setup:5: error");
     expect_error("actor count", "\"of\" behind the label \"Number\"");
     expect_error("actor count", "write \"Number_of_actors\"");
@@ -77,88 +77,88 @@ TEST_F(ToolCheckSetup, ABlankInALabelIsFoundWithItsLineAndTheWordsToJoin) {
 }
 
 TEST_F(ToolCheckSetup, ABlankInTheLabelOfAPathIsFound) {
-    check_text(with(SetupText().text(), "Network network.txt", "Network file network.txt"));
+    check_text(with(ToolSetup().text(), "Network network.txt", "Network file network.txt"));
     expect_error("network file", "make the label one word");
 }
 
 TEST_F(ToolCheckSetup, ANumberInALabelIsFoundThoughEverythingCanBeRead) {
-    check_text(with(SetupText().text(), "Phase_3 100", "Phase 3 steps 100"));
+    check_text(with(ToolSetup().text(), "Phase_3 100", "Phase 3 steps 100"));
     expect_error("steps of phase 3", "two items on one line");
 }
 
 TEST_F(ToolCheckSetup, TwoItemsOnALineAreSurprisingWhereNothingIsLeftOver) {
-    check_text(with(SetupText().text(), "Sub_phases 3\n", "Sub_phases 3 "));
+    check_text(with(ToolSetup().text(), "Sub_phases 3\n", "Sub_phases 3 "));
     expect_warning("number of sub-phases", "two items on one line");
 }
 
 TEST_F(ToolCheckSetup, AMissingRowIsFoundByItsNeighboursLabel) {
-    check_text(with(SetupText().text(), "Q10 0 0.0\n", ""));
+    check_text(with(ToolSetup().text(), "Q10 0 0.0\n", ""));
     expect_error("AS flag", "line 23 is labelled \"Q20\", but the effect read there is \"Q10\"");
 }
 
 TEST_F(ToolCheckSetup, RowsOutOfOrderAreSurprising) {
-    check_text(with(with(SetupText().text(), "2-star", "x"), "3-star", "2-star"));
+    check_text(with(with(ToolSetup().text(), "2-star", "x"), "3-star", "2-star"));
     expect_warning("3-star flag", "is labelled \"2-star\"");
 }
 
 TEST_F(ToolCheckSetup, ANumberTooManyIsFoundOnItsLine) {
-    check_text(with(SetupText().text(), "edge 1 0.0", "edge 1 0.0 2.0"));
+    check_text(with(ToolSetup().text(), "edge 1 0.0", "edge 1 0.0 2.0"));
     expect_error("2-star flag", "net.setup:9: error");
     expect_error("2-star flag", "remove \"2.0\" from line 9");
 }
 
 TEST_F(ToolCheckSetup, ASecondCapOfADirectedNetworkIsExplained) {
-    SetupText setup{.kind = 2, .cap = "1\n3 2"};
+    ToolSetup setup{.kind = 2, .cap = "1\n3 2"};
     setup.effects = {{"arc", "1 0.0"}};
     check(setup);
     expect_error("structural section flag", "in-degrees cannot be capped");
 }
 
 TEST_F(ToolCheckSetup, AMissingLambdaIsFoundOnItsLine) {
-    check_text(with(SetupText().text(), "AT 0 0.0 2.0", "AT 0 0.0"));
+    check_text(with(ToolSetup().text(), "AT 0 0.0 2.0", "AT 0 0.0"));
     expect_error("AT lambda", "nothing behind \"AT value\"; the reader went on to \"AT2\"");
 }
 
 TEST_F(ToolCheckSetup, AMissingValueIsFoundOnTheLineOfItsLabel) {
-    check_text(with(SetupText().text(), "Actors 5", "Actors"));
+    check_text(with(ToolSetup().text(), "Actors 5", "Actors"));
     expect_error("actor count", "net.setup:5: error");
     expect_error("actor count", "nothing behind the label \"Actors\"");
 }
 
 TEST_F(ToolCheckSetup, AMissingPathIsFoundThoughTheNextLineIsTaken) {
-    check_text(with(SetupText().text(), "Network network.txt", "Network"));
+    check_text(with(ToolSetup().text(), "Network network.txt", "Network"));
     expect_error("network file", "nothing stands there, so the next line was taken");
 }
 
 TEST_F(ToolCheckSetup, AWordInPlaceOfANumberIsAnError) {
-    check_text(with(SetupText().text(), "Actors 5", "Actors five"));
+    check_text(with(ToolSetup().text(), "Actors 5", "Actors five"));
     expect_error("actor count", "\"five\" behind the label \"Actors\"");
 }
 
 TEST_F(ToolCheckSetup, AFractionInPlaceOfAWholeNumberIsAnError) {
-    check_text(with(SetupText().text(), "Actors 5", "Actors 5.5"));
+    check_text(with(ToolSetup().text(), "Actors 5", "Actors 5.5"));
     expect_error("actor count", "write a whole number");
 }
 
 TEST_F(ToolCheckSetup, ANumberBeyond32BitsIsAnError) {
-    check_text(with(SetupText().text(), "Actors 5", "Actors 5000000000"));
+    check_text(with(ToolSetup().text(), "Actors 5", "Actors 5000000000"));
     expect_error("actor count", "from -2147483648 to 2147483647");
 }
 
 TEST_F(ToolCheckSetup, ADecimalCommaIsAnError) {
-    check_text(with(SetupText().text(), "A_value 0.1", "A_value 0,1"));
+    check_text(with(ToolSetup().text(), "A_value 0.1", "A_value 0,1"));
     expect_error("starting a-value", "decimal comma");
 }
 
 TEST_F(ToolCheckSetup, AFileThatEndsEarlyTellsWhereAndHowMuchFollows) {
-    const std::string text = SetupText().text();
+    const std::string text = ToolSetup().text();
     check_text(text.substr(0, text.find("Factor")));
     expect_error("multiplication factor",
                  "the end of the file, behind the item \"starting a-value\"; 3 further items");
 }
 
 TEST_F(ToolCheckSetup, UnknownModeAndKindAreErrors) {
-    check_text(with(SetupText().text(), "Mode_and_kind 2 1", "Mode_and_kind 5 3"));
+    check_text(with(ToolSetup().text(), "Mode_and_kind 2 1", "Mode_and_kind 5 3"));
     expect_error("run mode", "3 goodness of fit");
     expect_error("network kind", "2 directed");
 }
@@ -174,7 +174,7 @@ TEST_F(ToolCheckSetup, ANegativeAttributeCountIsAnError) {
 }
 
 TEST_F(ToolCheckSetup, TrailingTextIsSurprising) {
-    check_text(SetupText().text() + "\nmore 1\n");
+    check_text(ToolSetup().text() + "\nmore 1\n");
     expect_warning("end of the file", "\"more\"");
 }
 
@@ -190,7 +190,7 @@ TEST_F(ToolCheckSetup, ABlankInTheNetworkNameIsSurprising) {
 
 TEST_F(ToolCheckSetup, CarriageReturnsAreExplained) {
     std::string text;
-    for (const char character : SetupText().text()) {
+    for (const char character : ToolSetup().text()) {
         text += character == '\n' ? std::string("\r\n") : std::string(1, character);
     }
     check_text(text);
@@ -209,7 +209,7 @@ TEST_F(ToolCheckSetup, AFileInPlaceOfTheOutputDirectoryIsAnError) {
 }
 
 TEST_F(ToolCheckSetup, TheOutputOptionIsCheckedInPlaceOfTheSetupFilesDirectory) {
-    scratch.write("net.setup", SetupText{.output = "elsewhere"}.text());
+    scratch.write("net.setup", ToolSetup{.output = "elsewhere"}.text());
     result = run_tool({"check", "net.setup", "--output", "out"}, scratch.path().string());
     expect_nothing();
     result = run_tool({"check", "net.setup", "--output", "nowhere"}, scratch.path().string());

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 class ToolRun : public ToolTest {
   protected:
     // Runs the setup with the options into a directory of its own.
-    const ToolResult& run(const SetupText& setup, std::vector<std::string> options = {},
+    const ToolResult& run(const ToolSetup& setup, std::vector<std::string> options = {},
                           const std::string& output = "out") {
         scratch.write("net.setup", setup.text());
         fs::create_directory(scratch.path() / output);
@@ -27,7 +27,7 @@ class ToolRun : public ToolTest {
         return result.err.find(piece) != std::string::npos;
     }
 
-    static SetupText simulation() { return {.mode = 1, .effects = {{"edge", "1 -0.5"}}}; }
+    static ToolSetup simulation() { return {.mode = 1, .effects = {{"edge", "1 -0.5"}}}; }
 };
 
 ToolResult ovri(const std::vector<std::string>& words) { return run_tool(words); }
@@ -101,7 +101,7 @@ TEST_F(ToolRun, QuietShowsTheSeedAndNothingElse) {
 }
 
 TEST_F(ToolRun, WarningsAreShownUnlessQuietAndNeverStopARun) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.samples = "5000";
     run(setup, {"--clock", "7"});
     EXPECT_EQ(result.status, 0);
@@ -123,7 +123,7 @@ TEST_F(ToolRun, ErrorsStopARunBeforeAnythingIsWritten) {
 }
 
 TEST_F(ToolRun, TheMessagesOfARunAreThoseOfTheCheck) {
-    const SetupText setup{.network = "nowhere.txt", .cap = "1\n-1"};
+    const ToolSetup setup{.network = "nowhere.txt", .cap = "1\n-1"};
     const std::string checked = check(setup).out;
     run(setup);
     for (const char* severity : {"error", "warning"}) {
@@ -148,7 +148,7 @@ TEST_F(ToolRun, ARunThatCannotBeginIsAnErrorWithoutTheCheckToo) {
 }
 
 TEST_F(ToolRun, ARunThatLeavesNoResultsIsNotDone) {
-    scratch.write("net.setup", SetupText().text());
+    scratch.write("net.setup", ToolSetup().text());
     result = run_tool({"run", "net.setup", "--no-check", "--output", "nowhere"},
                       scratch.path().string());
     EXPECT_EQ(result.status, 3);
@@ -156,7 +156,7 @@ TEST_F(ToolRun, ARunThatLeavesNoResultsIsNotDone) {
 }
 
 TEST_F(ToolRun, AMissingOutputDirectoryStopsARun) {
-    scratch.write("net.setup", SetupText().text());
+    scratch.write("net.setup", ToolSetup().text());
     result = run_tool({"run", "net.setup", "--output", "nowhere"}, scratch.path().string());
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(says("error: output directory")) << result.err;
@@ -168,7 +168,7 @@ TEST_F(ToolRun, AMissingOutputDirectoryStopsARun) {
 
 TEST_F(ToolRun, BlanksAndForeignLettersInPathsAreFine) {
     const std::string directory = "Läufe und Zahlen";
-    scratch.write(directory + "/Netz é.setup", SetupText().text());
+    scratch.write(directory + "/Netz é.setup", ToolSetup().text());
     fs::create_directory(scratch.path() / "Ergebnisse – neu");
     result = run_tool({"run", directory + "/Netz é.setup", "--output", "Ergebnisse – neu"},
                       scratch.path().string());
@@ -177,7 +177,7 @@ TEST_F(ToolRun, BlanksAndForeignLettersInPathsAreFine) {
 }
 
 TEST_F(ToolRun, NoProgressIsShownWhereStandardErrorIsNoTerminal) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.iterations = "2000000";
     run(setup, {"--clock", "7"});
     EXPECT_EQ(result.status, 0);
@@ -186,7 +186,7 @@ TEST_F(ToolRun, NoProgressIsShownWhereStandardErrorIsNoTerminal) {
 }
 
 TEST_F(ToolRun, ProgressIsShownOnATerminalAndClearedAtTheEnd) {
-    SetupText setup = simulation();
+    ToolSetup setup = simulation();
     setup.iterations = "6000000";
     setup.output = (scratch.path() / "out").string();
     const std::string path = scratch.write("net.setup", setup.text());
