@@ -26,7 +26,7 @@ install_missing() {
         as_root=(sudo)
     fi
     if [ -z "$(find /var/lib/apt/lists -maxdepth 1 -name '*_Packages*' 2>/dev/null | head -n 1)" ]; then
-        echo "The package lists are empty: ${as_root[*]} apt-get update"
+        echo "The package lists are empty: ${as_root[*]:+sudo }apt-get update"
         "${as_root[@]}" apt-get update -q
     fi
     for entry in "${missing[@]}"; do
@@ -40,7 +40,14 @@ install_missing() {
     if [ ${#wanted[@]} -eq 0 ]; then
         return 0
     fi
-    echo "Installing what is missing: ${as_root[*]} apt-get install ${wanted[*]}"
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -q -y --no-install-recommends "${wanted[@]}"
+    echo "Installing what is missing: ${as_root[*]:+sudo }apt-get install ${wanted[*]}"
+    apt_install() {
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -q -y --no-install-recommends "${wanted[@]}"
+    }
+    if ! apt_install; then
+        echo "That failed. The package lists may be old: ${as_root[*]:+sudo }apt-get update, then again."
+        "${as_root[@]}" apt-get update -q
+        apt_install
+    fi
 }
