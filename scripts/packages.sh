@@ -10,9 +10,10 @@ install_missing() {
     local entry probe package missing=() wanted=() as_root=()
     for entry in "$@"; do
         probe=${entry%%[=?]*}
-        if ! command -v "$probe" >/dev/null 2>&1 && ! [ -e "$probe" ]; then
-            missing+=("$entry")
-        fi
+        case $probe in
+            /*) [ -e "$probe" ] || missing+=("$entry") ;;
+            *) command -v "$probe" >/dev/null 2>&1 || missing+=("$entry") ;;
+        esac
     done
     if [ ${#missing[@]} -eq 0 ]; then
         return 0
