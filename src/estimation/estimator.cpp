@@ -207,9 +207,9 @@ void write_results(const Estimation<Network>& run, TextWriter& log,
         const double error = std::sqrt(run.scaling_matrix[row.position][row.position]);
         const double ratio = ratios[place];
         const bool starred = std::fabs(ratio) < 0.1 && std::fabs(estimate) > 2.0 * error;
-        log.text(row.label);
-        log.print("\t%f\t%.5f\t%.5f\t", estimate, error, ratio);
-        log.text(starred ? "*\n" : "\n");
+        log.text(row.label + "\t");
+        log.print(row.format, estimate, error, ratio);
+        log.text(starred ? "\t*\n" : "\t\n");
     }
 }
 
