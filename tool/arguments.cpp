@@ -8,7 +8,9 @@
 namespace {
 
 // Options without a short form are told apart by values that no character has.
-enum Option { kClock = 256, kSeed, kNoCheck };
+constexpr int kClock = 256;
+constexpr int kSeed = 257;
+constexpr int kNoCheck = 258;
 
 // Each command takes the options of its own list. The leading ':' has a missing value reported as
 // such; '+' ends the options at the first other word.

@@ -204,7 +204,9 @@ void check_variation(const Subject& subject, const std::vector<std::string>& nam
                      const std::vector<double>& values, Findings& findings) {
     for (int attribute = 0; attribute < subject.count; ++attribute) {
         const auto value = [&](int actor) {
-            return values[static_cast<std::size_t>(actor * subject.count + attribute)];
+            return values[static_cast<std::size_t>(actor) *
+                              static_cast<std::size_t>(subject.count) +
+                          static_cast<std::size_t>(attribute)];
         };
         bool varies = false;
         for (int actor = 1; actor < subject.actors; ++actor) {

@@ -1,9 +1,9 @@
-#include <array>
 #include <cstdio>
 #include <exception>
 #include <optional>
 #include <vector>
 
+#include "base/open_file.h"
 #include "checks.h"
 #include "commands.h"
 #include "overview.h"
@@ -21,14 +21,11 @@ constexpr char kSeparator = '\\';
 constexpr char kSeparator = '/';
 #endif
 
-// Room for the run's own text while a progress line shares the terminal with it.
-constexpr std::size_t kHeldBack = std::size_t{1} << 20;
-
 // False when errors forbid the run.
 bool check_first(SetupView& view, const Arguments& arguments) {
     const Findings findings = check_view(view);
     const bool fine = count_findings(findings, Severity::error) == 0;
-    print_findings(findings, !arguments.quiet || !fine, stderr);
+    print_findings(findings, !arguments.quiet, stderr);
     if (!fine) {
         std::fprintf(stderr, "%s: %s; nothing was run and nothing was written\n", view.path.c_str(),
                      findings_summary(findings).c_str());
@@ -46,15 +43,27 @@ bool can_begin(const SetupView& view) {
     return false;
 }
 
+// Where the run's own text waits while a progress line has the terminal; standard output when it
+// need not wait.
+FileHandle console_beside_progress(bool with_progress) {
+    return FileHandle(with_progress && is_terminal(stdout) ? std::tmpfile() : nullptr);
+}
+
+void copy_to_output(std::FILE* console) {
+    std::rewind(console);
+    int character = std::getc(console);
+    while (character != EOF) {
+        std::putchar(character);
+        character = std::getc(console);
+    }
+}
+
 // Performs the run, with a progress line on a terminal. False when it broke off.
 bool perform(const Arguments& arguments, HostOptions& options, bool with_progress) {
     RunProgress progress;
     options.progress = &progress;
-    if (with_progress && is_terminal(stdout)) {
-        // The buffer belongs to the stream from here to the end of the process.
-        static std::array<char, kHeldBack> held_back;
-        std::setvbuf(stdout, held_back.data(), _IOFBF, held_back.size());
-    }
+    const FileHandle waiting = console_beside_progress(with_progress);
+    options.console = waiting != nullptr ? waiting.get() : stdout;
     bool done = true;
     {
         std::optional<ProgressDisplay> display;
@@ -66,6 +75,9 @@ bool perform(const Arguments& arguments, HostOptions& options, bool with_progres
         } catch (const std::exception&) {
             done = false;
         }
+    }
+    if (waiting != nullptr) {
+        copy_to_output(waiting.get());
     }
     std::fflush(stdout);
     return done;
