@@ -31,7 +31,7 @@ std::vector<std::string> effect_names(const SetupView& view) {
             if (const std::size_t colon = name.find(": "); colon != std::string::npos) {
                 std::string effect = name.substr(colon + 2);
                 effect.erase(0, effect.starts_with("_") ? 1 : 0);
-                name = effect + " of " + name.substr(0, colon);
+                name = effect.append(" of ").append(name, 0, colon);
             }
             names.push_back(name);
         }
