@@ -6,7 +6,6 @@
 // carefully as code.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -15,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "support/golden_cases.h"
 #include "support/run_outputs.h"
 #include "support/scratch_directory.h"
 
@@ -26,17 +26,8 @@ namespace {
 constexpr std::size_t kLargestFile = 40000;
 constexpr std::size_t kDigestLines = 3;
 
-fs::path golden_directory() { return fs::path(OVRI_SOURCE_DIRECTORY) / "tests" / "golden"; }
-
-std::vector<std::string> case_names() {
-    std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(golden_directory())) {
-        if (entry.is_directory()) {
-            names.push_back(entry.path().filename().string());
-        }
-    }
-    std::sort(names.begin(), names.end());
-    return names;
+fs::path expected_directory(const std::string& name) {
+    return fs::path(OVRI_SOURCE_DIRECTORY) / "tests" / "golden" / name / "expected";
 }
 
 std::vector<std::string> lines_of(const std::string& text) {
@@ -81,40 +72,14 @@ OutputFiles as_kept(const OutputFiles& files) {
 // Runs the case in a directory of its own, so that the names inside its files are always the same.
 OutputFiles run_case(const std::string& name) {
     const ScratchDirectory scratch;
-    for (const fs::directory_entry& entry : fs::directory_iterator(golden_directory() / name)) {
-        if (entry.is_regular_file()) {
-            fs::copy_file(entry.path(), scratch.path() / entry.path().filename());
-        }
-    }
-    RunOutputs outputs = run_in_directory(scratch.path());
+    copy_golden_inputs(name, scratch.path());
+    RunOutputs outputs = run_in_directory(scratch.path(), kGoldenClock);
     outputs.files["console.txt"] = outputs.console;
     return outputs.files;
 }
 
-std::string names_of(const OutputFiles& files) {
-    std::string names;
-    for (const auto& [name, text] : files) {
-        names += name + "\n";
-    }
-    return names;
-}
-
-// Where two texts part, for the reader of a failure.
-std::string first_difference(const std::string& expected, const std::string& actual) {
-    const std::vector<std::string> a = lines_of(expected);
-    const std::vector<std::string> b = lines_of(actual);
-    std::size_t line = 0;
-    while (line < a.size() && line < b.size() && a[line] == b[line]) {
-        ++line;
-    }
-    const auto at = [line](const std::vector<std::string>& lines) {
-        return line < lines.size() ? lines[line] : std::string("(end)");
-    };
-    return "line " + std::to_string(line + 1) + "\n  expected: " + at(a) + "\n  actual:   " + at(b);
-}
-
 void renew(const std::string& name, const OutputFiles& files) {
-    const fs::path directory = golden_directory() / name / "expected";
+    const fs::path directory = expected_directory(name);
     fs::remove_all(directory);
     fs::create_directories(directory);
     for (const auto& [file, text] : files) {
@@ -135,15 +100,10 @@ TEST_P(GoldenRun, LeavesTheExpectedBytes) {
         renew(GetParam(), actual);
         GTEST_SKIP() << "renewed " << GetParam();
     }
-    const OutputFiles expected = files_below(golden_directory() / GetParam() / "expected");
-    ASSERT_EQ(names_of(expected), names_of(actual));
-    for (const auto& [name, text] : expected) {
-        EXPECT_TRUE(text == actual.at(name))
-            << name << ", " << first_difference(text, actual.at(name));
-    }
+    EXPECT_EQ(difference(files_below(expected_directory(GetParam())), actual), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, GoldenRun, testing::ValuesIn(case_names()),
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenRun, testing::ValuesIn(golden_case_names()),
                          [](const testing::TestParamInfo<std::string>& named) {
                              return named.param;
                          });
