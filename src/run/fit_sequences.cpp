@@ -49,7 +49,7 @@ Matrix spread_draws(const Matrix& draws, const std::vector<double>& full) {
 
 template <class Network>
 void fit_after_estimation(RunContext& run, const std::optional<Network>& free_dyads) {
-    if (KindOf<Network>::directed) {
+    if (KindOf<Network>::kDirected) {
         TextWriter(run.options.console).text("gof!");
     }
     assign_full_model(run.selection);
@@ -88,7 +88,7 @@ void fit_sequence(RunContext& run) {
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
     burn_in_and_fit(run, chain, observed, settings.burn_in, settings.iterations, interval);
     // A directed fit writes no end report.
-    if (!KindOf<Network>::directed) {
+    if (!KindOf<Network>::kDirected) {
         report_statistics(network, run.selection, run.paths.end_statistics);
     }
 }

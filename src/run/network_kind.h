@@ -1,8 +1,6 @@
 // The verbs that a run sequence needs of a network record, under one name for both records.
 #pragma once
 
-#include <cmath>
-
 #include "base/conversions.h"
 #include "effects/cliques.h"
 #include "effects/evaluation.h"
@@ -17,8 +15,8 @@ struct KindOf;
 
 template <>
 struct KindOf<Graph> {
-    static constexpr bool directed = false;
-    static constexpr int first_effect = graph_effect::kEdge;
+    static constexpr bool kDirected = false;
+    static constexpr int kFirstEffect = graph_effect::kEdge;
 
     static Graph read(const std::string& path, int n, int p, int depth) {
         return graph_read_matrix(path, n, p, depth);
@@ -37,16 +35,29 @@ struct KindOf<Graph> {
         graph_compute_statistics(graph, model);
     }
     static void copy(const Graph& from, Graph& to) { graph_copy(from, to); }
-    static constexpr auto simulate = graph_simulation_run;
-    static constexpr auto estimate = estimate_graph;
-    static constexpr auto fit = gof_graph;
-    static constexpr auto bayesian_fit = bayes_gof_graph;
+    static void simulate(Chain<Graph>& chain, const RunSetting& setting, double iterations,
+                         double sample_interval) {
+        graph_simulation_run(chain, setting, iterations, sample_interval);
+    }
+    static int estimate(Chain<Graph>& chain, const RunSetting& setting,
+                        const EstimationSettings& settings, std::vector<double>& parameters,
+                        Matrix& scaling_matrix) {
+        return estimate_graph(chain, setting, settings, parameters, scaling_matrix);
+    }
+    static void fit(Chain<Graph>& chain, Graph& observed, const RunSetting& setting,
+                    double proposals, double interval) {
+        gof_graph(chain, observed, setting, proposals, interval);
+    }
+    static void bayesian_fit(Chain<Graph>& chain, Graph& observed, const RunSetting& setting,
+                             const Matrix& parameter_sets, int planned, double burn_in) {
+        bayes_gof_graph(chain, observed, setting, parameter_sets, planned, burn_in);
+    }
 };
 
 template <>
 struct KindOf<Digraph> {
-    static constexpr bool directed = true;
-    static constexpr int first_effect = digraph_effect::kArc;
+    static constexpr bool kDirected = true;
+    static constexpr int kFirstEffect = digraph_effect::kArc;
 
     static Digraph read(const std::string& path, int n, int p, int) {
         return digraph_read_matrix(path, n, p);
@@ -64,8 +75,21 @@ struct KindOf<Digraph> {
         digraph_compute_statistics(digraph, model);
     }
     static void copy(const Digraph& from, Digraph& to) { digraph_copy(from, to); }
-    static constexpr auto simulate = digraph_simulation_run;
-    static constexpr auto estimate = estimate_digraph;
-    static constexpr auto fit = gof_digraph;
-    static constexpr auto bayesian_fit = bayes_gof_digraph;
+    static void simulate(Chain<Digraph>& chain, const RunSetting& setting, double iterations,
+                         double sample_interval) {
+        digraph_simulation_run(chain, setting, iterations, sample_interval);
+    }
+    static int estimate(Chain<Digraph>& chain, const RunSetting& setting,
+                        const EstimationSettings& settings, std::vector<double>& parameters,
+                        Matrix& scaling_matrix) {
+        return estimate_digraph(chain, setting, settings, parameters, scaling_matrix);
+    }
+    static void fit(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
+                    double proposals, double interval) {
+        gof_digraph(chain, observed, setting, proposals, interval);
+    }
+    static void bayesian_fit(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
+                             const Matrix& parameter_sets, int planned, double burn_in) {
+        bayes_gof_digraph(chain, observed, setting, parameter_sets, planned, burn_in);
+    }
 };
