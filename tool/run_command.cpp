@@ -59,7 +59,7 @@ void copy_to_output(std::FILE* console) {
 }
 
 // Performs the run, with a progress line on a terminal. False when it broke off.
-bool perform(const Arguments& arguments, HostOptions& options, bool with_progress) {
+bool perform(const Arguments& arguments, HostOptions options, bool with_progress) {
     RunProgress progress;
     options.progress = &progress;
     const FileHandle waiting = console_beside_progress(with_progress);
