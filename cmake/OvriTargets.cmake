@@ -24,6 +24,10 @@ endif()
 if(OVRI_SANITIZE)
   target_compile_options(ovri_settings INTERFACE -fsanitize=address,undefined
                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # What the sanitizers weave in makes GCC doubt variables that are always set.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(ovri_settings INTERFACE -Wno-maybe-uninitialized)
+  endif()
   target_link_options(ovri_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
