@@ -1,10 +1,10 @@
 #include <cstdio>
 #include <exception>
 
-#include "arguments.h"
-#include "commands.h"
-#include "help.h"
-#include "host_arguments.h"
+#include "commands/arguments.h"
+#include "commands/commands.h"
+#include "commands/help.h"
+#include "terminal/host_arguments.h"
 
 namespace {
 

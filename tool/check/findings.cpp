@@ -1,0 +1,91 @@
+#include "check/findings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::size_t kMostCharacters = 200;
+
+void print_line(std::FILE* out, const char* head, const std::string& text) {
+    if (!text.empty()) {
+        std::fprintf(out, "    %-9s %s\n", head, text.c_str());
+    }
+}
+
+void print_finding(const Finding& finding, std::FILE* out) {
+    const char* severity = finding.severity == Severity::error ? "error" : "warning";
+    std::fputs(finding.where.file.c_str(), out);
+    if (finding.where.line > 0) {
+        std::fprintf(out, ":%d", finding.where.line);
+    }
+    std::fprintf(out, ": %s: %s\n", severity, finding.where.field.c_str());
+    print_line(out, "found:", finding.found);
+    print_line(out, "expected:", finding.expected);
+    print_line(out, "to mend:", finding.mend);
+}
+
+std::string escape(unsigned char character) {
+    switch (character) {
+        case '\r':
+            return "\\r";
+        case '\n':
+            return "\\n";
+        case '\t':
+            return "\\t";
+        default: {
+            std::array<char, 8> text{};
+            std::snprintf(text.data(), text.size(), "\\x%02X", character);
+            return text.data();
+        }
+    }
+}
+
+}  // namespace
+
+void add_error(Findings& findings, const Where& where, const std::string& found,
+               const std::string& expected, const std::string& mend) {
+    findings.list.push_back({Severity::error, where, found, expected, mend});
+}
+
+void add_warning(Findings& findings, const Where& where, const std::string& found,
+                 const std::string& expected, const std::string& mend) {
+    findings.list.push_back({Severity::warning, where, found, expected, mend});
+}
+
+int count_findings(const Findings& findings, Severity severity) {
+    return static_cast<int>(
+        std::count_if(findings.list.begin(), findings.list.end(),
+                      [severity](const Finding& each) { return each.severity == severity; }));
+}
+
+std::string findings_summary(const Findings& findings) {
+    return counted(count_findings(findings, Severity::error), "error") + ", " +
+           counted(count_findings(findings, Severity::warning), "warning");
+}
+
+void print_findings(const Findings& findings, bool with_warnings, std::FILE* out) {
+    for (const Severity severity : {Severity::error, Severity::warning}) {
+        for (const Finding& finding : findings.list) {
+            if (finding.severity == severity && (with_warnings || severity == Severity::error)) {
+                print_finding(finding, out);
+            }
+        }
+    }
+}
+
+std::string quoted(const std::string& text) {
+    std::string shown = "\"";
+    std::size_t k = 0;
+    // A character of several bytes is shown whole.
+    for (; k < text.size() && (k < kMostCharacters || (text[k] & 0xC0) == 0x80); ++k) {
+        const auto character = static_cast<unsigned char>(text[k]);
+        shown +=
+            character < 0x20 || character == 0x7F ? escape(character) : std::string(1, text[k]);
+    }
+    return shown + (k < text.size() ? "...\"" : "\"");
+}
+
+std::string counted(long long count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}

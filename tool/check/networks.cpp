@@ -1,0 +1,199 @@
+#include "base/text_reader.h"
+#include "check/checks.h"
+#include "check/files.h"
+#include "check/numbers.h"
+
+namespace {
+
+// What one check of a matrix works with.
+struct Subject {
+    const std::string& path;
+    const std::string& field;
+    int actors;
+    bool directed;
+    const NumberBlock<int>& block;
+
+    Where where(int line) const { return {path, line, field}; }
+    long long wanted() const { return static_cast<long long>(actors) * actors; }
+    int cell(int row, int column) const {
+        return block.values[static_cast<std::size_t>(row) * static_cast<std::size_t>(actors) +
+                            static_cast<std::size_t>(column)];
+    }
+};
+
+std::string times(long long n) { return std::to_string(n) + " x " + std::to_string(n); }
+
+std::string place_text(long long row, long long column) {
+    return "row " + std::to_string(row + 1) + ", column " + std::to_string(column + 1);
+}
+
+// What the word that stopped the reading tells about the file.
+std::string mend_for_word(const std::string& word, int line) {
+    if (word.find_first_of(",;") != std::string::npos) {
+        return "separate the cells by blanks, not by commas or semicolons";
+    }
+    if (!word.empty() && word[0] == '.') {
+        return "write whole numbers: the cell was read up to its decimal point";
+    }
+    if (line == 1) {
+        return "remove heads and names: the file holds the cells and nothing else";
+    }
+    return "write 0 or 1 there, and remove names and comments";
+}
+
+// A matrix of another size than the actor count says.
+std::string size_hint(long long numbers, int actors) {
+    const int root = square_root(numbers);
+    return root > 0 && root != actors
+               ? "; " + std::to_string(numbers) + " cells are a matrix of " + times(root) +
+                     ": the actor count may be meant to be " + std::to_string(root)
+               : "";
+}
+
+void report_break(const Subject& subject, Findings& findings) {
+    const Breakoff& end = subject.block.end;
+    const int n = subject.actors;
+    const std::string expected = counted(subject.wanted(), "cell") + " (" + times(n) +
+                                 " for the actor count of " + std::to_string(n) + ")";
+    if (end.at_end) {
+        add_error(findings, subject.where(end.place.line),
+                  "the end of the file after " + counted(end.index, "cell"), expected,
+                  "write the missing " + counted(end.unread, "cell") +
+                      ", or correct the actor count" + size_hint(end.index, n));
+        return;
+    }
+    const std::string more =
+        end.unread > 1 ? "; this and " + counted(end.unread - 1, "more cell") + " cannot be read"
+                       : "; it cannot be read and repeats the cell before";
+    add_error(findings, subject.where(end.place.line),
+              quoted(end.place.word) + " in " + place_text(end.index / n, end.index % n) + more,
+              expected, mend_for_word(end.place.word, end.place.line));
+}
+
+void report_surplus(const Subject& subject, TextReader& reader, Findings& findings) {
+    const std::string expected = times(subject.actors) + " cells and nothing more";
+    if (const long long surplus = count_surplus(reader); surplus > 0) {
+        const int width = count_words(line_of_file(subject.path, 1));
+        const std::string rows = width != subject.actors
+                                     ? "; its first line holds " + counted(width, "number") +
+                                           ", so rows are read across lines"
+                                     : "";
+        add_warning(findings, subject.where(0),
+                    counted(surplus, "cell") + " more than are read" + rows, expected,
+                    "remove them or correct the actor count; they are ignored" +
+                        size_hint(subject.wanted() + surplus, subject.actors));
+    }
+    if (!reader_at_end(reader)) {
+        const TextPlace place = place_in_file(subject.path, reader_offset(reader));
+        add_warning(findings, subject.where(place.line),
+                    quoted(place.word) + " behind the last cell", expected,
+                    "remove it; it is ignored");
+    }
+}
+
+// Cells that have something strange in common: how many, and which is the first.
+struct Sample {
+    long long count = 0;
+    int row = 0;
+    int column = 0;
+};
+
+template <class Strange>
+Sample sample_cells(const Subject& subject, Strange strange) {
+    Sample sample;
+    for (int row = 0; row < subject.actors; ++row) {
+        for (int column = 0; column < subject.actors; ++column) {
+            if (strange(row, column) && sample.count++ == 0) {
+                sample.row = row;
+                sample.column = column;
+            }
+        }
+    }
+    return sample;
+}
+
+Where where_sample(const Subject& subject, const Sample& sample) {
+    const long long index = static_cast<long long>(sample.row) * subject.actors + sample.column;
+    return subject.where(
+        place_of_number<int>(subject.path, subject.block.begin, index, reader_cell).line);
+}
+
+std::string more_of(const Sample& sample, const std::string& what) {
+    return sample.count > 1 ? " and " + counted(sample.count - 1, "more " + what) : "";
+}
+
+void check_values(const Subject& subject, Findings& findings) {
+    const Sample strange = sample_cells(subject, [&subject](int i, int j) {
+        const int value = subject.cell(i, j);
+        return (subject.directed ? i != j : i < j) && value != 0 && value != 1;
+    });
+    if (strange.count > 0) {
+        add_warning(findings, where_sample(subject, strange),
+                    quoted(std::to_string(subject.cell(strange.row, strange.column))) + " in " +
+                        place_text(strange.row, strange.column) + more_of(strange, "cell"),
+                    "0 or 1", "write 1 for a tie: any other number is read as no tie");
+    }
+    const Sample loops = sample_cells(
+        subject, [&subject](int i, int j) { return i == j && subject.cell(i, j) == 1; });
+    if (loops.count > 0) {
+        add_warning(findings, where_sample(subject, loops),
+                    "a tie of actor " + std::to_string(loops.row + 1) + " to itself" +
+                        more_of(loops, "such cell"),
+                    "0 on the diagonal", "write 0: ties to oneself are ignored");
+    }
+}
+
+void check_symmetry(const Subject& subject, Findings& findings) {
+    const Sample uneven = sample_cells(subject, [&subject](int i, int j) {
+        return j < i && (subject.cell(i, j) == 1) != (subject.cell(j, i) == 1);
+    });
+    if (!subject.directed && uneven.count > 0) {
+        add_warning(
+            findings, where_sample(subject, uneven),
+            place_text(uneven.row, uneven.column) + " differs from its mirror cell" +
+                (uneven.count > 1 ? ", and so do " + counted(uneven.count - 1, "more pair") : ""),
+            "a symmetric matrix for an undirected network",
+            "make both cells equal: only the cell above the diagonal is used");
+    }
+}
+
+Ties make_ties(const Subject& subject) {
+    Ties ties{subject.actors, subject.directed, {}};
+    for (int i = 0; i < subject.actors; ++i) {
+        for (int j = 0; j < subject.actors; ++j) {
+            const int cell = subject.directed || i < j ? subject.cell(i, j) : subject.cell(j, i);
+            ties.cells.push_back(i != j && cell == 1 ? 1 : 0);
+        }
+    }
+    return ties;
+}
+
+}  // namespace
+
+bool has_actor_count(const SetupView& view) {
+    return find_item(view, "actor count") != nullptr && view.setup.settings.actor_count >= 2;
+}
+
+std::optional<Ties> check_network(const SetupView& view, const std::string& field,
+                                  const std::string& path, Findings& findings) {
+    const int actors = view.setup.settings.actor_count;
+    const std::string expected =
+        has_actor_count(view) ? "a file of " + times(actors) + " cells" : "a file of cells";
+    if (!check_readable(view, field, path, expected, findings) || !has_actor_count(view)) {
+        return std::nullopt;
+    }
+    TextReader reader = reader_open(path);
+    const NumberBlock<int> block =
+        read_numbers<int>(reader, path, static_cast<long long>(actors) * actors, reader_cell);
+    const bool directed =
+        view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed);
+    const Subject subject = {path, field, actors, directed, block};
+    if (!block.complete()) {
+        report_break(subject, findings);
+        return std::nullopt;
+    }
+    check_values(subject, findings);
+    check_symmetry(subject, findings);
+    report_surplus(subject, reader, findings);
+    return make_ties(subject);
+}

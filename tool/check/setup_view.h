@@ -1,0 +1,58 @@
+// A setup file as the engine read it, beside its text: what a check looks at.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/findings.h"
+#include "run/setup_file.h"
+
+struct SetupView {
+    std::string path;
+    // The bytes of the file, and the offset at which each line begins.
+    std::string text;
+    std::vector<long> line_starts;
+    SetupFile setup;
+    SetupTrace trace;
+    // Reading ended early because a count cannot be true; the last item of the trace is that count.
+    bool impossible_count = false;
+    // Items before the first one that was not read as its writer must have meant it. Only they are
+    // worth a further look.
+    std::size_t trusted = 0;
+    // The output directory of the command line; empty for the setup file's own.
+    std::string output;
+};
+
+SetupView read_view(const std::string& path, const std::string& output);
+
+const std::string& output_directory(const SetupView& view);
+
+// The line of an offset, from 1.
+int line_at(const SetupView& view, long offset);
+
+// The word at an offset, up to white space.
+std::string word_at(const SetupView& view, long offset);
+
+std::string line_text(const SetupView& view, int line);
+
+// The item of that field when it was read and can be trusted, else null.
+const SetupItem* find_item(const SetupView& view, const std::string& field);
+
+// The line of an item's value.
+Where where_item(const SetupView& view, const SetupItem& item);
+
+// The same for a field; the file as a whole when the setup has no such item.
+Where where_field(const SetupView& view, const std::string& field);
+
+// Whether the whole file was read as meant.
+bool all_trusted(const SetupView& view);
+
+// The number that a word begins with, as the engine reads it, and whether the word is nothing else.
+struct NumberWord {
+    bool number = false;
+    bool whole_word = false;
+    double value = 0.0;
+};
+NumberWord integer_word(const std::string& word);
+NumberWord real_word(const std::string& word);

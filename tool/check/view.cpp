@@ -1,0 +1,24 @@
+#include "check/checks.h"
+
+Findings check_view(SetupView& view) {
+    Findings findings;
+    check_setup(view, findings);
+    check_outputs(view, findings);
+    check_settings(view, findings);
+    std::optional<Ties> observed;
+    std::optional<Ties> free_dyads;
+    const RunSettings& settings = view.setup.settings;
+    if (find_item(view, "network file") != nullptr) {
+        observed = check_network(view, "network file", settings.network_path, findings);
+    }
+    if (find_item(view, "free dyads file") != nullptr) {
+        free_dyads = check_network(view, "free dyads file", settings.free_dyads_path, findings);
+    }
+    check_moves(view, observed ? &*observed : nullptr, free_dyads ? &*free_dyads : nullptr,
+                findings);
+    check_attributes(view, findings);
+    check_covariates(view, findings);
+    check_covariance(view, findings);
+    check_model(view, findings);
+    return findings;
+}

@@ -1,0 +1,132 @@
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <vector>
+
+#include "base/open_file.h"
+#include "check/checks.h"
+#include "check/overview.h"
+#include "commands/commands.h"
+#include "commands/reseeding.h"
+#include "commands/results.h"
+#include "run/run.h"
+#include "terminal/progress.h"
+#include "terminal/terminal.h"
+
+namespace {
+
+#ifdef _WIN32
+constexpr char kSeparator = '\\';
+#else
+constexpr char kSeparator = '/';
+#endif
+
+// False when errors forbid the run.
+bool check_first(SetupView& view, const Arguments& arguments) {
+    const Findings findings = check_view(view);
+    const bool fine = count_findings(findings, Severity::error) == 0;
+    print_findings(findings, !arguments.quiet, stderr);
+    if (!fine) {
+        std::fprintf(stderr, "%s: %s; nothing was run and nothing was written\n", view.path.c_str(),
+                     findings_summary(findings).c_str());
+    }
+    return fine;
+}
+
+// False when the setup file does not even name a run.
+bool can_begin(const SetupView& view) {
+    if (view.setup.selection.catalogue != nullptr) {
+        return true;
+    }
+    std::fprintf(stderr, "%s: the setup file cannot be read far enough to know what to run\n",
+                 view.path.c_str());
+    return false;
+}
+
+// Where the run's own text waits while a progress line has the terminal; standard output when it
+// need not wait.
+FileHandle console_beside_progress(bool with_progress) {
+    return FileHandle(with_progress && is_terminal(stdout) ? std::tmpfile() : nullptr);
+}
+
+void copy_to_output(std::FILE* console) {
+    std::rewind(console);
+    int character = std::getc(console);
+    while (character != EOF) {
+        std::putchar(character);
+        character = std::getc(console);
+    }
+}
+
+// Performs the run, with a progress line on a terminal. False when it broke off.
+bool perform(const Arguments& arguments, HostOptions options, bool with_progress) {
+    RunProgress progress;
+    options.progress = &progress;
+    const FileHandle waiting = console_beside_progress(with_progress);
+    options.console = waiting != nullptr ? waiting.get() : stdout;
+    bool done = true;
+    {
+        std::optional<ProgressDisplay> display;
+        if (with_progress) {
+            display.emplace(progress, stderr);
+        }
+        try {
+            run_setup_file(arguments.setup, options);
+        } catch (const std::exception&) {
+            done = false;
+        }
+    }
+    if (waiting != nullptr) {
+        copy_to_output(waiting.get());
+    }
+    std::fflush(stdout);
+    return done;
+}
+
+void summarise(const SetupView& view, const Results& results, const Reseeding& reseeding,
+               const std::vector<std::string>& written) {
+    const std::string what = describe_setup(view);
+    std::fprintf(stderr, "Done%s%s\n", what.empty() ? "" : ": ", what.c_str());
+    reseeding.summarise(stderr);
+    std::fprintf(stderr, "Results:\n");
+    for (const std::string& path : written) {
+        std::fprintf(stderr, "  %s%s\n", path.c_str(),
+                     results.was_there(path) ? " (added to the end)" : "");
+    }
+    if (!results.sample_prefix().empty()) {
+        std::fprintf(stderr, "  %s*.txt (one report for each sample)\n",
+                     results.sample_prefix().c_str());
+    }
+}
+
+}  // namespace
+
+int run_command(const Arguments& arguments) {
+    SetupView view = read_view(arguments.setup, arguments.output);
+    if ((arguments.check_first && !check_first(view, arguments)) || !can_begin(view)) {
+        return kErrorsFound;
+    }
+    Reseeding reseeding(arguments);
+    HostOptions options;
+    options.path_separator = kSeparator;
+    options.output_directory = arguments.output;
+    options.updates_beside_outputs = true;
+    options.clock_seconds = reseeding.clock();
+    reseeding.announce(stderr);
+    const Results results(view, kSeparator);
+    if (!perform(arguments, options, !arguments.quiet && is_terminal(stderr))) {
+        std::fprintf(stderr, "%s: memory ran out; what is written so far is incomplete\n",
+                     view.path.c_str());
+        return kNotCompleted;
+    }
+    const std::vector<std::string> written = results.written();
+    if (written.empty()) {
+        std::fprintf(stderr, "%s: the run left no results in %s\n", view.path.c_str(),
+                     output_directory(view).c_str());
+        return kNotCompleted;
+    }
+    if (!arguments.quiet) {
+        summarise(view, results, reseeding, written);
+    }
+    return kDone;
+}

@@ -1,0 +1,130 @@
+#include "terminal/progress.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kPause{100};
+// Below this share of a stage nothing is known about its end.
+constexpr double kEnoughToTell = 0.01;
+
+const char* stage_name(RunStage stage) {
+    switch (stage) {
+        case RunStage::reading:
+            return "reading";
+        case RunStage::burn_in:
+            return "burn-in";
+        case RunStage::simulation:
+            return "simulation";
+        case RunStage::phase1:
+            return "phase 1";
+        case RunStage::phase2:
+            return "phase 2";
+        case RunStage::phase3:
+            return "phase 3";
+        case RunStage::fit:
+            return "goodness of fit";
+        case RunStage::bayesian_fit:
+            return "Bayesian goodness of fit";
+        case RunStage::done:
+            break;
+    }
+    return "finishing";
+}
+
+std::string step_text(RunStage stage, int step, int steps) {
+    const std::string place = std::to_string(step + 1) + " of " + std::to_string(steps);
+    if (steps > 0 && stage == RunStage::phase2) {
+        return ", sub-phase " + place;
+    }
+    return steps > 0 && stage == RunStage::bayesian_fit ? ", parameter set " + place : "";
+}
+
+// The share of the stage that is done. A Bayesian fit counts its sets, each a stage of its own.
+double share_done(const RunProgress& progress, RunStage stage) {
+    const double total = progress.work_total.load(std::memory_order_relaxed);
+    const double done = progress.work_done.load(std::memory_order_relaxed);
+    double share = total > 0.0 ? std::clamp(done / total, 0.0, 1.0) : 0.0;
+    const int steps = progress.steps.load(std::memory_order_relaxed);
+    if (stage == RunStage::bayesian_fit && steps > 0) {
+        share = (progress.step.load(std::memory_order_relaxed) + share) / steps;
+    }
+    return share;
+}
+
+std::string time_text(double seconds) {
+    const auto whole = static_cast<long>(std::min(seconds, 360000.0));
+    std::array<char, 32> text{};
+    if (whole >= 3600) {
+        std::snprintf(text.data(), text.size(), "%ld:%02ld:%02ld", whole / 3600, whole / 60 % 60,
+                      whole % 60);
+    } else {
+        std::snprintf(text.data(), text.size(), "%ld:%02ld", whole / 60, whole % 60);
+    }
+    return text.data();
+}
+
+}  // namespace
+
+std::string progress_line(const RunProgress& progress, double seconds) {
+    const RunStage stage = progress.stage.load(std::memory_order_relaxed);
+    std::string line = stage_name(stage);
+    if (stage == RunStage::reading || stage == RunStage::done) {
+        return line;
+    }
+    line += step_text(stage, progress.step.load(std::memory_order_relaxed),
+                      progress.steps.load(std::memory_order_relaxed));
+    const double share = share_done(progress, stage);
+    line += ", " + std::to_string(static_cast<int>(share * 100.0)) + "%";
+    if (share >= kEnoughToTell) {
+        // Phase 2 may end a sub-phase before its largest number of steps.
+        line += std::string(stage == RunStage::phase2 ? ", at most " : ", ") +
+                time_text(seconds * (1.0 - share) / share) +
+                (stage == RunStage::phase2 ? " left in this sub-phase" : " left in this stage");
+    }
+    return line;
+}
+
+ProgressDisplay::ProgressDisplay(const RunProgress& progress, std::FILE* out)
+    : progress_(progress), out_(out), thread_([this] { show_until_ended(); }) {}
+
+ProgressDisplay::~ProgressDisplay() {
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        ended_ = true;
+    }
+    end_.notify_one();
+    thread_.join();
+    show("");
+    std::fputc('\r', out_);
+    std::fflush(out_);
+}
+
+void ProgressDisplay::show_until_ended() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    RunStage stage = RunStage::reading;
+    int step = -1;
+    Clock::time_point begin = Clock::now();
+    while (!end_.wait_for(lock, kPause, [this] { return ended_; })) {
+        const RunStage now = progress_.stage.load(std::memory_order_relaxed);
+        const int now_step = progress_.step.load(std::memory_order_relaxed);
+        if (now != stage || (now == RunStage::phase2 && now_step != step)) {
+            stage = now;
+            step = now_step;
+            begin = Clock::now();
+        }
+        show(progress_line(progress_, std::chrono::duration<double>(Clock::now() - begin).count()));
+    }
+}
+
+// Blanks cover what is left of a longer line: not every terminal can erase.
+void ProgressDisplay::show(const std::string& line) {
+    const std::size_t cover = shown_ > line.size() ? shown_ - line.size() : 0;
+    std::fprintf(out_, "\r%s%s", line.c_str(), std::string(cover, ' ').c_str());
+    std::fflush(out_);
+    shown_ = line.size();
+}
