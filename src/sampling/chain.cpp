@@ -2,21 +2,10 @@
 
 #include <cmath>
 
+#include "network/network_verbs.h"
 #include "sampling/proposals.h"
 
 namespace {
-
-// The same verbs for both records, so that the steps are written once.
-void add_bit(Graph& graph, Dyad dyad) { graph_add_edge(graph, dyad.i, dyad.j); }
-void add_bit(Digraph& digraph, Dyad dyad) { digraph_add_arc(digraph, dyad.i, dyad.j); }
-void remove_bit(Graph& graph, Dyad dyad) { graph_remove_edge(graph, dyad.i, dyad.j); }
-void remove_bit(Digraph& digraph, Dyad dyad) { digraph_remove_arc(digraph, dyad.i, dyad.j); }
-void update_tables(Graph& graph, Dyad dyad, int adding) {
-    graph_update_two_paths(graph, dyad.i, dyad.j, adding);
-}
-void update_tables(Digraph& digraph, Dyad dyad, int adding) {
-    digraph_update_two_paths(digraph, dyad.i, dyad.j, adding);
-}
 
 bool refused_by_cap(const Graph& graph, Dyad dyad, int cap) {
     return graph.degree[static_cast<std::size_t>(dyad.i)] == cap ||
@@ -24,7 +13,7 @@ bool refused_by_cap(const Graph& graph, Dyad dyad, int cap) {
 }
 bool refused_by_cap(const Digraph& digraph, Dyad dyad, int cap) {
     return digraph.out_degree[static_cast<std::size_t>(dyad.i)] == cap ||
-           digraph.in_degree[static_cast<std::size_t>(dyad.j)] == kNoCap;
+           digraph.in_degree[static_cast<std::size_t>(dyad.j)] == kInDegreeCap;
 }
 
 template <class Network>
@@ -39,7 +28,7 @@ int toggle_step(Chain<Network>& chain) {
     const std::size_t p = chain.change.size();
     const bool tied = has_tie(network, dyad.i, dyad.j);
     if (tied) {
-        remove_bit(network, dyad);
+        remove_bit(network, dyad.i, dyad.j);
     } else if (refused_by_cap(network, dyad, chain.max_degree)) {
         return 0;
     }
@@ -49,7 +38,7 @@ int toggle_step(Chain<Network>& chain) {
     const double ratio = std::exp(tied ? -log_odds : log_odds);
     if (!(ratio >= random_uniform(chain.random))) {
         if (tied) {
-            add_bit(network, dyad);
+            add_bit(network, dyad.i, dyad.j);
         }
         return 0;
     }
@@ -62,48 +51,66 @@ int toggle_step(Chain<Network>& chain) {
         for (std::size_t m = 0; m < p; ++m) {
             statistics[m] += change[m];
         }
-        add_bit(network, dyad);
+        add_bit(network, dyad.i, dyad.j);
     }
-    update_tables(network, dyad, adding);
+    update_tables(network, dyad.i, dyad.j, adding);
     return 1;
 }
 
-// Removes one tie and adds another in one proposal. `strict` asks the ratio to be greater than the
-// uniform number instead of not less.
+// Removes one tie and adds another in one proposal.
 template <class Network>
-int swap_dyads(Chain<Network>& chain, Dyad tied, Dyad empty, bool strict) {
+int swap_dyads(Chain<Network>& chain, Dyad tied, Dyad empty) {
     Network& network = chain.network;
     double* removal = chain.removal.data();
     double* addition = chain.change.data();
-    remove_bit(network, tied);
+    remove_bit(network, tied.i, tied.j);
     const double removed =
         evaluate_weighted(network, chain.model, chain.parameters, removal, tied.i, tied.j, 0);
-    update_tables(network, tied, 0);
+    update_tables(network, tied.i, tied.j, 0);
     const double added =
         evaluate_weighted(network, chain.model, chain.parameters, addition, empty.i, empty.j, 1);
     const double ratio = std::exp(added - removed);
     const double uniform = random_uniform(chain.random);
-    if (!(strict ? ratio > uniform : ratio >= uniform)) {
-        add_bit(network, tied);
-        update_tables(network, tied, 1);
+    if (!(kDirected<Network> ? ratio > uniform : ratio >= uniform)) {
+        add_bit(network, tied.i, tied.j);
+        update_tables(network, tied.i, tied.j, 1);
         return 0;
     }
     if (has_unweighted(chain.model, chain.parameters)) {
         evaluate_unweighted(network, chain.model, chain.parameters, addition, empty.i, empty.j, 1);
         // The removal's own state: the tie gone from bits and degrees, still counted by the tables.
-        add_bit(network, tied);
-        update_tables(network, tied, 1);
-        remove_bit(network, tied);
+        add_bit(network, tied.i, tied.j);
+        update_tables(network, tied.i, tied.j, 1);
+        remove_bit(network, tied.i, tied.j);
         evaluate_unweighted(network, chain.model, chain.parameters, removal, tied.i, tied.j, 0);
-        update_tables(network, tied, 0);
+        update_tables(network, tied.i, tied.j, 0);
     }
     double* statistics = network.statistics.data();
     for (std::size_t m = 0; m < chain.change.size(); ++m) {
         statistics[m] = addition[m] + statistics[m] - removal[m];
     }
-    add_bit(network, empty);
-    update_tables(network, empty, 1);
+    add_bit(network, empty.i, empty.j);
+    update_tables(network, empty.i, empty.j, 1);
     return 1;
+}
+
+template <class Network>
+int swap_step(Chain<Network>& chain) {
+    Dyad tied;
+    Dyad empty;
+    if (tie_count(chain.network) < 2 || chain.stuck || !draw_swap(chain, tied, empty)) {
+        return 0;
+    }
+    return swap_dyads(chain, tied, empty);
+}
+
+int sender_swap_step(Chain<Digraph>& chain) {
+    Dyad tied;
+    Dyad empty;
+    if (chain.stuck || !draw_sender_swap(chain, tied, empty)) {
+        return 0;
+    }
+    return swap_dyads(chain, tied, empty);
 }
 
 }  // namespace
@@ -116,50 +123,20 @@ void chain_prepare(Chain<Network>& chain) {
 template void chain_prepare<Graph>(Chain<Graph>&);
 template void chain_prepare<Digraph>(Chain<Digraph>&);
 
-int graph_toggle_step(Chain<Graph>& chain) { return toggle_step(chain); }
-int digraph_toggle_step(Chain<Digraph>& chain) { return toggle_step(chain); }
-
-int graph_swap_step(Chain<Graph>& chain) {
-    Dyad tied;
-    Dyad empty;
-    if (chain.network.edges < 2 || chain.stuck || !draw_swap(chain, tied, empty)) {
-        return 0;
+template <class Network>
+int chain_step(Chain<Network>& chain) {
+    if (chain.proposal_kind == 1) {
+        return swap_step(chain);
     }
-    return swap_dyads(chain, tied, empty, false);
-}
-
-int digraph_swap_step(Chain<Digraph>& chain) {
-    Dyad tied;
-    Dyad empty;
-    if (chain.network.arcs < 2 || chain.stuck || !draw_swap(chain, tied, empty)) {
-        return 0;
+    if constexpr (kDirected<Network>) {
+        if (chain.proposal_kind == 2) {
+            return sender_swap_step(chain);
+        }
     }
-    return swap_dyads(chain, tied, empty, true);
+    return toggle_step(chain);
 }
-
-int digraph_sender_swap_step(Chain<Digraph>& chain) {
-    Dyad tied;
-    Dyad empty;
-    if (chain.stuck || !draw_sender_swap(chain, tied, empty)) {
-        return 0;
-    }
-    return swap_dyads(chain, tied, empty, true);
-}
-
-int chain_step(Chain<Graph>& chain) {
-    return chain.proposal_kind == 1 ? graph_swap_step(chain) : graph_toggle_step(chain);
-}
-
-int chain_step(Chain<Digraph>& chain) {
-    switch (chain.proposal_kind) {
-        case 1:
-            return digraph_swap_step(chain);
-        case 2:
-            return digraph_sender_swap_step(chain);
-        default:
-            return digraph_toggle_step(chain);
-    }
-}
+template int chain_step<Graph>(Chain<Graph>&);
+template int chain_step<Digraph>(Chain<Digraph>&);
 
 template <class Network>
 void burn_in_run(Chain<Network>& chain, double proposals, RunProgress& progress) {

@@ -13,8 +13,10 @@
 #include "base/random_source.h"
 #include "effects/evaluation.h"
 
-// Degree cap where none is set; also the cap on in-degrees, which cannot be set.
+// Degree cap where none is set.
 constexpr int kNoCap = 9999;
+// Cap on in-degrees. It cannot be set: an arc to an actor with this many is refused in every run.
+constexpr int kInDegreeCap = 9999;
 
 template <class Network>
 struct Chain {
@@ -42,18 +44,11 @@ struct Chain {
 template <class Network>
 void chain_prepare(Chain<Network>& chain);
 
-// One step of the chain's proposal kind; 1 when the proposal was accepted, else 0.
-int chain_step(Chain<Graph>& chain);
-int chain_step(Chain<Digraph>& chain);
-
-// The steps themselves. Accepted when the ratio is not less than a uniform number (toggles and the
-// undirected swap), or greater than it (the two directed swaps); a ratio that is not a number is
-// rejected.
-int graph_toggle_step(Chain<Graph>& chain);
-int graph_swap_step(Chain<Graph>& chain);
-int digraph_toggle_step(Chain<Digraph>& chain);
-int digraph_swap_step(Chain<Digraph>& chain);
-int digraph_sender_swap_step(Chain<Digraph>& chain);
+// One step of the chain's proposal kind; 1 when the proposal was accepted, else 0. Accepted when
+// the ratio is not less than a uniform number (toggles and the undirected swap), or greater than it
+// (the two directed swaps); a ratio that is not a number is rejected.
+template <class Network>
+int chain_step(Chain<Network>& chain);
 
 // Reseeds, then makes `proposals` steps (a floating count, from 0.0 while below it). Reseeding at
 // every start means that two drivers started within one second repeat each other's stream.

@@ -7,13 +7,11 @@
 
 #include <utility>
 
+#include "network/network_verbs.h"
 #include "sampling/chain.h"
 
 // Draws that may fail in a row before it is checked whether any proposal is eligible at all.
 constexpr int kProposalPatience = 1000000;
-
-inline bool has_tie(const Graph& graph, int i, int j) { return graph_has_edge(graph, i, j); }
-inline bool has_tie(const Digraph& digraph, int i, int j) { return digraph_has_arc(digraph, i, j); }
 
 template <class Network>
 bool is_free(const Network* free_dyads, int i, int j) {
