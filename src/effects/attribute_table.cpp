@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr float kMissing = 9999.0F;
-
 std::size_t size_of(int count) { return static_cast<std::size_t>(count > 0 ? count : 0); }
 
 // One name, up to a comma, the line's end or the file's end; kept as it stands.

@@ -206,8 +206,6 @@ double binary_activity_count(Graph& graph, const EffectData& data) {
 
 namespace {
 
-constexpr int kMissing = 9999;
-
 bool is_missing(const EffectData& data, int actor) {
     return data.coded->values[static_cast<std::size_t>(actor)] == kMissing;
 }

@@ -20,6 +20,8 @@ OutputText output_text(const Labels& labels, const NumberFormats& formats, Outpu
             return {labels.report, formats.report};
         case Output::change:
             return {labels.change, "%lf\t"};
+        case Output::trace:
+            return {labels.trace != nullptr ? labels.trace : labels.syntax, formats.syntax};
     }
     return {nullptr, nullptr};
 }

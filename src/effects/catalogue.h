@@ -25,9 +25,10 @@ enum class Output {
     fit,            // rows of a fit report
     bayes_fit,      // rows of a Bayesian fit report
     report,         // rows of a statistics report
-    change          // columns of the change-statistics table
+    change,         // columns of the change-statistics table
+    trace           // variables in the trace plots of the syntax file
 };
-constexpr int kOutputs = 9;
+constexpr int kOutputs = 10;
 
 // What an output shows of an effect: its label ("%s" stands for an attribute's name, "%.2f" for a
 // lambda) and the format of its number. Without a label the effect is not shown there.
@@ -45,6 +46,8 @@ struct Labels {
     const char* fit = nullptr;
     const char* report = nullptr;
     const char* change = nullptr;
+    // The variable in the effect's trace plot, where it is not the effect's own.
+    const char* trace = nullptr;
 };
 
 // Number formats where effects differ. Every parameter of a simulation is "%.5f", every change
@@ -69,13 +72,20 @@ struct EffectTraits {
     bool weighted = false;
     // The lambda that the full model gives it when it has 0.0.
     float full_model_lambda = kDefaultLambda;
+    // Largest clique that it reads from the clique tables; 0 when it reads none.
+    int cliques = 0;
+    // Reads the two power tables.
+    bool powers = false;
 };
 constexpr EffectTraits kFull = {.full_model = true};
 constexpr EffectTraits kOutside = {.full_model = false};
 constexpr EffectTraits kLambda = {.full_model = true, .alternating = true, .weighted = true};
 constexpr EffectTraits kLambdaOne = {
     .full_model = true, .alternating = true, .weighted = true, .full_model_lambda = 1.0F};
-constexpr EffectTraits kPlainLambda = {.full_model = true, .alternating = true};
+constexpr EffectTraits kLambdaPowers = {
+    .full_model = true, .alternating = true, .weighted = true, .powers = true};
+constexpr EffectTraits kAlternatingClique = {.full_model = true, .alternating = true, .cliques = 8};
+constexpr EffectTraits clique_traits(int size) { return {.full_model = true, .cliques = size}; }
 
 struct StructuralEffect {
     // Label in update files; also names the effect's row of the setup file.
@@ -87,6 +97,9 @@ struct StructuralEffect {
     EffectFunctions<Digraph> digraph = {};
 };
 
+// What an effect reads as EffectData::pairs: a table of a continuous attribute, or a covariate.
+enum class PairTable { none, sums, differences, products, covariate };
+
 struct AttributeEffect {
     // Label in update files.
     const char* update;
@@ -94,6 +107,7 @@ struct AttributeEffect {
     NumberFormats formats;
     EffectFunctions<Graph> graph = {};
     EffectFunctions<Digraph> digraph = {};
+    PairTable pairs = PairTable::none;
 };
 
 enum class AttributeGroup { binary, continuous, categorical, covariate };
@@ -149,21 +163,19 @@ const EffectFunctions<Network>& functions_of(const Effect& effect) {
     }
 }
 
-// Ids of the undirected catalogue that code must tell apart.
+// Ids of effects that code must tell apart, each found in its table by name.
 namespace graph_effect {
-constexpr int kEdge = 0;
-constexpr int kClique4 = 6;
-constexpr int kClique7 = 9;
-constexpr int kTriangle = 5;
-constexpr int kIsolates = 10;
-constexpr int kP0 = 11;
-constexpr int k0et = 23;
-constexpr int kEtnt = 24;
-constexpr int kAlternatingClique = 33;
+extern const int kEdge;
+extern const int kClique4;
+extern const int kTriangle;
+extern const int kIsolates;
+extern const int kP0;
+extern const int k0et;
+extern const int kEtnt;
 }  // namespace graph_effect
 
 namespace digraph_effect {
-constexpr int kArc = 0;
-constexpr int kTransitiveTriad = 17;
-constexpr int kCyclicTriad = 16;
+extern const int kArc;
+extern const int kTransitiveTriad;
+extern const int kCyclicTriad;
 }  // namespace digraph_effect

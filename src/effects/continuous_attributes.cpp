@@ -2,8 +2,6 @@
 
 namespace {
 
-constexpr float kMissing = 9999.0F;
-
 double pair_change(const EffectData& data, int i, int j) { return (*data.pairs)[i][j]; }
 
 // The pair table summed over ties i < j in row order.

@@ -9,6 +9,7 @@
 #include "effects/digraph_alternating.h"
 #include "effects/digraph_stars.h"
 #include "effects/digraph_triads.h"
+#include "effects/row_order.h"
 
 namespace {
 
@@ -18,8 +19,13 @@ constexpr StructuralEffect structural(const char* row, EffectTraits traits, Numb
         .row = row, .traits = traits, .labels = labels, .formats = formats, .digraph = functions};
 }
 constexpr AttributeEffect attribute(const char* update, NumberFormats formats, Labels labels,
-                                    EffectFunctions<Digraph> functions) {
-    return {.update = update, .labels = labels, .formats = formats, .digraph = functions};
+                                    EffectFunctions<Digraph> functions,
+                                    PairTable pairs = PairTable::none) {
+    return {.update = update,
+            .labels = labels,
+            .formats = formats,
+            .digraph = functions,
+            .pairs = pairs};
 }
 
 // Number formats: simulation, syntax, fit_parameter, fit, bayes_fit, report.
@@ -185,35 +191,41 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                {digraph_a2p_tdu_change, digraph_a2p_tdu_count}),
 });
 
-// Rows of the setup file; the T effects come in this scrambled order, and so do their positions.
-constexpr auto kRows = std::to_array<int>({0,  1,  2,  5,  3,  6,  8,  17, 16, 9,  10, 12, 13, 11,
-                                           14, 15, 18, 19, 20, 21, 22, 23, 24, 25, 28, 26, 27, 29,
-                                           30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43});
+// The outputs differ in the order of the stars and triads at the front. Behind those all follow the
+// order of evaluation, but for the row moved in setup and update files and in the syntax file.
+template <std::size_t count>
+consteval std::array<int, kEffects.size() - 2> host_rows(const char* const (&front)[count]) {
+    const auto order =
+        without(kEffects, starting_with(kEffects, front), {"4-in-star", "4-out-star"});
+    return moved(kEffects, order, "AinAoutS", "Ain1outS");
+}
 
-constexpr auto kUpdates = std::to_array<int>(
-    {0,  1,  2,  5,  3,  6,  8,  17, 16, 18, 15, 11, 12, 13, 14, 9,  10, 19, 20, 21, 22,
-     23, 24, 25, 28, 26, 27, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43});
+// Rows of the setup file; the T effects come in this scrambled order, and so do their positions.
+constexpr auto kRows =
+    host_rows({"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
+               "Transitive-Triad", "Cyclic-Triad", "T7", "T8", "T4", "T5", "T3", "T6", "T2", "T1"});
+constexpr auto kUpdates =
+    host_rows({"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
+               "Transitive-Triad", "Cyclic-Triad", "T1", "T2", "T3", "T4", "T5", "T6", "T7", "T8"});
 
 // Parameters of a simulation, and the statistics report.
-constexpr auto kParameters = std::to_array<int>(
-    {0,  1,  2,  5,  3,  6,  4,  7,  8,  18, 15, 11, 12, 13, 14, 9,  10, 17, 16, 19, 20, 21,
-     22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43});
+constexpr auto kParameters =
+    starting_with(kEffects, {"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star",
+                             "4-in-star", "4-out-star", "path2", "T1", "T2", "T3", "T4", "T5", "T6",
+                             "T7", "T8", "Transitive-Triad", "Cyclic-Triad"});
 
 // Columns of the sample table.
-constexpr auto kColumns = std::to_array<int>(
-    {0,  1,  2,  5,  3,  6,  4,  7,  8,  9,  10, 14, 16, 11, 15, 13, 12, 17, 18, 19, 20, 21,
-     22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43});
+constexpr auto kColumns =
+    starting_with(kEffects, {"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star",
+                             "4-in-star", "4-out-star", "path2", "T7", "T8", "T6", "Cyclic-Triad",
+                             "T3", "T2", "T5", "T4", "Transitive-Triad", "T1"});
 
 // Variables of the syntax file: uktri stands behind attdu, though the table's column stands before
 // attd, so four columns are read there under shifted names.
-constexpr auto kVariables = std::to_array<int>(
-    {0,  1,  2,  5,  3,  6,  4,  7,  8,  9,  10, 14, 16, 11, 15, 13, 12, 17, 18, 19, 20, 21,
-     22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 33, 34, 35, 36, 32, 37, 38, 39, 40, 41, 42, 43});
+constexpr auto kVariables = moved(kEffects, kColumns, "AT-U", "AT-TDU");
 
-// Result table of an estimation, and the rows of a fit.
-constexpr auto kResults = std::to_array<int>(
-    {0,  1,  2,  5,  3,  6,  4,  7,  8,  9,  10, 14, 11, 15, 13, 12, 17, 16, 18, 19, 20, 21,
-     22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43});
+// Result table of an estimation, and the rows of a fit: 030C behind 030T.
+constexpr auto kResults = moved(kEffects, kColumns, "Cyclic-Triad", "Transitive-Triad");
 
 constexpr auto kBinary = std::to_array<AttributeEffect>({
     attribute("%s_interaction", kWhole,
@@ -280,31 +292,35 @@ constexpr auto kContinuous = std::to_array<AttributeEffect>({
         {digraph_continuous_receiver_missing_change, digraph_continuous_receiver_missing_count}),
     attribute("%s_sum", kPairReal,
               {"%s_sum", "%s_interaction_sum", "%s_interaction_sum", "%s_sum", "%s_sum", "%s_sum",
-               "%s_sum"},
-              {digraph_continuous_sum_change, digraph_continuous_sum_count}),
+               "%s_sum", nullptr, "%s_interaction_diff"},
+              {digraph_continuous_sum_change, digraph_continuous_sum_count}, PairTable::sums),
     attribute("%s_diff", kPairReal,
               {"%s_diff", "%s_interaction_difff", "%s_interaction_diff", "%s_diff", "%s_diff",
                "%s_diff", "%s_diff"},
-              {digraph_continuous_diff_change, digraph_continuous_diff_count}),
+              {digraph_continuous_diff_change, digraph_continuous_diff_count},
+              PairTable::differences),
     attribute("%s_prod", kPairReal,
               {"%s_prod", "%s_interaction_prodd", "%s_interaction_prod", "%s_prod", "%s_prod",
                "%s_prod", "%s_prod"},
-              {digraph_continuous_prod_change, digraph_continuous_prod_count}),
+              {digraph_continuous_prod_change, digraph_continuous_prod_count}, PairTable::products),
     attribute(
         "%s_sum_reciprocity", kReal,
         {"%s_sum_reciprocity", "%s_sum_reciprocity", "%s_sum_reciprocity", "%s_sum_reciprocity",
          "%s_sum_reciprocity", "%s_sum_reciprocity", "%s_sum_reciprocity"},
-        {digraph_continuous_sum_reciprocity_change, digraph_continuous_sum_reciprocity_count}),
+        {digraph_continuous_sum_reciprocity_change, digraph_continuous_sum_reciprocity_count},
+        PairTable::sums),
     attribute(
         "%s_diff_reciprocity", kReal,
         {"%s_diff_reciprocity", "%s_diff_reciprocity", "%s_diff_reciprocity", "%s_diff_reciprocity",
          "%s_diff_reciprocity", "%s_diff_reciprocity", "%s_diff_reciprocity"},
-        {digraph_continuous_diff_reciprocity_change, digraph_continuous_diff_reciprocity_count}),
+        {digraph_continuous_diff_reciprocity_change, digraph_continuous_diff_reciprocity_count},
+        PairTable::differences),
     attribute(
         "%s_prod_reciprocity", kReal,
         {"%s_prod_reciprocity", "%s_prod_reciprocity", "%s_prod_reciprocity", "%s_prod_reciprocity",
          "%s_prod_reciprocity", "%s_prod_reciprocity", "%s_prod_reciprocity"},
-        {digraph_continuous_prod_reciprocity_change, digraph_continuous_prod_reciprocity_count}),
+        {digraph_continuous_prod_reciprocity_change, digraph_continuous_prod_reciprocity_count},
+        PairTable::products),
     attribute("%s_in2star", kReal,
               {"%s_in2star", "%s_in2star", "%s_in2star", "%s_in2star", "%s_in2star", "%s_in2star",
                "%s_2-in-star"},
@@ -344,27 +360,30 @@ constexpr auto kCategorical = std::to_array<AttributeEffect>({
 constexpr auto kCovariates = std::to_array<AttributeEffect>({
     attribute("%s_arc", kReal,
               {"%s_arc", "%s_arc", "%s_arc", "%s_arc", "%s_arc", "%s_arc", "%s_arc"},
-              {digraph_covariate_arc_change, digraph_covariate_arc_count}),
+              {digraph_covariate_arc_change, digraph_covariate_arc_count}, PairTable::covariate),
 });
 
-// Setup and update files: .., activity_reciprocity, interaction_reciprocity, out2star, path2,
-// in2star.
-constexpr auto kBinaryRows = std::to_array<int>({0, 1, 2, 3, 4, 6, 5, 9, 8, 7});
-constexpr auto kFirst = std::to_array<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+// Rows of the setup file and of the update files.
+constexpr auto kBinaryRows =
+    rows_of(kBinary, {"%s_interaction", "%s_sender", "%s_receiver", "%s_sender_missing",
+                      "%s_receiver_missing", "%s_activity_reciprocity",
+                      "%s_interaction_reciprocity", "%s_out2star", "%s_path2", "%s_in2star"});
+static_assert(kBinaryRows.size() == kBinary.size());
+
+constexpr auto kAllBinary = all_rows(kBinary);
+constexpr auto kAllContinuous = all_rows(kContinuous);
+constexpr auto kAllCategorical = all_rows(kCategorical);
+constexpr auto kAllCovariates = all_rows(kCovariates);
 
 // The parameter vector of a continuous attribute has twelve groups, without one for "sum" and with
 // prod before diff; assembly, and it alone, then writes prod_reciprocity a second time. The
 // evaluator, the statistics and every label follow the thirteen rows, so in a model that selects
 // "sum", both "diff" and "prod", or "prod_reciprocity", parameters and statistics are out of step.
 // Hosts have stored estimates in this order; it stays.
-constexpr int kProdReciprocity = 9;
-constexpr auto kContinuousStored = std::to_array<int>({0, 1, 2, 3, 6, 5, 7, 8, 9, 10, 11, 12});
+constexpr auto kContinuousStored =
+    without(kContinuous, moved(kContinuous, kAllContinuous, "%s_prod", "%s_diff"), {"%s_sum"});
 constexpr auto kContinuousAssembled =
-    std::to_array<int>({0, 1, 2, 3, 6, 5, 7, 8, 9, 10, 11, 12, kProdReciprocity});
-
-constexpr std::span<const int> first_rows(std::size_t count) {
-    return std::span<const int>(kFirst).first(count);
-}
+    followed_by(kContinuous, kContinuousStored, "%s_prod_reciprocity");
 
 const Catalogue kCatalogue = {
     .kind = NetworkKind::directed,
@@ -372,27 +391,33 @@ const Catalogue kCatalogue = {
     .setup_order = kRows,
     .update_order = kUpdates,
     .output_orders = {kParameters, kColumns, kVariables, kResults, kResults, kResults, kResults,
-                      kParameters, std::span<const int>()},
+                      kParameters, std::span<const int>(), kVariables},
     // The full model hands out 42 positions and counts 43: attributes begin at 43, and position 42
     // stays empty.
     .full_model_surplus = 1,
     .groups = {{{.effects = kBinary,
                  .setup_order = kBinaryRows,
-                 .store_order = first_rows(10),
-                 .assembly_order = first_rows(10)},
+                 .store_order = kAllBinary,
+                 .assembly_order = kAllBinary},
                 {.effects = kContinuous,
-                 .setup_order = kFirst,
+                 .setup_order = kAllContinuous,
                  .store_order = kContinuousStored,
                  .assembly_order = kContinuousAssembled},
                 {.effects = kCategorical,
-                 .setup_order = first_rows(4),
-                 .store_order = first_rows(4),
-                 .assembly_order = first_rows(4)},
+                 .setup_order = kAllCategorical,
+                 .store_order = kAllCategorical,
+                 .assembly_order = kAllCategorical},
                 {.effects = kCovariates,
-                 .setup_order = first_rows(1),
-                 .store_order = first_rows(1),
-                 .assembly_order = first_rows(1)}}}};
+                 .setup_order = kAllCovariates,
+                 .store_order = kAllCovariates,
+                 .assembly_order = kAllCovariates}}}};
 
 }  // namespace
 
 const Catalogue& digraph_catalogue() { return kCatalogue; }
+
+namespace digraph_effect {
+constinit const int kArc = row_of(kEffects, "arc");
+constinit const int kTransitiveTriad = row_of(kEffects, "Transitive-Triad");
+constinit const int kCyclicTriad = row_of(kEffects, "Cyclic-Triad");
+}  // namespace digraph_effect

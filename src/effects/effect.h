@@ -14,6 +14,9 @@
 #include "network/digraph.h"
 #include "network/graph.h"
 
+// An actor's value of an attribute where none is known.
+constexpr int kMissing = 9999;
+
 // One binary or categorical attribute, prepared for counting by whole words.
 struct CodedAttribute {
     std::vector<int> values;

@@ -27,7 +27,7 @@ void build_tables(StructuralChoice& choice, const StructuralEffect& effect, int 
     if (effect.traits.weighted) {
         choice.weights = geometric_weight_table(choice.lambda, kWeightTableLength);
     }
-    if (effect.graph.change == alternating_et_each_change) {
+    if (effect.traits.powers) {
         choice.powers_a = power_table(alternating_et_base_a(choice.lambda), actors);
         choice.powers_b = power_table(alternating_et_base_b(choice.lambda), actors);
     }
@@ -85,18 +85,13 @@ bool is_selected(const EffectSelection& selection, int id) {
 }
 
 int clique_depth(const EffectSelection& selection) {
-    if (selection.catalogue->kind == NetworkKind::directed) {
-        return 0;
-    }
-    if (is_selected(selection, graph_effect::kAlternatingClique)) {
-        return 8;
-    }
-    for (int id = graph_effect::kClique7; id >= graph_effect::kClique4; --id) {
-        if (is_selected(selection, id)) {
-            return 4 + id - graph_effect::kClique4;
+    int depth = 0;
+    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
+        if (selection.structural[id].position >= 0) {
+            depth = std::max(depth, selection.catalogue->effects[id].traits.cliques);
         }
     }
-    return 0;
+    return depth;
 }
 
 std::vector<double> assemble_parameters(EffectSelection& selection) {

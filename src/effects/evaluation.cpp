@@ -4,27 +4,25 @@
 
 namespace {
 
-// Pair table or column that an effect of a group reads, by its row in the catalogue.
-const FloatTable* pair_table(const AttributeTable& table, const Catalogue& catalogue,
-                             AttributeGroup group, int row, std::size_t attribute) {
-    if (group == AttributeGroup::covariate) {
-        return attribute < table.covariates.size() ? &table.covariates[attribute] : nullptr;
+// The pair table that an effect reads of one attribute.
+const FloatTable* pair_table(const AttributeTable& table, PairTable which, std::size_t attribute) {
+    const auto of_continuous = [&](FloatTable ContinuousAttribute::*pairs) {
+        return attribute < table.continuous.size() ? &(table.continuous[attribute].*pairs)
+                                                   : nullptr;
+    };
+    switch (which) {
+        case PairTable::none:
+            break;
+        case PairTable::sums:
+            return of_continuous(&ContinuousAttribute::sums);
+        case PairTable::differences:
+            return of_continuous(&ContinuousAttribute::differences);
+        case PairTable::products:
+            return of_continuous(&ContinuousAttribute::products);
+        case PairTable::covariate:
+            return attribute < table.covariates.size() ? &table.covariates[attribute] : nullptr;
     }
-    if (group != AttributeGroup::continuous || attribute >= table.continuous.size()) {
-        return nullptr;
-    }
-    const ContinuousAttribute& continuous = table.continuous[attribute];
-    // Rows come as sum, difference, product: the undirected three, and twice over in the directed
-    // list from its fifth row on.
-    const int first = catalogue.kind == NetworkKind::directed ? 4 : 0;
-    switch ((row - first + 3) % 3) {
-        case 0:
-            return &continuous.sums;
-        case 1:
-            return &continuous.differences;
-        default:
-            return &continuous.products;
-    }
+    return nullptr;
 }
 
 const CodedAttribute* coded_attribute_of(const AttributeTable& table, AttributeGroup group,
@@ -32,12 +30,6 @@ const CodedAttribute* coded_attribute_of(const AttributeTable& table, AttributeG
     const auto& list = group == AttributeGroup::binary ? table.binary : table.categorical;
     const bool coded = group == AttributeGroup::binary || group == AttributeGroup::categorical;
     return coded && attribute < list.size() ? &list[attribute] : nullptr;
-}
-
-bool reads_cliques(const Catalogue& catalogue, int id) {
-    return catalogue.kind == NetworkKind::undirected &&
-           ((id >= graph_effect::kClique4 && id <= graph_effect::kClique7) ||
-            id == graph_effect::kAlternatingClique);
 }
 
 void prepare(Graph& graph, int i, int j) { graph_clique_changes(graph, i, j); }
@@ -88,23 +80,25 @@ ActiveModel<Network> active_model(const EffectSelection& selection) {
         if (choice.position < 0 || choice.position >= size) {
             continue;
         }
-        const auto& functions = functions_of<Network>(catalogue.effects[id]);
+        const StructuralEffect& effect = catalogue.effects[id];
+        const auto& functions = functions_of<Network>(effect);
         EffectData data;
         data.lambda = choice.lambda;
         data.weights = choice.weights.data();
         data.powers_a = &choice.powers_a;
         data.powers_b = &choice.powers_b;
-        model.push_back({functions.change, functions.count, data, choice.position,
-                         reads_cliques(catalogue, static_cast<int>(id))});
+        model.push_back(
+            {functions.change, functions.count, data, choice.position, effect.traits.cliques > 0});
     }
     for_each_attribute_effect(
         selection, [&](AttributeGroup group, int row, int attribute, int position) {
-            const auto& functions = functions_of<Network>(
-                group_catalogue(catalogue, group).effects[static_cast<std::size_t>(row)]);
+            const AttributeEffect& effect =
+                group_catalogue(catalogue, group).effects[static_cast<std::size_t>(row)];
+            const auto& functions = functions_of<Network>(effect);
             const auto index = static_cast<std::size_t>(attribute);
             EffectData data;
             data.coded = coded_attribute_of(selection.table, group, index);
-            data.pairs = pair_table(selection.table, catalogue, group, row, index);
+            data.pairs = pair_table(selection.table, effect.pairs, index);
             if (group == AttributeGroup::continuous && index < selection.table.continuous.size()) {
                 data.reals = selection.table.continuous[index].values.data();
             }

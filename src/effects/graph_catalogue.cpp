@@ -8,6 +8,7 @@
 #include "effects/continuous_attributes.h"
 #include "effects/covariates.h"
 #include "effects/paths.h"
+#include "effects/row_order.h"
 #include "effects/stars.h"
 #include "effects/triangle_pairs.h"
 #include "effects/triangle_ties.h"
@@ -20,8 +21,10 @@ constexpr StructuralEffect structural(const char* row, EffectTraits traits, Numb
     return {.row = row, .traits = traits, .labels = labels, .formats = formats, .graph = functions};
 }
 constexpr AttributeEffect attribute(const char* update, NumberFormats formats, Labels labels,
-                                    EffectFunctions<Graph> functions) {
-    return {.update = update, .labels = labels, .formats = formats, .graph = functions};
+                                    EffectFunctions<Graph> functions,
+                                    PairTable pairs = PairTable::none) {
+    return {
+        .update = update, .labels = labels, .formats = formats, .graph = functions, .pairs = pairs};
 }
 
 // Number formats: simulation, syntax, fit_parameter, fit, bayes_fit, report.
@@ -57,23 +60,24 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                 "tri "},
                {triangle_change, triangle_count}),
     structural(
-        "4-clique", kFull, kWholeWide,
+        "4-clique", clique_traits(4), kWholeWide,
         {"4-clique", "clique4", "clique4", "4-clique", "4-clique", "4-clique", "4-clique", "c4 "},
         {clique4_change, clique4_count}),
     structural(
-        "5-clique", kFull, kWholeWide,
+        "5-clique", clique_traits(5), kWholeWide,
         {"5-clique", "clique5", "clique5", "5-clique", "5-clique", "5-clique", "5-clique", "c5 "},
         {clique5_change, clique5_count}),
     structural(
-        "6-clique", kFull, kWholeWide,
+        "6-clique", clique_traits(6), kWholeWide,
         {"6-clique", "clique6", "clique6", "6-clique", "6-clique", "6-clique", "6-clique", "c6 "},
         {clique6_change, clique6_count}),
     structural(
-        "7-clique", kFull, kWholeWide,
+        "7-clique", clique_traits(7), kWholeWide,
         {"7-clique", "clique7", "clique7", "7-clique", "7-clique", "7-clique", "7-clique", "c7 "},
         {clique7_change, clique7_count}),
     structural("Isolates", kFull, kWholeWide,
-               {"Isolates", "iso", "iso", "Isolates", "Isolates", "Isolates", "Isolates", "iso "},
+               {"Isolates", "iso", "iso", "Isolates", "Isolates", "Isolates", "Isolates", "iso ",
+                "triangle"},
                {isolates_change, isolates_count}),
     structural("P0", kOutside, kWhole, {"P0", "p0", "p0", "P0", "P0", "P0", "P0", "p0 "},
                {triangle_change, triangle_count}),
@@ -139,65 +143,25 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                {"A2P(%.2f)", "a2p", "a2p", "A2P(%.2f)", "A2P(%.2f)", "A2P(%.2f)", "A2P(%.2f)",
                 "a2p "},
                {alternating_two_path_change, alternating_two_path_count}),
-    structural("AC", kPlainLambda, kAlternating,
+    structural("AC", kAlternatingClique, kAlternating,
                {"AC(%.2f)", "ac", "ac", "AC(%.2f)", "AC(%.2f)", "AC(%.2f)", "AC(%.2f)", "ac "},
                {alternating_clique_change, alternating_clique_count}),
     structural("AET", kLambda, kAlternating,
                {"AET(%.2f)", "aet", "aet", "AET(%.2f)", "AET(%.2f)", "AET(%.2f)", "AET(%.2f)",
                 "aet "},
                {alternating_et_change, alternating_et_count}),
-    structural("AEAT", kLambda, kAlternating,
+    structural("AEAT", kLambdaPowers, kAlternating,
                {"AEAT(%.2f)", "aeat", "aeat", "AEAT(%.2f)", "AEAT(%.2f)", "AEAT(%.2f)",
                 "AEAT(%.2f)", "aeat "},
                {alternating_et_each_change, alternating_et_each_count}),
 });
 
-// Every effect but P0 has a row, in the same order.
-constexpr auto kRows =
-    std::to_array<int>({0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 12, 13, 14, 15, 16, 17, 18,
-                        19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35});
-
-constexpr auto kEvaluation =
-    std::to_array<int>({0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16, 17,
-                        18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 33, 34, 35});
+// The setup file and the update files have a row for every effect but "P0".
+constexpr auto kRows = without(kEffects, all_rows(kEffects), {"P0"});
+constexpr auto kEvaluation = all_rows(kEffects);
 
 // The parameters of a simulation name 0ET twice and ETNT never.
-constexpr auto kParameters = std::to_array<int>({0,
-                                                 1,
-                                                 2,
-                                                 3,
-                                                 4,
-                                                 5,
-                                                 6,
-                                                 7,
-                                                 8,
-                                                 9,
-                                                 10,
-                                                 11,
-                                                 12,
-                                                 13,
-                                                 14,
-                                                 15,
-                                                 16,
-                                                 17,
-                                                 18,
-                                                 19,
-                                                 20,
-                                                 21,
-                                                 22,
-                                                 graph_effect::k0et,
-                                                 graph_effect::k0et,
-                                                 25,
-                                                 26,
-                                                 27,
-                                                 28,
-                                                 29,
-                                                 30,
-                                                 31,
-                                                 32,
-                                                 33,
-                                                 34,
-                                                 35});
+constexpr auto kParameters = replaced(kEffects, kEvaluation, "ETNT", "0ET");
 
 constexpr auto kBinary = std::to_array<AttributeEffect>({
     attribute("%s_T3u", kWhole,
@@ -234,22 +198,22 @@ constexpr auto kBinary = std::to_array<AttributeEffect>({
               {binary_interaction_change, binary_interaction_count}),
     attribute("%s_activity", kWhole,
               {"%s_activity", "%s_activity", "%s_activity", "%s_activity", "%s_activity",
-               "%s_activity", "%s_activity", "%s_activity\t"},
+               "%s_activity", "%s_activity", "%s_activity\t", "%s_activity "},
               {binary_activity_change, binary_activity_count}),
 });
 
 constexpr auto kContinuousEffects = std::to_array<AttributeEffect>({
     attribute("%s_sum_of_Continuous", kContinuous,
               {"%s_sum", "%s_sum", "%s_sum", "%s_sum", "%s_sum", "%s_sum", "%s_sum", "%s_sum\t"},
-              {continuous_sum_change, continuous_sum_count}),
+              {continuous_sum_change, continuous_sum_count}, PairTable::sums),
     attribute(
         "%s_diff_of_Continuous", kContinuous,
         {"%s_diff", "%s_diff", "%s_diff", "%s_diff", "%s_diff", "%s_diff", "%s_diff", "%s_diff\t"},
-        {continuous_diff_change, continuous_diff_count}),
+        {continuous_diff_change, continuous_diff_count}, PairTable::differences),
     attribute(
         "%s_prod_of_Continuous", kContinuous,
         {"%s_prod", "%s_prod", "%s_prod", "%s_prod", "%s_prod", "%s_prod", "%s_prod", "%s_prod\t"},
-        {continuous_prod_change, continuous_prod_count}),
+        {continuous_prod_change, continuous_prod_count}, PairTable::products),
 });
 
 constexpr auto kCategorical = std::to_array<AttributeEffect>({
@@ -268,28 +232,31 @@ constexpr auto kCovariates = std::to_array<AttributeEffect>({
     attribute(
         "%s_edge", kCovariate,
         {"%s_edge", "%s_edge", "%s_edge", "%s_edge", "%s_edge", "%s_edge", "%s_edge", "%s_edge\t"},
-        {covariate_edge_change, covariate_edge_count}),
+        {covariate_edge_change, covariate_edge_count}, PairTable::covariate),
     attribute("%s_S21", kCovariate,
               {"%s_S21", "%s_S21", "%s_s21", "%s_S21", "%s_S21", "%s_S21", "%s_S21"},
-              {covariate_s21_change, covariate_s21_count}),
+              {covariate_s21_change, covariate_s21_count}, PairTable::covariate),
     attribute("%s_S22", kCovariate,
               {"%s_S22", "%s_S22", "%s_s22", "%s_S22", "%s_S22", "%s_S22", "%s_S22"},
-              {covariate_s22_change, covariate_s22_count}),
+              {covariate_s22_change, covariate_s22_count}, PairTable::covariate),
     attribute("%s_T1", kCovariate, {"%s_t1", "%s_t1", "%s_t1", "%s_t1", "%s_t1", "%s_t1", "%s_t1"},
-              {covariate_t1_change, covariate_t1_count}),
+              {covariate_t1_change, covariate_t1_count}, PairTable::covariate),
     attribute("%s_T2", kCovariate, {"%s_t2", "%s_t2", "%s_t2", "%s_t2", "%s_t2", "%s_t2", "%s_t2"},
-              {covariate_t2_change, covariate_t2_count}),
+              {covariate_t2_change, covariate_t2_count}, PairTable::covariate),
     attribute("%s_T3", kCovariate, {"%s_t3", "%s_t3", "%s_t3", "%s_t3", "%s_t3", "%s_t3", "%s_t3"},
-              {covariate_t3_change, covariate_t3_count}),
+              {covariate_t3_change, covariate_t3_count}, PairTable::covariate),
 });
 
-// Setup and update files: activity, interaction, O1au, O1bu, O2au, O2b, O3u, T1u, T2u, T3u.
-constexpr auto kBinaryRows = std::to_array<int>({9, 8, 6, 7, 4, 5, 3, 2, 1, 0});
-constexpr auto kFirstTen = std::to_array<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
+// Rows of the setup file and of the update files.
+constexpr auto kBinaryRows =
+    rows_of(kBinary, {"%s_activity", "%s_interaction", "%s_O1au", "%s_O1bu", "%s_O2au", "%s_O2b",
+                      "%s_O3u", "%s_T1u", "%s_T2u", "%s_T3u"});
+static_assert(kBinaryRows.size() == kBinary.size());
 
-constexpr std::span<const int> first_rows(std::size_t count) {
-    return std::span<const int>(kFirstTen).first(count);
-}
+constexpr auto kAllBinary = all_rows(kBinary);
+constexpr auto kAllContinuous = all_rows(kContinuousEffects);
+constexpr auto kAllCategorical = all_rows(kCategorical);
+constexpr auto kAllCovariates = all_rows(kCovariates);
 
 const Catalogue kCatalogue = {
     .kind = NetworkKind::undirected,
@@ -297,25 +264,35 @@ const Catalogue kCatalogue = {
     .setup_order = kRows,
     .update_order = kRows,
     .output_orders = {kParameters, kEvaluation, kEvaluation, kEvaluation, kEvaluation, kEvaluation,
-                      kEvaluation, kEvaluation, kEvaluation},
+                      kEvaluation, kEvaluation, kEvaluation, kEvaluation},
     .full_model_surplus = 0,
     .groups = {{{.effects = kBinary,
                  .setup_order = kBinaryRows,
-                 .store_order = kFirstTen,
-                 .assembly_order = kFirstTen},
+                 .store_order = kAllBinary,
+                 .assembly_order = kAllBinary},
                 {.effects = kContinuousEffects,
-                 .setup_order = first_rows(3),
-                 .store_order = first_rows(3),
-                 .assembly_order = first_rows(3)},
+                 .setup_order = kAllContinuous,
+                 .store_order = kAllContinuous,
+                 .assembly_order = kAllContinuous},
                 {.effects = kCategorical,
-                 .setup_order = first_rows(2),
-                 .store_order = first_rows(2),
-                 .assembly_order = first_rows(2)},
+                 .setup_order = kAllCategorical,
+                 .store_order = kAllCategorical,
+                 .assembly_order = kAllCategorical},
                 {.effects = kCovariates,
-                 .setup_order = first_rows(6),
-                 .store_order = first_rows(6),
-                 .assembly_order = first_rows(6)}}}};
+                 .setup_order = kAllCovariates,
+                 .store_order = kAllCovariates,
+                 .assembly_order = kAllCovariates}}}};
 
 }  // namespace
 
 const Catalogue& graph_catalogue() { return kCatalogue; }
+
+namespace graph_effect {
+constinit const int kEdge = row_of(kEffects, "edge");
+constinit const int kClique4 = row_of(kEffects, "4-clique");
+constinit const int kTriangle = row_of(kEffects, "Triangle");
+constinit const int kIsolates = row_of(kEffects, "Isolates");
+constinit const int kP0 = row_of(kEffects, "P0");
+constinit const int k0et = row_of(kEffects, "0ET");
+constinit const int kEtnt = row_of(kEffects, "ETNT");
+}  // namespace graph_effect

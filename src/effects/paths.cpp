@@ -3,8 +3,6 @@
 #include "effects/graph_walk.h"
 #include "effects/triangles.h"
 
-namespace {}  // namespace
-
 // Three ties in a row. The change makes no correction for common neighbours, where a walk closes
 // into a triangle: it exceeds the difference of the counts by three for each, so the carried value
 // of a run drifts from a recount. Every table that shows "3Path" shows it so.

@@ -3,8 +3,6 @@
 #include "effects/geometric_weights.h"
 #include "effects/graph_walk.h"
 
-namespace {}  // namespace
-
 double graph_triangle_count(const Graph& graph) {
     double sum = 0.0;
     for (const int triangles : graph.triangles) {

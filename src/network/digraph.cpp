@@ -37,7 +37,6 @@ Digraph digraph_create(int vertices, int statistic_count) {
     const auto actors = static_cast<std::size_t>(std::max(vertices, 0));
     Digraph digraph;
     digraph.vertices = vertices;
-    digraph.row_bytes = static_cast<int>((static_cast<std::int64_t>(vertices) + 7) / 8);
     digraph.adjacency = BitMatrix(vertices);
     digraph.adjacency_in = BitMatrix(vertices);
     digraph.geodesics = IntTable(vertices, vertices, 9999);

@@ -19,7 +19,6 @@ struct Digraph {
     int arcs = 0;
     // Dyads with arcs both ways.
     int mutual_dyads = 0;
-    int row_bytes = 0;
     // Bit (i, j) is the arc i to j; the diagonal stays clear. `adjacency_in` is its transpose: row
     // j holds the senders of arcs to j.
     BitMatrix adjacency;

@@ -41,7 +41,6 @@ Graph graph_create(int vertices, int statistic_count, int clique_depth) {
     const std::size_t actors = size_of(n);
     Graph graph;
     graph.vertices = vertices;
-    graph.row_bytes = static_cast<int>((n + 7) / 8);
     graph.clique_depth = clique_depth;
     graph.adjacency = BitMatrix(vertices);
     graph.two_paths = IntTable(vertices, vertices);

@@ -22,8 +22,6 @@ struct Graph {
     int edges = 0;
     // Size of the largest connected component; a snapshot, unset until descriptives are refreshed.
     unsigned largest_component = 0;
-    // Bytes that hold one row's bits: n / 8 rounded up. Rows are stored padded to whole words.
-    int row_bytes = 0;
     // Length of the clique tables: 8, 7, 6, 5, 4, or 0 when no clique effect is selected.
     int clique_depth = 0;
 

@@ -101,34 +101,6 @@ Digraph digraph_random_with_arcs(int vertices, int target_arcs, int statistic_co
     return digraph;
 }
 
-Graph graph_random_bernoulli(int vertices, double probability, int statistic_count,
-                             int clique_depth, RandomSource& random) {
-    random_reseed(random);
-    Graph graph = graph_create(vertices, statistic_count, clique_depth);
-    for (int i = 0; i < vertices; ++i) {
-        for (int j = i + 1; j < vertices; ++j) {
-            if (probability >= random_uniform(random)) {
-                graph_add_tie(graph, i, j);
-            }
-        }
-    }
-    return graph;
-}
-
-Digraph digraph_random_bernoulli(int vertices, double probability, int statistic_count,
-                                 RandomSource& random) {
-    random_reseed(random);
-    Digraph digraph = digraph_create(vertices, statistic_count);
-    for (int i = 0; i < vertices; ++i) {
-        for (int j = 0; j < vertices; ++j) {
-            if (i != j && probability >= random_uniform(random)) {
-                digraph_add_tie(digraph, i, j);
-            }
-        }
-    }
-    return digraph;
-}
-
 void write_matrix(TextWriter& out, const Graph& graph) {
     out.print("*vertices %d\n", graph.vertices);
     out.text("*matrix\n");

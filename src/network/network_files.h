@@ -25,13 +25,6 @@ Graph graph_random_with_edges(int vertices, int target_edges, int statistic_coun
 Digraph digraph_random_with_arcs(int vertices, int target_arcs, int statistic_count,
                                  RandomSource& random);
 
-// Reseeds, then ties each pair in row order when probability >= a uniform number. No run calls
-// these; they are for programs that build on the engine.
-Graph graph_random_bernoulli(int vertices, double probability, int statistic_count,
-                             int clique_depth, RandomSource& random);
-Digraph digraph_random_bernoulli(int vertices, double probability, int statistic_count,
-                                 RandomSource& random);
-
 // The matrix with its two head lines: "*vertices", "*matrix" for a Graph, without asterisks for a
 // Digraph. Pajek's own form has them; hosts read both as they are.
 void write_matrix(TextWriter& out, const Graph& graph);

@@ -26,7 +26,8 @@ template <class Network>
 void start_at_density(const RunContext& run, const Network& network,
                       std::vector<double>& parameters) {
     const int position =
-        run.selection.structural[static_cast<std::size_t>(KindOf<Network>::kFirstEffect)].position;
+        run.selection.structural[static_cast<std::size_t>(KindOf<Network>::first_effect())]
+            .position;
     if (position >= 0 && parameters[static_cast<std::size_t>(position)] == 0.0) {
         const double d = network_density(network);
         parameters[static_cast<std::size_t>(position)] = std::log(d / (1.0 - d));

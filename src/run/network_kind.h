@@ -16,7 +16,7 @@ struct KindOf;
 template <>
 struct KindOf<Graph> {
     static constexpr bool kDirected = false;
-    static constexpr int kFirstEffect = graph_effect::kEdge;
+    static int first_effect() { return graph_effect::kEdge; }
 
     static Graph read(const std::string& path, int n, int p, int depth) {
         return graph_read_matrix(path, n, p, depth);
@@ -57,7 +57,7 @@ struct KindOf<Graph> {
 template <>
 struct KindOf<Digraph> {
     static constexpr bool kDirected = true;
-    static constexpr int kFirstEffect = digraph_effect::kArc;
+    static int first_effect() { return digraph_effect::kArc; }
 
     static Digraph read(const std::string& path, int n, int p, int) {
         return digraph_read_matrix(path, n, p);

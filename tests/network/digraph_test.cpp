@@ -47,7 +47,6 @@ TEST(DigraphRecord, ANewOneIsEmpty) {
     const Digraph digraph = digraph_create(9, 3);
     EXPECT_EQ(digraph.arcs, 0);
     EXPECT_EQ(digraph.mutual_dyads, 0);
-    EXPECT_EQ(digraph.row_bytes, 2);
     EXPECT_EQ(digraph.in_degree_distribution, (std::vector<int>{9, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(digraph.out_degree_distribution, (std::vector<int>{9, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(digraph.statistics, (std::vector<double>{0, 0, 0}));

@@ -63,14 +63,6 @@ TEST(Graph, OfNoActorsOrANegativeNumberHoldsNothing) {
     }
 }
 
-TEST(Graph, ARowTakesAByteForEachEightActors) {
-    EXPECT_EQ(graph_create(1, 0, 0).row_bytes, 1);
-    EXPECT_EQ(graph_create(8, 0, 0).row_bytes, 1);
-    EXPECT_EQ(graph_create(9, 0, 0).row_bytes, 2);
-    EXPECT_EQ(graph_create(64, 0, 0).row_bytes, 8);
-    EXPECT_EQ(graph_create(65, 0, 0).row_bytes, 9);
-}
-
 TEST(Graph, ATieToAnActorDivisibleByEightSetsTheTopBitAndToActorSevenTheLowest) {
     Graph graph = graph_create(20, 0, 0);
     graph_add_edge(graph, 3, 16);
@@ -160,7 +152,6 @@ TEST(Graph, ACopyTakesEverythingButTheNumberOfActors) {
     graph_copy(source, target);
     EXPECT_EQ(target.vertices, 5);
     EXPECT_EQ(target.edges, 2);
-    EXPECT_EQ(target.row_bytes, source.row_bytes);
     EXPECT_EQ(target.clique_depth, 4);
     EXPECT_EQ(target.largest_component, 3U);
     EXPECT_EQ(target.adjacency.words, source.adjacency.words);

@@ -207,31 +207,6 @@ TEST(RandomStartNetwork, WithoutAnyDyadEndsWithoutATie) {
     }
 }
 
-TEST(RandomBernoulliNetwork, TiesEachDyadInRowOrderByOneUniformNumber) {
-    for (const double probability : {0.0, 0.2, 0.5, 0.9, 1.0}) {
-        RandomSource random = held_clock(900);
-        const Graph graph = graph_random_bernoulli(11, probability, 0, 0, random);
-        RandomSource plain;
-        plain.state = 900;
-        Graph expected = graph_create(11, 0, 0);
-        for (int i = 0; i < 11; ++i) {
-            for (int j = i + 1; j < 11; ++j) {
-                if (probability >= random_uniform(plain)) {
-                    graph_add_tie(expected, i, j);
-                }
-            }
-        }
-        EXPECT_EQ(graph.adjacency.words, expected.adjacency.words);
-        EXPECT_EQ(graph.triangles, expected.triangles);
-        EXPECT_EQ(random.state, plain.state);
-    }
-}
-
-TEST(RandomBernoulliNetwork, IsCompleteAtProbabilityOne) {
-    RandomSource random = held_clock(6);
-    EXPECT_EQ(graph_random_bernoulli(10, 1.0, 0, 0, random).edges, 45);
-}
-
 TEST(MatrixOutput, HasTwoHeadLinesAndABlankBehindEachCell) {
     EXPECT_EQ(matrix_text(engine_graph(reference::make_graph(3, {{0, 1}, {1, 2}}))),
               "*vertices 3\n*matrix\n0 1 0 \n1 0 1 \n0 1 0 \n");

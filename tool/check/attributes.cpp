@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr double kMissing = 9999.0;
-
 struct AttributeFile {
     AttributeGroup group;
     const char* what;      // "binary attribute"
