@@ -9,32 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "base/text_writer.h"
 #include "effects/effect_selection.h"
-#include "estimation/estimator.h"
-#include "report/sample_tables.h"
-
-enum class RunMode { simulation = 1, estimation = 2, fit = 3, bayesian_fit = 4 };
-
-struct RunSettings {
-    std::string network_name;
-    std::string output_directory;
-    int proposal_kind = 0;
-    int run_mode = 0;
-    int network_kind = 0;
-    int actor_count = 0;
-    float density = 0.0F;  // of the random start network of a simulation
-    std::string network_path;
-    int max_degree = 9999;  // out-degree for a digraph
-    int free_dyads_flag = 0;
-    std::string free_dyads_path;
-    std::string covariance_path;
-    OutputSwitches switches;
-    double burn_in = 0.0;
-    double iterations = 0.0;
-    int sample_count = 0;
-    EstimationSettings estimation;
-    int gof_after_estimation = 0;
-};
+#include "run/run_settings.h"
+#include "run/setup_items.h"
 
 struct SetupFile {
     bool opened = false;
@@ -43,10 +21,8 @@ struct SetupFile {
 };
 
 // How one item was read. Offsets are in bytes from the file's begin; -1 without a label.
-struct SetupItem {
-    enum class Kind { integer, real, text };
-    std::string field;
-    Kind kind = Kind::text;
+struct ReadItem {
+    SetupKey key;
     std::string label;
     long label_offset = -1;
     long value_offset = -1;
@@ -54,7 +30,9 @@ struct SetupItem {
 };
 
 struct SetupTrace {
-    std::vector<SetupItem> items;
+    std::vector<ReadItem> items;
+    // Names the rows of the model; null when the mode or kind is unknown.
+    const Catalogue* catalogue = nullptr;
     // Where reading ended, and whether anything but white space stands behind.
     long end_offset = 0;
     bool trailing_text = false;
@@ -63,6 +41,11 @@ struct SetupTrace {
 // Reads the whole file. An unknown mode or kind ends it after the head. Throws std::length_error
 // when an attribute count cannot be true because the file is smaller than the count.
 SetupFile read_setup(const std::string& path, SetupTrace* trace = nullptr);
+
+// Writes a setup file that reads as these settings and this model. Names and paths are written as
+// they stand: they must not begin with white space or hold a line feed, and an empty one is written
+// as "-", because a line that is read is never empty.
+void write_setup(const RunSettings& settings, const EffectSelection& selection, TextWriter out);
 
 // The console echoes of the undirected section readers; a directed setup has none.
 void echo_sections(const EffectSelection& selection, std::FILE* console);

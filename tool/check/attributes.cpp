@@ -9,15 +9,13 @@ namespace {
 
 struct AttributeFile {
     AttributeGroup group;
-    const char* what;      // "binary attribute"
     const char* expected;  // of one value
 };
 
 constexpr AttributeFile kFiles[] = {
-    {AttributeGroup::binary, "binary attribute", "0, 1, or 9999 for a missing value"},
-    {AttributeGroup::continuous, "continuous attribute", "a number, or 9999 for a missing value"},
-    {AttributeGroup::categorical, "categorical attribute",
-     "a whole number, the code of a category"},
+    {AttributeGroup::binary, "0, 1, or 9999 for a missing value"},
+    {AttributeGroup::continuous, "a number, or 9999 for a missing value"},
+    {AttributeGroup::categorical, "a whole number, the code of a category"},
 };
 
 // What one check of a file works with.
@@ -27,7 +25,8 @@ struct Subject {
     const std::string& path;
     int actors;
     int count;
-    Where where(int line) const { return {path, line, std::string(kind.what) + " file"}; }
+    SetupKey key() const { return {SetupId::group_file, kind.group}; }
+    Where where(int line) const { return {path, line, name_of(view, key())}; }
     std::string shape() const { return counted(actors, "row") + " of " + counted(count, "value"); }
 };
 
@@ -255,15 +254,14 @@ void check_values_file(const Subject& subject, Findings& findings) {
 
 void check_attributes(const SetupView& view, Findings& findings) {
     for (const AttributeFile& kind : kFiles) {
-        const std::string field = std::string(kind.what) + " file";
-        if (find_item(view, field) == nullptr) {
-            continue;
-        }
         const AttributeSelection& chosen = group_of(view.setup.selection, kind.group);
         const Subject subject = {view, kind, chosen.path, view.setup.settings.actor_count,
                                  chosen.attributes};
+        if (find_item(view, subject.key()) == nullptr) {
+            continue;
+        }
         const bool readable =
-            check_readable(view, field, chosen.path,
+            check_readable(view, subject.key(), chosen.path,
                            "a file with a line of " + counted(chosen.attributes, "name") + " and " +
                                subject.shape(),
                            findings);

@@ -8,7 +8,7 @@
 #include "check/setup_view.h"
 #include "check/ties.h"
 
-// Everything below, in order. Sets the view's trusted part.
+// Everything below, in order. Finds out how much of the view is sound.
 Findings check_view(SetupView& view);
 
 // The setup file itself: can it be read, and was every value read where it was meant?
@@ -18,8 +18,8 @@ void check_setup(SetupView& view, Findings& findings);
 void check_outputs(const SetupView& view, Findings& findings);
 
 // A network matrix; its ties when it could be read in full.
-std::optional<Ties> check_network(const SetupView& view, const std::string& field,
-                                  const std::string& path, Findings& findings);
+std::optional<Ties> check_network(const SetupView& view, SetupId id, const std::string& path,
+                                  Findings& findings);
 
 // Attribute files, covariates and the covariance of a Bayesian fit.
 void check_attributes(const SetupView& view, Findings& findings);
@@ -38,7 +38,7 @@ void check_moves(const SetupView& view, const Ties* observed, const Ties* free_d
                  Findings& findings);
 
 // True when the file can be opened; else adds the error. `expected` tells what the file holds.
-bool check_readable(const SetupView& view, const std::string& field, const std::string& path,
+bool check_readable(const SetupView& view, const SetupKey& key, const std::string& path,
                     const std::string& expected, Findings& findings);
 
 // True when the setup has an actor count to check a file against.

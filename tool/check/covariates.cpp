@@ -96,8 +96,7 @@ void check_values(const Subject& subject, const CovariateScan& scan, Findings& f
         }
     }
     const Where where = subject.where(scan.name_line);
-    if (uneven > 0 &&
-        subject.view.setup.settings.network_kind == static_cast<int>(NetworkKind::undirected)) {
+    if (uneven > 0 && !is_directed(subject.view)) {
         add_warning(
             findings, where,
             counted(uneven, "pair") + " of " + quoted(scan.name) + " with two different values",
@@ -142,7 +141,9 @@ void check_covariate_file(const SetupView& view, const AttributeSelection& chose
     }
     if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(chosen.path, reader_offset(reader));
-        add_warning(findings, {chosen.path, place.line, "covariate file"},
+        add_warning(findings,
+                    {chosen.path, place.line,
+                     name_of(view, {SetupId::group_file, AttributeGroup::covariate})},
                     quoted(place.word) + " behind the last value",
                     counted(chosen.attributes, "covariate") + " of " + times(actors) + " values",
                     "remove it, or correct the covariate count in the setup file; it is ignored");
@@ -180,14 +181,12 @@ void check_covariance_values(const std::vector<double>& values, int size, const 
 }  // namespace
 
 void check_covariates(const SetupView& view, Findings& findings) {
-    if (find_item(view, "covariate file") == nullptr) {
-        return;
-    }
+    constexpr SetupKey kFile = {SetupId::group_file, AttributeGroup::covariate};
     const AttributeSelection& chosen = group_of(view.setup.selection, AttributeGroup::covariate);
-    if (chosen.attributes <= 0) {
+    if (find_item(view, kFile) == nullptr || chosen.attributes <= 0) {
         return;
     }
-    const bool readable = check_readable(view, "covariate file", chosen.path,
+    const bool readable = check_readable(view, kFile, chosen.path,
                                          "a file with " + counted(chosen.attributes, "covariate") +
                                              ", each a line with its name "
                                              "and then its values",
@@ -198,14 +197,15 @@ void check_covariates(const SetupView& view, Findings& findings) {
 }
 
 void check_covariance(const SetupView& view, Findings& findings) {
-    if (find_item(view, "covariance file") == nullptr) {
+    if (find_item(view, SetupId::covariance_file) == nullptr) {
         return;
     }
     const std::string& path = view.setup.settings.covariance_path;
+    const std::string field = name_of(view, SetupId::covariance_file);
     const int size = selection_size(view.setup.selection);
     const std::string expected =
         times(size) + " numbers, for the " + counted(size, "effect") + " selected";
-    if (!check_readable(view, "covariance file", path,
+    if (!check_readable(view, SetupId::covariance_file, path,
                         expected + " (an estimation of the same model writes covariance_NAME.txt)",
                         findings)) {
         return;
@@ -218,19 +218,18 @@ void check_covariance(const SetupView& view, Findings& findings) {
         "effects that this file was made for";
     if (!block.complete()) {
         const Breakoff& end = block.end;
-        add_error(findings, {path, end.place.line, "covariance file"},
+        add_error(findings, {path, end.place.line, field},
                   (end.at_end ? "the end of the file" : quoted(end.place.word)) + " after " +
                       counted(end.index, "number"),
                   expected, mend);
         return;
     }
-    check_covariance_values(block.values, size, {path, 0, "covariance file"}, findings);
+    check_covariance_values(block.values, size, {path, 0, field}, findings);
     if (const long long surplus = count_surplus(reader); surplus > 0) {
-        add_error(findings, {path, 0, "covariance file"}, counted(wanted + surplus, "number"),
-                  expected, mend);
+        add_error(findings, {path, 0, field}, counted(wanted + surplus, "number"), expected, mend);
     } else if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(path, reader_offset(reader));
-        add_warning(findings, {path, place.line, "covariance file"},
+        add_warning(findings, {path, place.line, field},
                     quoted(place.word) + " behind the last number", expected,
                     "remove it; it is ignored");
     }

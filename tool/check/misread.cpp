@@ -8,35 +8,29 @@
 
 namespace {
 
-using Kind = SetupItem::Kind;
-
 std::string on_line(int line) { return "line " + std::to_string(line); }
 
-NumberWord item_number(const SetupItem& item, const std::string& word) {
-    return item.kind == Kind::integer ? integer_word(word) : real_word(word);
-}
+bool is_line(const ReadItem& item) { return setup_item(item.key.id).value == SetupValue::line; }
+bool is_whole(const ReadItem& item) { return is_whole_number(setup_item(item.key.id).value); }
 
 bool fits_integer(double value) {
     return value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max();
 }
 
-bool is_misread(const SetupView& view, const SetupItem& item) {
-    if (!item.read || item.kind == Kind::text) {
+bool is_misread(const SetupView& view, const ReadItem& item) {
+    if (!item.read || is_line(item)) {
         return !item.read;
     }
-    const NumberWord number = item_number(item, word_at(view, item.value_offset));
-    return !number.whole_word || (item.kind == Kind::integer && !fits_integer(number.value));
+    const std::string word = word_at(view, item.value_offset);
+    const NumberWord number = is_whole(item) ? integer_word(word) : real_word(word);
+    return !number.whole_word || (is_whole(item) && !fits_integer(number.value));
 }
 
-const char* expected_text(const SetupItem& item) {
-    switch (item.kind) {
-        case Kind::integer:
-            return "a whole number";
-        case Kind::real:
-            return "a number";
-        default:
-            return "a line of text";
+const char* expected_text(const ReadItem& item) {
+    if (is_line(item)) {
+        return "a line of text";
     }
+    return is_whole(item) ? "a whole number" : "a number";
 }
 
 // What one misread comes to: the three lines of its finding.
@@ -49,17 +43,19 @@ struct Explanation {
 struct Misread {
     const SetupView& view;
     std::size_t index;
-    const SetupItem& item;
-    const SetupItem* before;  // null for the first item
+    const ReadItem& item;
+    const ReadItem* before;  // null for the first item
     std::string word;
     int value_line;
     int label_line;  // 0 without a label
     int before_line;
+
+    std::string name_before() const { return name_of(view, before->key); }
 };
 
 Misread describe(const SetupView& view, std::size_t index) {
-    const SetupItem& item = view.trace.items[index];
-    const SetupItem* before = index > 0 ? &view.trace.items[index - 1] : nullptr;
+    const ReadItem& item = view.trace.items[index];
+    const ReadItem* before = index > 0 ? &view.trace.items[index - 1] : nullptr;
     return {view,
             index,
             item,
@@ -77,7 +73,7 @@ bool at_end(const Misread& misread) {
 
 Explanation explain_end(const Misread& misread) {
     const std::string after =
-        misread.before != nullptr ? ", behind the item \"" + misread.before->field + "\"" : "";
+        misread.before != nullptr ? ", behind the item \"" + misread.name_before() + "\"" : "";
     return {misread.value_line, "the end of the file" + after,
             "write the missing lines, or look further up for a line that was left out"};
 }
@@ -90,7 +86,7 @@ bool has_decimal_comma(const std::string& word) {
 }
 
 std::optional<Explanation> explain_number(const Misread& misread) {
-    if (misread.item.kind == Kind::text) {
+    if (is_line(misread.item)) {
         return std::nullopt;
     }
     if (has_decimal_comma(misread.word)) {
@@ -109,15 +105,14 @@ std::optional<Explanation> explain_number(const Misread& misread) {
 
 // A number in the place of a label: the line before holds one number more than is read there.
 std::optional<Explanation> explain_numeric_label(const Misread& misread) {
-    const SetupItem& item = misread.item;
+    const ReadItem& item = misread.item;
     if (misread.label_line == 0 || !real_word(item.label).whole_word || misread.before == nullptr ||
         misread.label_line != misread.before_line) {
         return std::nullopt;
     }
     std::string mend = "remove " + quoted(item.label) + " from " + on_line(misread.label_line) +
-                       ": \"" + misread.before->field + "\" is the last value there";
-    if (misread.before->field == "degree cap" &&
-        misread.view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed)) {
+                       ": \"" + misread.name_before() + "\" is the last value there";
+    if (misread.before->key == SetupId::degree_cap && is_directed(misread.view)) {
         mend += "; a directed network has one cap, on out-degrees, and in-degrees cannot be capped";
     }
     return Explanation{misread.label_line,
@@ -176,7 +171,7 @@ std::optional<Explanation> explain_missing_number(const Misread& misread) {
         explanation.found = "nothing behind the label " + quoted(misread.item.label) + taken;
         explanation.mend = "write the value behind the label, on " + on_line(line);
     } else {
-        explanation.found = "nothing behind \"" + misread.before->field + "\"" + taken;
+        explanation.found = "nothing behind \"" + misread.name_before() + "\"" + taken;
         explanation.mend = "write the number there; it stands without a label of its own";
     }
     return explanation;
@@ -184,7 +179,7 @@ std::optional<Explanation> explain_missing_number(const Misread& misread) {
 
 Explanation explain_text(const Misread& misread) {
     const std::string behind = misread.label_line != 0 ? "the label " + quoted(misread.item.label)
-                               : misread.before != nullptr ? "\"" + misread.before->field + "\""
+                               : misread.before != nullptr ? "\"" + misread.name_before() + "\""
                                                            : "nothing";
     return {misread.value_line, quoted(misread.word) + " behind " + behind,
             misread.label_line != 0 ? "write a number there"
@@ -205,12 +200,12 @@ Explanation explain(const Misread& misread) {
 }
 
 // A text value that was taken from the line behind its label's, where others stand beside theirs.
-const SetupItem* stray_text(const SetupView& view, std::size_t end) {
-    const SetupItem* stray = nullptr;
+const ReadItem* stray_text(const SetupView& view, std::size_t end) {
+    const ReadItem* stray = nullptr;
     bool beside_label = false;
     for (std::size_t k = 0; k < end; ++k) {
-        const SetupItem& item = view.trace.items[k];
-        if (item.kind != Kind::text || item.label.empty()) {
+        const ReadItem& item = view.trace.items[k];
+        if (!is_line(item) || item.label.empty()) {
             continue;
         }
         if (line_at(view, item.label_offset) != line_at(view, item.value_offset)) {
@@ -224,7 +219,7 @@ const SetupItem* stray_text(const SetupView& view, std::size_t end) {
 
 // A likely cause further up, as a sentence.
 std::string earlier_cause(const SetupView& view, std::size_t index) {
-    if (const SetupItem* stray = stray_text(view, index)) {
+    if (const ReadItem* stray = stray_text(view, index)) {
         return "nothing stands behind the label " + quoted(stray->label) + " on " +
                on_line(line_at(view, stray->label_offset)) +
                ", so the line after it was taken for its value";
@@ -236,7 +231,7 @@ std::string earlier_cause(const SetupView& view, std::size_t index) {
 }  // namespace
 
 std::optional<std::size_t> first_misread(const SetupView& view) {
-    const std::vector<SetupItem>& items = view.trace.items;
+    const std::vector<ReadItem>& items = view.trace.items;
     for (std::size_t k = 0; k < items.size(); ++k) {
         if (is_misread(view, items[k])) {
             return k;
@@ -246,7 +241,7 @@ std::optional<std::size_t> first_misread(const SetupView& view) {
 }
 
 void explain_misread(const SetupView& view, std::size_t index, Findings& findings) {
-    const std::vector<SetupItem>& items = view.trace.items;
+    const std::vector<ReadItem>& items = view.trace.items;
     const Explanation explanation = explain(describe(view, index));
     const std::size_t behind = items.size() - index - 1;
     std::string found = explanation.found;
@@ -257,6 +252,6 @@ void explain_misread(const SetupView& view, std::size_t index, Findings& finding
     // What went wrong further up explains more than the place where reading broke down.
     const std::string cause = earlier_cause(view, index);
     const std::string mend = cause.empty() ? explanation.mend : "begin further up: " + cause;
-    add_error(findings, {view.path, explanation.line, items[index].field}, found,
+    add_error(findings, {view.path, explanation.line, name_of(view, items[index].key)}, found,
               expected_text(items[index]), mend);
 }

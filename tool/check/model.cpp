@@ -1,182 +1,211 @@
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <span>
 #include <string_view>
+#include <vector>
 
-#include "base/text_writer.h"
 #include "check/checks.h"
 
 namespace {
 
-bool is_directed(const SetupView& view) {
-    return view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed);
-}
+// One row of the sound part of the file: its effect, as it was read.
+struct Row {
+    SetupKey key;  // of the value
+    bool selected;
+    double value;
 
-bool is_mode(const SetupView& view, RunMode mode) {
-    return view.setup.settings.run_mode == static_cast<int>(mode);
-}
+    SetupKey flag() const {
+        SetupKey flag = key;
+        flag.id = key.id == SetupId::group_value ? SetupId::group_flag : SetupId::structural_flag;
+        return flag;
+    }
+};
 
-// The effects that are read from the trusted part of the file, in the order of their rows.
-template <class Visit>
-void for_each_structural(const SetupView& view, Visit visit) {
+// Structural effects, then those of attributes and covariates, in the order of their rows.
+std::vector<Row> read_rows(const SetupView& view) {
     const EffectSelection& selection = view.setup.selection;
-    for (const int id : selection.catalogue->setup_order) {
-        const StructuralEffect& effect = selection.catalogue->effects[static_cast<std::size_t>(id)];
-        if (find_item(view, std::string(effect.row) + " value") != nullptr) {
-            visit(effect, selection.structural[static_cast<std::size_t>(id)]);
+    std::vector<Row> rows;
+    for (std::size_t k = 0; k < view.sound_items; ++k) {
+        const ReadItem& item = view.trace.items[k];
+        const auto row = static_cast<std::size_t>(item.key.row);
+        if (item.key.id == SetupId::structural_value && item.read) {
+            const StructuralChoice& choice = selection.structural[row];
+            rows.push_back({item.key, choice.position >= 0, choice.value});
+        } else if (item.key.id == SetupId::group_value && item.read) {
+            const AttributeChoice& choice =
+                group_of(selection, item.key.group)
+                    .choices[row][static_cast<std::size_t>(item.key.attribute)];
+            rows.push_back({item.key, choice.flag == 1, choice.value});
         }
     }
+    return rows;
 }
+
+const char* row_name(const SetupView& view, const Row& row) {
+    return view.trace.catalogue->effects[static_cast<std::size_t>(row.key.row)].row;
+}
+
+bool is_structural(const Row& row) { return row.key.id == SetupId::structural_value; }
 
 // Effects whose whole value is 0 at a lambda of 1 too.
-bool needs_more_than_one(std::string_view row) {
-    return row == "Ain1outS" || row == "1inAoutS" || row == "AinAoutS";
+bool needs_more_than_one(const SetupView& view, const Row& row) {
+    const std::string_view name = row_name(view, row);
+    return name == "Ain1outS" || name == "1inAoutS" || name == "AinAoutS";
 }
 
-void check_lambda(const SetupView& view, const StructuralEffect& effect,
-                  const StructuralChoice& choice, Findings& findings) {
-    const SetupItem* item = find_item(view, std::string(effect.row) + " lambda");
-    if (item == nullptr || choice.position < 0) {
+void check_lambda(const SetupView& view, const Row& row, Findings& findings) {
+    const ReadItem* item = find_item(view, {SetupId::structural_lambda, row.key.row});
+    if (item == nullptr || !row.selected) {
         return;
     }
-    const std::string found = quoted(word_at(view, item->value_offset));
-    if (!std::isfinite(choice.lambda)) {
-        add_error(findings, where_item(view, *item), found, "a number of 1 or more",
-                  "write a lambda; 2 is usual");
-    } else if (choice.lambda < 1.0F) {
-        add_warning(findings, where_item(view, *item), found, "a number of 1 or more",
+    const float lambda =
+        view.setup.selection.structural[static_cast<std::size_t>(row.key.row)].lambda;
+    const std::string found = quoted_value(view, *item);
+    const char* range = setup_item(SetupId::structural_lambda).range;
+    if (!std::isfinite(lambda)) {
+        add_error(findings, where_item(view, *item), found, range, "write a lambda; 2 is usual");
+    } else if (lambda < 1.0F) {
+        add_warning(findings, where_item(view, *item), found, range,
                     "write a lambda of 1 or more (2 is usual): below 1 the effect is dead, its "
                     "statistic stays 0");
-    } else if (choice.lambda == 1.0F && needs_more_than_one(effect.row)) {
+    } else if (lambda == 1.0F && needs_more_than_one(view, row)) {
         add_warning(findings, where_item(view, *item), found, "a number above 1",
                     "write a lambda above 1: at 1 this effect's statistic is 0");
     }
 }
 
-void check_value(const SetupView& view, const std::string& field, double value,
-                 Findings& findings) {
-    const SetupItem* item = find_item(view, field);
-    if (item != nullptr && !std::isfinite(value)) {
-        add_error(findings, where_item(view, *item), quoted(word_at(view, item->value_offset)),
-                  "a finite number",
+void check_value(const SetupView& view, const Row& row, Findings& findings) {
+    const ReadItem& item = *find_item(view, row.key);
+    if (row.selected && !std::isfinite(row.value)) {
+        add_error(findings, where_item(view, item), quoted_value(view, item), "a finite number",
                   "write a parameter value: no proposal would ever be judged by this one");
     }
 }
 
 // The draws of a Bayesian fit go to the values that are not exactly 0, in their order.
-void check_draw_place(const SetupView& view, const std::string& name, bool selected, double value,
-                      Findings& findings) {
-    const SetupItem* item = find_item(view, name + " value");
-    if (item == nullptr || selected == (value != 0.0)) {
+void check_draw_place(const SetupView& view, const Row& row, Findings& findings) {
+    const ReadItem& item = *find_item(view, row.key);
+    if (row.selected == (row.value != 0.0)) {
         return;
     }
     if (is_mode(view, RunMode::bayesian_fit)) {
         add_warning(
-            findings, where_item(view, *item),
-            selected ? "the value 0 of a selected effect"
-                     : quoted(word_at(view, item->value_offset)) + " for an effect that is off",
-            selected ? "the estimate, not exactly 0" : "0",
+            findings, where_item(view, item),
+            row.selected ? "the value 0 of a selected effect"
+                         : quoted_value(view, item) + " for an effect that is off",
+            row.selected ? "the estimate, not exactly 0" : "0",
             "draws are handed to the values that are not exactly 0, in their order: the draws of "
             "this and the following effects would go to others");
-    } else if (!selected && is_mode(view, RunMode::estimation) &&
+    } else if (!row.selected && is_mode(view, RunMode::estimation) &&
                view.setup.settings.gof_after_estimation == 1) {
-        add_warning(findings, where_item(view, *item),
-                    quoted(word_at(view, item->value_offset)) + " for an effect that is off", "0",
+        add_warning(findings, where_item(view, item),
+                    quoted_value(view, item) + " for an effect that is off", "0",
                     "the fit after the estimation uses this value: write 0 unless it is meant");
     }
 }
 
-// Calls visit(name, choice) for the rows of each attribute and covariate.
-template <class Visit>
-void for_each_attribute_row(const SetupView& view, Visit visit) {
-    const char* names[] = {"binary attribute", "continuous attribute", "categorical attribute",
-                           "covariate"};
-    const EffectSelection& selection = view.setup.selection;
-    for (const AttributeGroup group : kAllGroups) {
-        const AttributeSelection& chosen = group_of(selection, group);
-        const AttributeGroupCatalogue& rows = group_catalogue(*selection.catalogue, group);
-        for (int attribute = 0; attribute < chosen.attributes; ++attribute) {
-            for (const int row : rows.setup_order) {
-                const auto r = static_cast<std::size_t>(row);
-                const std::string update = rows.effects[r].update;
-                const std::string name = std::string(names[static_cast<std::size_t>(group)]) + " " +
-                                         std::to_string(attribute + 1) + ": " +
-                                         text_with_name(update.c_str(), "");
-                if (find_item(view, name + " value") != nullptr) {
-                    visit(name, chosen.choices[r][static_cast<std::size_t>(attribute)], group,
-                          update);
-                }
-            }
-        }
+// The group's rows in the order in which values leave the parameter vector and enter it. Where it
+// is not the order of the statistics, estimates and starting values stand at a neighbour's.
+const AttributeGroupCatalogue& places_of(const SetupView& view, const Row& row) {
+    return group_catalogue(*view.trace.catalogue, row.key.group);
+}
+
+auto times_among(std::span<const int> places, const Row& row) {
+    return std::count(places.begin(), places.end(), row.key.row);
+}
+
+bool keeps_place_in_full_model(const SetupView& view, const Row& row) {
+    const std::span<const int> places = places_of(view, row).store_order;
+    const auto index = static_cast<std::size_t>(row.key.row);
+    return index < places.size() && places[index] == row.key.row;
+}
+
+// Whether the two rows, the first before the second in the file, change places among the
+// parameters.
+bool are_exchanged(const SetupView& view, const Row& first, const Row& second) {
+    const std::span<const int> places = places_of(view, first).store_order;
+    const auto place = std::find(places.begin(), places.end(), first.key.row);
+    return first.key.group == second.key.group && first.key.row < second.key.row &&
+           place != places.end() && std::find(places.begin(), place, second.key.row) != place;
+}
+
+// "sum".
+std::string plain_name(const SetupView& view, const Row& row) {
+    const std::string name = setup_effect(row.key, *view.trace.catalogue, "");
+    return name.substr(name.starts_with("_") ? 1 : 0);
+}
+
+void warn_out_of_step(const SetupView& view, const Row& row, Findings& findings) {
+    const AttributeGroupCatalogue& places = places_of(view, row);
+    const std::string what = "a continuous " + plain_name(view, row);
+    if (times_among(places.store_order, row) == 0) {
+        add_warning(findings, where_key(view, row.flag()),
+                    what + ", which has a statistic but no place among the parameters",
+                    "a model without it",
+                    "parameters and statistics get out of step: the log names each estimate "
+                    "rightly, but in starting values and update files the sum's place goes to the "
+                    "next effect and all behind it move by one; leave it out (sender and receiver "
+                    "together say the same)");
+    } else if (times_among(places.assembly_order, row) > 1) {
+        add_warning(findings, where_key(view, row.flag()), what + ", whose parameter is held twice",
+                    "a model without it",
+                    "parameters and statistics get out of step: the starting values of categorical "
+                    "attributes and covariates move by one place, since this one stands before "
+                    "them a second time; estimates in the log and in the update files keep their "
+                    "places; leave it out");
     }
 }
 
-void warn_out_of_step(const SetupView& view, const std::string& name, const char* found,
-                      const char* mend, Findings& findings) {
-    add_warning(findings, where_field(view, name + " flag"), found, "a model without it", mend);
+// A fit on the full model holds the values of most directed continuous effects one or two places
+// away.
+void warn_moved_in_full_model(const SetupView& view, const Row& row, Findings& findings) {
+    add_warning(
+        findings, where_key(view, row.flag()),
+        "a directed continuous effect in a fit on the full model",
+        "sender, receiver, their missing counts and diff alone",
+        "the full model has a sum, for which parameters have no place: the fit applies this "
+        "effect's value to another statistic");
 }
 
-// A fit on the full model holds the values of most continuous effects one or two places away.
-void check_knot_of_fit(const SetupView& view, const std::string& name, Findings& findings) {
-    const bool full_model =
-        is_mode(view, RunMode::bayesian_fit) ||
-        (is_mode(view, RunMode::estimation) && view.setup.settings.gof_after_estimation == 1);
-    if (full_model && !name.empty()) {
-        add_warning(findings, where_field(view, name + " flag"),
-                    "a directed continuous effect in a fit on the full model",
-                    "sender, receiver, their missing counts and diff alone",
-                    "the full model has a sum, for which parameters have no place: the fit applies "
-                    "this effect's value to another statistic");
-    }
+bool has_full_model(const SetupView& view) {
+    return is_mode(view, RunMode::bayesian_fit) ||
+           (is_mode(view, RunMode::estimation) && view.setup.settings.gof_after_estimation == 1);
 }
 
-// The parameter vector of a directed continuous attribute has no place for "sum" and holds
-// "prod_reciprocity" twice, so what stands behind them is moved.
-void check_knot(const SetupView& view, Findings& findings) {
-    if (!is_directed(view)) {
-        return;
+// Parameters that do not stand where their statistics do.
+void check_places(const SetupView& view, const std::vector<Row>& rows, Findings& findings) {
+    std::vector<Row> selected;
+    std::copy_if(rows.begin(), rows.end(), std::back_inserter(selected),
+                 [](const Row& row) { return row.selected && !is_structural(row); });
+    for (const Row& row : selected) {
+        warn_out_of_step(view, row, findings);
     }
-    bool diff = false;
-    bool prod = false;
-    std::string moved;
-    for_each_attribute_row(view, [&](const std::string& name, const AttributeChoice& choice,
-                                     AttributeGroup group, const std::string& update) {
-        if (group != AttributeGroup::continuous || choice.flag != 1) {
+    const auto moved = std::find_if(selected.begin(), selected.end(), [&view](const Row& row) {
+        return !keeps_place_in_full_model(view, row);
+    });
+    if (has_full_model(view) && moved != selected.end()) {
+        warn_moved_in_full_model(view, *moved, findings);
+    }
+    for (const Row& first : selected) {
+        const auto second = std::find_if(selected.begin(), selected.end(), [&](const Row& row) {
+            return are_exchanged(view, first, row);
+        });
+        if (second != selected.end()) {
+            add_warning(
+                findings, {view.path, 0, "continuous attributes"},
+                "a continuous " + plain_name(view, first) + " and a " + plain_name(view, *second),
+                "one of the two",
+                "parameters and statistics get out of step: the log names each estimate "
+                "rightly, but starting values and update files exchange the two; leave one "
+                "out");
             return;
         }
-        diff = diff || update == "%s_diff";
-        prod = prod || update == "%s_prod";
-        const bool sum = update == "%s_sum";
-        const bool keeps_place = update.starts_with("%s_sender") ||
-                                 update.starts_with("%s_receiver") || update == "%s_diff";
-        moved = keeps_place || !moved.empty() ? moved : name;
-        if (sum || update == "%s_prod_reciprocity") {
-            warn_out_of_step(
-                view, name,
-                sum ? "a continuous sum, which has a statistic but no place among the parameters"
-                    : "a continuous prod_reciprocity, whose parameter is held twice",
-                sum ? "parameters and statistics get out of step: the log names each estimate "
-                      "rightly, but in starting values and update files the sum's place goes to "
-                      "the next effect and all behind it move by one; leave it out (sender and "
-                      "receiver together say the same)"
-                    : "parameters and statistics get out of step: the starting values of "
-                      "categorical attributes and covariates move by one place, since this one "
-                      "stands before them a second time; estimates in the log and in the update "
-                      "files keep their places; leave it out",
-                findings);
-        }
-    });
-    check_knot_of_fit(view, moved, findings);
-    if (diff && prod) {
-        add_warning(findings, {view.path, 0, "continuous attributes"},
-                    "a continuous diff and a prod", "one of the two",
-                    "parameters and statistics get out of step: the log names each estimate "
-                    "rightly, but starting values and update files exchange the two; leave one "
-                    "out");
     }
 }
 
 void check_size(const SetupView& view, Findings& findings) {
-    if (all_trusted(view) && selection_size(view.setup.selection) == 0) {
+    if (is_sound(view) && selection_size(view.setup.selection) == 0) {
         add_warning(findings, {view.path, 0, "model"}, "no effect selected",
                     "a flag of 1 for at least one effect",
                     "select an effect; without one every proposal is accepted and nothing is "
@@ -184,34 +213,32 @@ void check_size(const SetupView& view, Findings& findings) {
     }
 }
 
-bool any_selected(const SetupView& view, std::initializer_list<const char*> rows) {
-    bool selected = false;
-    for_each_structural(view, [&](const StructuralEffect& effect, const StructuralChoice& choice) {
-        selected = selected || (choice.position >= 0 &&
-                                std::any_of(rows.begin(), rows.end(), [&effect](const char* row) {
-                                    return std::string_view(row) == effect.row;
-                                }));
+bool any_selected(const SetupView& view, const std::vector<Row>& rows,
+                  std::initializer_list<std::string_view> names) {
+    return std::any_of(rows.begin(), rows.end(), [&](const Row& row) {
+        return row.selected && is_structural(row) &&
+               std::find(names.begin(), names.end(), row_name(view, row)) != names.end();
     });
-    return selected;
 }
 
 // Statistics that no proposal of the kind can change make an estimation degenerate.
-void check_still_statistics(const SetupView& view, Findings& findings) {
-    const SetupItem* item = find_item(view, "proposal kind");
+void check_still_statistics(const SetupView& view, const std::vector<Row>& rows,
+                            Findings& findings) {
+    const ReadItem* item = find_item(view, SetupId::proposal_kind);
     if (item == nullptr || !is_mode(view, RunMode::estimation)) {
         return;
     }
     const int kind = view.setup.settings.proposal_kind;
     const bool swap = kind == 1;
     const bool sender_swap = is_directed(view) && kind == 2;
-    if ((swap || sender_swap) && any_selected(view, {"edge", "arc"})) {
+    if ((swap || sender_swap) && any_selected(view, rows, {"edge", "arc"})) {
         add_warning(findings, where_item(view, *item),
                     "a swap proposal, and the number of ties among the effects",
                     "a model without \"edge\" or \"arc\"",
                     "leave the effect out or let single dyads be toggled (0): a swap keeps the "
                     "number of ties, so its estimation is degenerate");
     }
-    if (sender_swap && any_selected(view, {"out2star", "out-3-star", "AoutS", "AoutS2"})) {
+    if (sender_swap && any_selected(view, rows, {"out2star", "out-3-star", "AoutS", "AoutS2"})) {
         add_warning(findings, where_item(view, *item),
                     "the sender swap, and an effect of out-degrees alone",
                     "a model without out2star, out-3-star, AoutS and AoutS2",
@@ -226,22 +253,15 @@ void check_model(const SetupView& view, Findings& findings) {
     if (view.setup.selection.catalogue == nullptr) {
         return;
     }
-    for_each_structural(view, [&](const StructuralEffect& effect, const StructuralChoice& choice) {
-        const std::string name = effect.row;
-        check_lambda(view, effect, choice, findings);
-        if (choice.position >= 0) {
-            check_value(view, name + " value", choice.value, findings);
+    const std::vector<Row> rows = read_rows(view);
+    for (const Row& row : rows) {
+        if (is_structural(row)) {
+            check_lambda(view, row, findings);
         }
-        check_draw_place(view, name, choice.position >= 0, choice.value, findings);
-    });
-    for_each_attribute_row(view, [&](const std::string& name, const AttributeChoice& choice,
-                                     AttributeGroup, const std::string&) {
-        if (choice.flag == 1) {
-            check_value(view, name + " value", choice.value, findings);
-        }
-        check_draw_place(view, name, choice.flag == 1, choice.value, findings);
-    });
-    check_knot(view, findings);
+        check_value(view, row, findings);
+        check_draw_place(view, row, findings);
+    }
+    check_places(view, rows, findings);
     check_size(view, findings);
-    check_still_statistics(view, findings);
+    check_still_statistics(view, rows, findings);
 }

@@ -18,7 +18,7 @@ struct Moves {
     int actors;
 
     bool is_free(int i, int j) const { return free_dyads == nullptr || free_dyads->has(i, j); }
-    const SetupItem* item(const char* field) const { return find_item(view, field); }
+    const ReadItem* item(SetupId id) const { return find_item(view, id); }
 };
 
 enum class Proposal { toggle, swap, sender_swap };
@@ -58,7 +58,7 @@ const char* tie_word(const Moves& moves) { return moves.directed ? "arc" : "tie"
 
 // Warns about a network that has no tie or all of them: nothing can be learned from it.
 void check_degenerate(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("network file");
+    const ReadItem* item = moves.item(SetupId::network_file);
     if (moves.observed == nullptr || item == nullptr) {
         return;
     }
@@ -73,7 +73,7 @@ void check_degenerate(const Moves& moves, Findings& findings) {
 }
 
 void check_free_dyads(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("free dyads file");
+    const ReadItem* item = moves.item(SetupId::free_dyads_file);
     if (moves.free_dyads == nullptr || item == nullptr) {
         return;
     }
@@ -89,7 +89,7 @@ void check_free_dyads(const Moves& moves, Findings& findings) {
 
 // Whether the observed network has a tie to take away and a gap to fill.
 void check_observed_swap(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("proposal kind");
+    const ReadItem* item = moves.item(SetupId::proposal_kind);
     std::int64_t tied = 0;
     std::int64_t gaps = 0;
     for (int i = 0; i < moves.actors; ++i) {
@@ -124,7 +124,7 @@ bool can_swap_sender(const Moves& moves, int i) {
 }
 
 void check_observed_sender_swap(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("proposal kind");
+    const ReadItem* item = moves.item(SetupId::proposal_kind);
     const std::vector<int> out = degrees(*moves.observed);
     bool two_arcs = false;
     for (int i = 0; i < moves.actors; ++i) {
@@ -146,7 +146,7 @@ void check_observed_sender_swap(const Moves& moves, Findings& findings) {
 
 // The random start network of a simulation is known only by its number of ties.
 void check_start_network(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("density");
+    const ReadItem* item = moves.item(SetupId::density);
     const Proposal proposal = proposal_of(moves);
     if (item == nullptr || proposal == Proposal::toggle) {
         return;
@@ -183,9 +183,9 @@ std::string letters_of(const std::string& label) {
 
 // A directed cap is on out-degrees, whatever its label says.
 void check_cap_meaning(const Moves& moves, Findings& findings) {
-    const SetupItem* flag = moves.item("degree cap flag");
+    const ReadItem* flag = moves.item(SetupId::degree_cap_flag);
     if (!moves.directed || flag == nullptr || flag->label.empty() ||
-        moves.item("degree cap") == nullptr) {
+        moves.item(SetupId::degree_cap) == nullptr) {
         return;
     }
     if (letters_of(flag->label).find("out") == std::string::npos) {
@@ -197,7 +197,7 @@ void check_cap_meaning(const Moves& moves, Findings& findings) {
 }
 
 void check_cap(const Moves& moves, Findings& findings) {
-    const SetupItem* item = moves.item("degree cap");
+    const ReadItem* item = moves.item(SetupId::degree_cap);
     if (item == nullptr) {
         return;
     }
@@ -233,13 +233,12 @@ void check_cap(const Moves& moves, Findings& findings) {
 
 void check_moves(const SetupView& view, const Ties* observed, const Ties* free_dyads,
                  Findings& findings) {
-    const SetupItem* kind = find_item(view, "proposal kind");
+    const ReadItem* kind = find_item(view, SetupId::proposal_kind);
     if (kind == nullptr || !has_actor_count(view)) {
         return;
     }
-    const bool directed =
-        view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed);
-    const Moves moves = {view, observed, free_dyads, directed, view.setup.settings.actor_count};
+    const Moves moves = {view, observed, free_dyads, is_directed(view),
+                         view.setup.settings.actor_count};
     check_degenerate(moves, findings);
     check_free_dyads(moves, findings);
     check_cap_meaning(moves, findings);

@@ -24,7 +24,7 @@ bool exists(const std::string& path, FileKind kind) {
 }
 
 // What is likely wrong with a path that leads nowhere.
-std::string mend_path(const SetupView& view, const SetupItem* item, const std::string& path,
+std::string mend_path(const SetupView& view, const ReadItem* item, const std::string& path,
                       FileKind kind) {
     if (!path.empty() && path.back() == '\r') {
         return "save the setup file with Unix line ends: a carriage return at the end of the line "
@@ -71,7 +71,7 @@ constexpr std::size_t kLongestName = 255;
 constexpr std::size_t kLongestTag = 26;  // "geodesic_distribution_.txt"
 
 void check_name(const SetupView& view, Findings& findings) {
-    const SetupItem* item = find_item(view, "network name");
+    const ReadItem* item = find_item(view, SetupId::network_name);
     if (item == nullptr) {
         return;
     }
@@ -106,26 +106,26 @@ void check_existing(const SetupView& view, const Where& where, Findings& finding
 
 }  // namespace
 
-bool check_readable(const SetupView& view, const std::string& field, const std::string& path,
+bool check_readable(const SetupView& view, const SetupKey& key, const std::string& path,
                     const std::string& expected, Findings& findings) {
     const std::string problem = open_problem(path);
     if (problem.empty()) {
         return true;
     }
-    add_error(findings, where_field(view, field),
-              quoted(path) + ", which cannot be opened: " + problem, expected,
-              mend_path(view, find_item(view, field), path, FileKind::file));
+    add_error(findings, where_key(view, key), quoted(path) + ", which cannot be opened: " + problem,
+              expected, mend_path(view, find_item(view, key), path, FileKind::file));
     return false;
 }
 
 void check_outputs(const SetupView& view, Findings& findings) {
-    const SetupItem* item = find_item(view, "output directory");
+    const ReadItem* item = find_item(view, SetupId::output_directory);
     if (item == nullptr && view.output.empty()) {
         return;
     }
     const std::string& directory = output_directory(view);
-    const Where where = view.output.empty() ? where_item(view, *item)
-                                            : Where{"command line", 0, "output directory"};
+    const Where where = view.output.empty()
+                            ? where_item(view, *item)
+                            : Where{"command line", 0, name_of(view, SetupId::output_directory)};
     const FileKind kind = file_kind(directory);
     if (kind != FileKind::directory) {
         add_error(

@@ -8,7 +8,7 @@ namespace {
 // What one check of a matrix works with.
 struct Subject {
     const std::string& path;
-    const std::string& field;
+    std::string field;
     int actors;
     bool directed;
     const NumberBlock<int>& block;
@@ -43,7 +43,7 @@ std::string mend_for_word(const std::string& word, int line) {
 
 // A matrix of another size than the actor count says.
 std::string size_hint(long long numbers, int actors) {
-    const int root = square_root(numbers);
+    const int root = whole_root(numbers).value_or(0);
     return root > 0 && root != actors
                ? "; " + std::to_string(numbers) + " cells are a matrix of " + times(root) +
                      ": the actor count may be meant to be " + std::to_string(root)
@@ -171,23 +171,21 @@ Ties make_ties(const Subject& subject) {
 }  // namespace
 
 bool has_actor_count(const SetupView& view) {
-    return find_item(view, "actor count") != nullptr && view.setup.settings.actor_count >= 2;
+    return find_item(view, SetupId::actor_count) != nullptr && view.setup.settings.actor_count >= 2;
 }
 
-std::optional<Ties> check_network(const SetupView& view, const std::string& field,
-                                  const std::string& path, Findings& findings) {
+std::optional<Ties> check_network(const SetupView& view, SetupId id, const std::string& path,
+                                  Findings& findings) {
     const int actors = view.setup.settings.actor_count;
     const std::string expected =
         has_actor_count(view) ? "a file of " + times(actors) + " cells" : "a file of cells";
-    if (!check_readable(view, field, path, expected, findings) || !has_actor_count(view)) {
+    if (!check_readable(view, id, path, expected, findings) || !has_actor_count(view)) {
         return std::nullopt;
     }
     TextReader reader = reader_open(path);
     const NumberBlock<int> block =
         read_numbers<int>(reader, path, static_cast<long long>(actors) * actors, reader_cell);
-    const bool directed =
-        view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed);
-    const Subject subject = {path, field, actors, directed, block};
+    const Subject subject = {path, name_of(view, id), actors, is_directed(view), block};
     if (!block.complete()) {
         report_break(subject, findings);
         return std::nullopt;

@@ -11,7 +11,7 @@ long long count_surplus(TextReader& reader) {
     return surplus;
 }
 
-int square_root(long long number) {
+std::optional<int> whole_root(long long number) {
     const auto root = static_cast<long long>(std::llround(std::sqrt(static_cast<double>(number))));
-    return root * root == number ? static_cast<int>(root) : 0;
+    return root * root == number ? std::optional(static_cast<int>(root)) : std::nullopt;
 }

@@ -5,6 +5,7 @@
 // read. Both are told as a run would have them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -82,5 +83,5 @@ NumberBlock<Value> read_numbers(TextReader& reader, const std::string& path, lon
 // Counts the numbers that are left, up to the end or the first text.
 long long count_surplus(TextReader& reader);
 
-// The whole root of a square number, 0 when it is none.
-int square_root(long long number);
+// The root of a square number; nothing when it is none.
+std::optional<int> whole_root(long long number);

@@ -21,19 +21,13 @@ const char* mode_name(int mode) {
 // attribute 1".
 std::vector<std::string> effect_names(const SetupView& view) {
     std::vector<std::string> names;
-    for (std::size_t k = 0; k < view.trusted; ++k) {
-        const SetupItem& item = view.trace.items[k];
-        const std::string ending = " flag";
-        const bool row = k + 1 < view.trusted && item.field.ends_with(ending) &&
-                         view.trace.items[k + 1].field.ends_with(" value");
-        if (row && integer_word(word_at(view, item.value_offset)).value == 1.0) {
-            std::string name = item.field.substr(0, item.field.size() - ending.size());
-            if (const std::size_t colon = name.find(": "); colon != std::string::npos) {
-                std::string effect = name.substr(colon + 2);
-                effect.erase(0, effect.starts_with("_") ? 1 : 0);
-                name = effect.append(" of ").append(name, 0, colon);
-            }
-            names.push_back(name);
+    for (const ReadItem& item : view.trace.items) {
+        const bool of_attribute = item.key.id == SetupId::group_flag;
+        if ((of_attribute || item.key.id == SetupId::structural_flag) &&
+            integer_word(word_at(view, item.value_offset)).value == 1.0) {
+            std::string name = setup_effect(item.key, *view.trace.catalogue, "");
+            name.erase(0, of_attribute && name.starts_with("_") ? 1 : 0);
+            names.push_back(of_attribute ? name + " of " + attribute_of(item.key) : name);
         }
     }
     return names;
@@ -43,16 +37,14 @@ std::vector<std::string> effect_names(const SetupView& view) {
 
 std::string describe_setup(const SetupView& view) {
     const RunSettings& settings = view.setup.settings;
-    if (view.setup.selection.catalogue == nullptr || !all_trusted(view)) {
+    if (view.setup.selection.catalogue == nullptr || !is_sound(view)) {
         return "";
     }
     const std::vector<std::string> names = effect_names(view);
-    std::string text =
-        std::string(mode_name(settings.run_mode)) +
-        (settings.network_kind == static_cast<int>(NetworkKind::directed) ? ", directed"
-                                                                          : ", undirected") +
-        " network of " + counted(settings.actor_count, "actor") + ", " +
-        counted(static_cast<long long>(names.size()), "effect");
+    std::string text = std::string(mode_name(settings.run_mode)) +
+                       (is_directed(view) ? ", directed" : ", undirected") + " network of " +
+                       counted(settings.actor_count, "actor") + ", " +
+                       counted(static_cast<long long>(names.size()), "effect");
     for (std::size_t k = 0; k < names.size() && k < kShownEffects; ++k) {
         text += (k == 0 ? " (" : ", ") + names[k];
     }

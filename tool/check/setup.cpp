@@ -7,8 +7,6 @@
 
 namespace {
 
-using Kind = SetupItem::Kind;
-
 // Strange flags that are told one by one; the rest are counted.
 constexpr int kShownFlags = 3;
 
@@ -34,29 +32,28 @@ bool check_text_file(const SetupView& view, Findings& findings) {
 }
 
 void check_impossible_count(const SetupView& view, Findings& findings) {
-    const std::vector<SetupItem>& items = view.trace.items;
-    const auto last = std::find_if(items.rbegin(), items.rend(), [](const SetupItem& item) {
-        return item.field.ends_with(" count");
+    const std::vector<ReadItem>& items = view.trace.items;
+    const auto last = std::find_if(items.rbegin(), items.rend(), [](const ReadItem& item) {
+        return item.key.id == SetupId::group_count;
     });
     if (!view.impossible_count || last == items.rend()) {
         return;
     }
     add_error(findings, where_item(view, *last),
-              "the count " + quoted(word_at(view, last->value_offset)) +
-                  ", more than the file has characters",
+              "the count " + quoted_value(view, *last) + ", more than the file has characters",
               "one group of rows for each of them",
               "write the true count, or the rows that belong to it");
 }
 
 void check_known(const SetupView& view, Findings& findings) {
     const RunSettings& settings = view.setup.settings;
-    const SetupItem* mode = find_item(view, "run mode");
+    const ReadItem* mode = find_item(view, SetupId::run_mode);
     if (mode != nullptr && (settings.run_mode < 1 || settings.run_mode > 4)) {
         add_error(findings, where_item(view, *mode), std::to_string(settings.run_mode),
                   "1 simulation, 2 estimation, 3 goodness of fit, 4 Bayesian goodness of fit",
                   "write one of these; any other mode ends the run before it begins");
     }
-    const SetupItem* kind = find_item(view, "network kind");
+    const ReadItem* kind = find_item(view, SetupId::network_kind);
     if (kind != nullptr && settings.network_kind != 1 && settings.network_kind != 2) {
         add_error(findings, where_item(view, *kind), std::to_string(settings.network_kind),
                   "1 undirected, 2 directed",
@@ -64,18 +61,13 @@ void check_known(const SetupView& view, Findings& findings) {
     }
 }
 
-bool is_flag(const SetupItem& item) {
-    return item.kind == Kind::integer &&
-           (item.field.ends_with(" flag") || item.field.ends_with(" switch") ||
-            item.field == "goodness of fit after estimation");
-}
-
 void check_flags(const SetupView& view, Findings& findings) {
     int strange = 0;
-    for (std::size_t k = 0; k < view.trusted; ++k) {
-        const SetupItem& item = view.trace.items[k];
+    for (std::size_t k = 0; k < view.sound_items; ++k) {
+        const ReadItem& item = view.trace.items[k];
         const std::string word = word_at(view, item.value_offset);
-        if (!is_flag(item) || integer_word(word).value == 0.0 || integer_word(word).value == 1.0) {
+        if (setup_item(item.key.id).value != SetupValue::flag || integer_word(word).value == 0.0 ||
+            integer_word(word).value == 1.0) {
             continue;
         }
         if (++strange <= kShownFlags) {
@@ -91,12 +83,11 @@ void check_flags(const SetupView& view, Findings& findings) {
 }
 
 void check_counts(const SetupView& view, Findings& findings) {
-    for (std::size_t k = 0; k < view.trusted; ++k) {
-        const SetupItem& item = view.trace.items[k];
-        const bool group_count =
-            item.field.ends_with("attribute count") || item.field == "covariate count";
-        if (group_count && integer_word(word_at(view, item.value_offset)).value < 0.0) {
-            add_error(findings, where_item(view, item), quoted(word_at(view, item.value_offset)),
+    for (std::size_t k = 0; k < view.sound_items; ++k) {
+        const ReadItem& item = view.trace.items[k];
+        if (setup_item(item.key.id).value == SetupValue::count &&
+            integer_word(word_at(view, item.value_offset)).value < 0.0) {
+            add_error(findings, where_item(view, item), quoted_value(view, item),
                       "how many there are, 0 or more", "write the true count");
         }
     }
@@ -106,8 +97,8 @@ void check_counts(const SetupView& view, Findings& findings) {
 std::vector<std::size_t> crowded_items(const SetupView& view) {
     std::vector<std::size_t> crowded;
     int line_of_last_label = 0;
-    for (std::size_t k = 0; k < view.trusted; ++k) {
-        const SetupItem& item = view.trace.items[k];
+    for (std::size_t k = 0; k < view.sound_items; ++k) {
+        const ReadItem& item = view.trace.items[k];
         if (item.label_offset < 0 || item.label.empty()) {
             continue;
         }
@@ -132,22 +123,22 @@ std::string trailing_word(const SetupView& view) {
 void check_crowded(SetupView& view, Findings& findings) {
     const std::vector<std::size_t> crowded = crowded_items(view);
     // Many such lines are the habit of whoever wrote the file, not a slip.
-    if (crowded.empty() || crowded.size() > view.trusted / 4) {
+    if (crowded.empty() || crowded.size() > view.sound_items / 4) {
         return;
     }
-    const SetupItem& item = view.trace.items[crowded.front()];
-    const SetupItem& before = view.trace.items[crowded.front() - 1];
-    const std::string found = "two items on one line: \"" + before.field + "\" is read as " +
-                              quoted(word_at(view, before.value_offset)) + ", and " +
-                              quoted(item.label) + " is taken for the label of \"" + item.field +
-                              "\"";
-    const Where where = {view.path, line_at(view, item.label_offset), before.field};
+    const ReadItem& item = view.trace.items[crowded.front()];
+    const ReadItem& before = view.trace.items[crowded.front() - 1];
+    const std::string found = "two items on one line: \"" + name_of(view, before.key) +
+                              "\" is read as " + quoted_value(view, before) + ", and " +
+                              quoted(item.label) + " is taken for the label of \"" +
+                              name_of(view, item.key) + "\"";
+    const Where where = {view.path, line_at(view, item.label_offset), name_of(view, before.key)};
     if (view.trace.trailing_text) {
         add_error(findings, where,
                   found + "; the values behind it have moved, and text is left over",
                   "one label of one word, then its value",
                   "join the words of the label with underscores");
-        view.trusted = crowded.front() - 1;
+        view.sound_items = crowded.front() - 1;
     } else {
         add_warning(findings, where, found, "one item on a line",
                     "join the words of the label with underscores if they are one label");
@@ -156,7 +147,7 @@ void check_crowded(SetupView& view, Findings& findings) {
 
 void check_trailing(const SetupView& view, Findings& findings) {
     const bool known = view.setup.selection.catalogue != nullptr;
-    if (!view.trace.trailing_text || !all_trusted(view) || !known) {
+    if (!view.trace.trailing_text || !is_sound(view) || !known) {
         return;
     }
     long begin = view.trace.end_offset;
@@ -173,16 +164,17 @@ void check_trailing(const SetupView& view, Findings& findings) {
 
 void check_rows(const SetupView& view, Findings& findings) {
     const std::optional<std::size_t> row = first_misplaced_row(view);
-    if (row && *row < view.trusted && all_trusted(view)) {
-        const SetupItem& item = view.trace.items[*row];
-        add_warning(findings, {view.path, line_at(view, item.label_offset), item.field},
+    if (row && *row < view.sound_items && is_sound(view)) {
+        const ReadItem& item = view.trace.items[*row];
+        add_warning(findings,
+                    {view.path, line_at(view, item.label_offset), name_of(view, item.key)},
                     describe_misplaced_row(view, *row), "the rows in their order",
                     "put the rows in order: labels are for people, only the place of a row counts");
     }
 }
 
 void check_name(const SetupView& view, Findings& findings) {
-    const SetupItem* item = find_item(view, "network name");
+    const ReadItem* item = find_item(view, SetupId::network_name);
     if (item == nullptr) {
         return;
     }
@@ -203,18 +195,18 @@ void check_name(const SetupView& view, Findings& findings) {
 
 void check_setup(SetupView& view, Findings& findings) {
     if (!check_text_file(view, findings)) {
-        view.trusted = 0;
+        view.sound_items = 0;
         return;
     }
     if (const std::optional<std::size_t> misread = first_misread(view)) {
-        view.trusted = *misread;
+        view.sound_items = *misread;
         explain_misread(view, *misread, findings);
     } else {
         check_impossible_count(view, findings);
     }
     if (view.impossible_count) {
         // Reading was given up, so no value has come through.
-        view.trusted = 0;
+        view.sound_items = 0;
     }
     check_known(view, findings);
     check_crowded(view, findings);

@@ -34,7 +34,7 @@ SetupView read_view(const std::string& path, const std::string& output) {
         view.setup.opened = true;
         view.impossible_count = true;
     }
-    view.trusted = view.trace.items.size();
+    view.sound_items = view.trace.items.size();
     return view;
 }
 
@@ -66,27 +66,43 @@ std::string line_text(const SetupView& view, int line) {
     return view.text.substr(begin, view.text.find('\n', begin) - begin);
 }
 
-const SetupItem* find_item(const SetupView& view, const std::string& field) {
-    for (std::size_t k = 0; k < view.trusted; ++k) {
-        const SetupItem& item = view.trace.items[k];
-        if (item.field == field && item.read) {
+bool is_directed(const SetupView& view) {
+    return view.setup.settings.network_kind == static_cast<int>(NetworkKind::directed);
+}
+
+bool is_mode(const SetupView& view, RunMode mode) {
+    return view.setup.settings.run_mode == static_cast<int>(mode);
+}
+
+const ReadItem* find_item(const SetupView& view, const SetupKey& key) {
+    for (std::size_t k = 0; k < view.sound_items; ++k) {
+        const ReadItem& item = view.trace.items[k];
+        if (item.key == key && item.read) {
             return &item;
         }
     }
     return nullptr;
 }
 
-Where where_item(const SetupView& view, const SetupItem& item) {
-    return {view.path, line_at(view, item.value_offset), item.field};
+std::string name_of(const SetupView& view, const SetupKey& key) {
+    return setup_name(key, view.trace.catalogue);
 }
 
-Where where_field(const SetupView& view, const std::string& field) {
-    const SetupItem* item = find_item(view, field);
-    return item != nullptr ? where_item(view, *item) : Where{view.path, 0, field};
+std::string quoted_value(const SetupView& view, const ReadItem& item) {
+    return quoted(word_at(view, item.value_offset));
 }
 
-bool all_trusted(const SetupView& view) {
-    return view.trusted == view.trace.items.size() && !view.impossible_count;
+Where where_item(const SetupView& view, const ReadItem& item) {
+    return {view.path, line_at(view, item.value_offset), name_of(view, item.key)};
+}
+
+Where where_key(const SetupView& view, const SetupKey& key) {
+    const ReadItem* item = find_item(view, key);
+    return item != nullptr ? where_item(view, *item) : Where{view.path, 0, name_of(view, key)};
+}
+
+bool is_sound(const SetupView& view) {
+    return view.sound_items == view.trace.items.size() && !view.impossible_count;
 }
 
 NumberWord integer_word(const std::string& word) {

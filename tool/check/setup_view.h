@@ -17,9 +17,9 @@ struct SetupView {
     SetupTrace trace;
     // Reading ended early because a count cannot be true; the last item of the trace is that count.
     bool impossible_count = false;
-    // Items before the first one that was not read as its writer must have meant it. Only they are
-    // worth a further look.
-    std::size_t trusted = 0;
+    // How many items stand before the first one that was not read as its writer must have meant it.
+    // Only they are worth a further look.
+    std::size_t sound_items = 0;
     // The output directory of the command line; empty for the setup file's own.
     std::string output;
 };
@@ -36,17 +36,26 @@ std::string word_at(const SetupView& view, long offset);
 
 std::string line_text(const SetupView& view, int line);
 
-// The item of that field when it was read and can be trusted, else null.
-const SetupItem* find_item(const SetupView& view, const std::string& field);
+bool is_directed(const SetupView& view);
+bool is_mode(const SetupView& view, RunMode mode);
+
+// The item when it was read as meant, else null.
+const ReadItem* find_item(const SetupView& view, const SetupKey& key);
+
+// "edge value".
+std::string name_of(const SetupView& view, const SetupKey& key);
+
+// What stands in an item's place, in quotation marks.
+std::string quoted_value(const SetupView& view, const ReadItem& item);
 
 // The line of an item's value.
-Where where_item(const SetupView& view, const SetupItem& item);
+Where where_item(const SetupView& view, const ReadItem& item);
 
-// The same for a field; the file as a whole when the setup has no such item.
-Where where_field(const SetupView& view, const std::string& field);
+// The same for a key; the file as a whole when the setup has no such item.
+Where where_key(const SetupView& view, const SetupKey& key);
 
 // Whether the whole file was read as meant.
-bool all_trusted(const SetupView& view);
+bool is_sound(const SetupView& view);
 
 // The number that a word begins with, as the engine reads it, and whether the word is nothing else.
 struct NumberWord {

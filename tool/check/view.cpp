@@ -8,11 +8,12 @@ Findings check_view(SetupView& view) {
     std::optional<Ties> observed;
     std::optional<Ties> free_dyads;
     const RunSettings& settings = view.setup.settings;
-    if (find_item(view, "network file") != nullptr) {
-        observed = check_network(view, "network file", settings.network_path, findings);
+    if (find_item(view, SetupId::network_file) != nullptr) {
+        observed = check_network(view, SetupId::network_file, settings.network_path, findings);
     }
-    if (find_item(view, "free dyads file") != nullptr) {
-        free_dyads = check_network(view, "free dyads file", settings.free_dyads_path, findings);
+    if (find_item(view, SetupId::free_dyads_file) != nullptr) {
+        free_dyads =
+            check_network(view, SetupId::free_dyads_file, settings.free_dyads_path, findings);
     }
     check_moves(view, observed ? &*observed : nullptr, free_dyads ? &*free_dyads : nullptr,
                 findings);
