@@ -4,9 +4,11 @@
 
 #include <atomic>
 #include <cstdio>
+#include <exception>
 #include <string>
 
 #include "base/random_source.h"
+#include "base/write_failures.h"
 
 // The stage a run is in, for whoever shows progress.
 enum class RunStage {
@@ -21,16 +23,31 @@ enum class RunStage {
     done
 };
 
-// Plain counters that a progress display may read from another thread while the run goes on.
-// `work_done` of `work_total` counts proposals or steps of the present stage; `step` counts
-// estimation runs, sub-phases or parameter sets, from 0, of `steps`.
+// Plain counters that a progress display may read from another thread while the run goes on, and
+// the flag by which that thread (or a signal handler) ends it. `work_done` of `work_total` counts
+// proposals or steps of the present stage; `step` counts estimation runs, sub-phases or parameter
+// sets, from 0, of `steps`.
 struct RunProgress {
     std::atomic<RunStage> stage{RunStage::reading};
     std::atomic<double> work_done{0.0};
     std::atomic<double> work_total{0.0};
     std::atomic<int> step{0};
     std::atomic<int> steps{0};
+    // Set by the host: the run ends at the next proposal, its files closed, its stage not `done`.
+    std::atomic<bool> stop{false};
 };
+
+// How a run that is told to stop leaves its loops; it does not leave run_setup_file.
+struct RunStopped : std::exception {
+    const char* what() const noexcept override { return "the run was stopped"; }
+};
+
+// For loops that count nothing. Throws RunStopped once the host has asked for the end.
+inline void progress_check(const RunProgress& progress) {
+    if (progress.stop.load(std::memory_order_relaxed)) [[unlikely]] {
+        throw RunStopped();
+    }
+}
 
 inline void progress_start(RunProgress& progress, RunStage stage, double total) {
     progress.work_done.store(0.0, std::memory_order_relaxed);
@@ -39,6 +56,7 @@ inline void progress_start(RunProgress& progress, RunStage stage, double total) 
 }
 inline void progress_work(RunProgress& progress, double done) {
     progress.work_done.store(done, std::memory_order_relaxed);
+    progress_check(progress);
 }
 inline void progress_step(RunProgress& progress, int step, int steps) {
     progress.step.store(step, std::memory_order_relaxed);
@@ -58,4 +76,6 @@ struct HostOptions {
     // The clock of every reseeding; empty for the C library's time.
     ClockSeconds clock_seconds;
     RunProgress* progress = nullptr;
+    // Takes what could not be written; null when nobody asks. The run goes to its end all the same.
+    WriteFailures* write_failures = nullptr;
 };

@@ -1,6 +1,8 @@
 #include "base/open_file.h"
 
 #include <cstddef>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -101,7 +103,27 @@ std::string path_joining_surrogates(const std::string& path) {
     return joined;
 }
 
+void shorten_file(const std::string& path, std::int64_t size) noexcept {
+    try {
 #ifdef _WIN32
+        const std::u16string units = path_to_utf16(path);
+        const std::filesystem::path place =
+            units.empty() ? std::filesystem::path(path) : std::filesystem::path(units);
+#else
+        const std::filesystem::path place = path_joining_surrogates(path);
+#endif
+        std::error_code ignored;
+        std::filesystem::resize_file(place, static_cast<std::uintmax_t>(size), ignored);
+    } catch (...) {
+        // No memory for the name: the file stays as long as it is.
+    }
+}
+
+#ifdef _WIN32
+
+std::int64_t file_size(std::FILE* file) {
+    return _fseeki64(file, 0, SEEK_END) == 0 ? _ftelli64(file) : -1;
+}
 
 FileHandle open_file(const std::string& path, const char* mode) {
     const std::u16string units = path_to_utf16(path);
@@ -115,6 +137,10 @@ FileHandle open_file(const std::string& path, const char* mode) {
 }
 
 #else
+
+std::int64_t file_size(std::FILE* file) {
+    return ::fseeko(file, 0, SEEK_END) == 0 ? ::ftello(file) : -1;
+}
 
 FileHandle open_file(const std::string& path, const char* mode) {
     return FileHandle(std::fopen(path_joining_surrogates(path).c_str(), mode));

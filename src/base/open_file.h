@@ -1,6 +1,7 @@
 // Opening of files by UTF-8 paths, on every platform.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -19,6 +20,12 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 // counts as the character it stands for. A path that is not UTF-8 is taken as its bytes (on Windows
 // in the code page of the process).
 FileHandle open_file(const std::string& path, const char* mode);
+
+// Bytes in the opened file; its position is at the end afterwards. -1 for what has no size.
+std::int64_t file_size(std::FILE* file);
+
+// Drops what stands behind the first `size` bytes of the file, if it can.
+void shorten_file(const std::string& path, std::int64_t size) noexcept;
 
 // The path in UTF-16, as open_file reads it; empty when it is not UTF-8 (or holds a zero).
 std::u16string path_to_utf16(const std::string& path);

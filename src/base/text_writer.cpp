@@ -1,8 +1,44 @@
 #include "base/text_writer.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdarg>
-#include <vector>
+#include <utility>
+
+#include "base/write_failures.h"
+
+TextWriter::TextWriter(std::string path, FileHandle file, WriteFailures* failures)
+    : stream_(file.get()),
+      owned_(std::move(file)),
+      path_(std::move(path)),
+      failures_(failures),
+      begin_(owned_ != nullptr ? file_size(owned_.get()) : -1) {}
+
+TextWriter::~TextWriter() {
+    if (owned_ == nullptr) {
+        return;
+    }
+    errno = 0;
+    expect(std::fclose(owned_.release()) == 0);
+    if (error_ != 0) {
+        take_back();
+        if (failures_ != nullptr) {
+            note_write_failure(*failures_, path_, error_);
+        }
+    }
+}
+
+void TextWriter::expect(bool written) {
+    if (!written && error_ == 0) {
+        error_ = errno != 0 ? errno : EIO;
+    }
+}
+
+void TextWriter::take_back() const {
+    if (begin_ >= 0) {
+        shorten_file(path_, begin_);
+    }
+}
 
 void TextWriter::print(const char* format, ...) {
     if (stream_ == nullptr) {
@@ -10,25 +46,25 @@ void TextWriter::print(const char* format, ...) {
     }
     va_list arguments;
     va_start(arguments, format);
-    std::vfprintf(stream_, format, arguments);
+    expect(std::vfprintf(stream_, format, arguments) >= 0);
     va_end(arguments);
 }
 
 void TextWriter::text(const std::string& text) {
     if (stream_ != nullptr) {
-        std::fwrite(text.data(), 1, text.size(), stream_);
+        expect(std::fwrite(text.data(), 1, text.size(), stream_) == text.size());
     }
 }
 
 void TextWriter::text(const char* text) {
     if (stream_ != nullptr) {
-        std::fputs(text, stream_);
+        expect(std::fputs(text, stream_) >= 0);
     }
 }
 
 void TextWriter::number(const char* format, double value) {
     if (stream_ != nullptr) {
-        std::fprintf(stream_, format, value);
+        expect(std::fprintf(stream_, format, value) >= 0);
     }
 }
 
@@ -38,9 +74,26 @@ void TextWriter::cells(std::span<const int> values) {
     }
 }
 
-TextWriter writer_append(const std::string& path) { return TextWriter(open_file(path, "a")); }
+namespace {
 
-TextWriter writer_replace(const std::string& path) { return TextWriter(open_file(path, "w")); }
+TextWriter open_writer(const std::string& path, const char* mode) {
+    WriteFailures* failures = current_write_failures();
+    if (failures != nullptr && has_write_failure(*failures, path)) {
+        return TextWriter(nullptr);
+    }
+    errno = 0;
+    FileHandle file = open_file(path, mode);
+    if (file == nullptr && failures != nullptr) {
+        note_write_failure(*failures, path, errno != 0 ? errno : EIO);
+    }
+    return {path, std::move(file), failures};
+}
+
+}  // namespace
+
+TextWriter writer_append(const std::string& path) { return open_writer(path, "a"); }
+
+TextWriter writer_replace(const std::string& path) { return open_writer(path, "w"); }
 
 std::string text_with_name(const char* text, const std::string& name) {
     std::string result = text;

@@ -1,20 +1,33 @@
 // The one writer through which every output file leaves.
 //
 // A section is opened, written and closed, so that an interrupted run keeps what is complete. A
-// file that cannot be opened swallows what is written to it; nothing reports that.
+// file that cannot be opened swallows what is written to it. A section that cannot be written whole
+// is taken back, and nothing more is added to its file: what stands there ends with a whole
+// section. Failures are noted in the record of the thread's WriteFailureScope and told nowhere
+// else.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <span>
 #include <string>
 
 #include "base/open_file.h"
 
+struct WriteFailures;
+
 class TextWriter {
   public:
-    // Writes to a stream that somebody else owns (the run's console); null swallows.
+    // Writes to a stream that somebody else owns (the run's console); null swallows. Whether it
+    // could be written is the owner's to ask.
     explicit TextWriter(std::FILE* stream) : stream_(stream) {}
-    explicit TextWriter(FileHandle file) : stream_(file.get()), owned_(std::move(file)) {}
+    // Writes to a file of its own and closes it at the end. `failures` may be null.
+    TextWriter(std::string path, FileHandle file, WriteFailures* failures);
+    ~TextWriter();
+    TextWriter(TextWriter&&) noexcept = default;
+    TextWriter(const TextWriter&) = delete;
+    TextWriter& operator=(TextWriter&&) = delete;
+    TextWriter& operator=(const TextWriter&) = delete;
 
     // printf-style. Formats stand next to the effect catalogue or in the writer that uses them.
     [[gnu::format(printf, 2, 3)]] void print(const char* format, ...);
@@ -30,8 +43,17 @@ class TextWriter {
     void cells(std::span<const int> values);
 
   private:
+    // Keeps the first error of the section.
+    void expect(bool written);
+    void take_back() const;
+
     std::FILE* stream_;
     FileHandle owned_;
+    std::string path_;
+    WriteFailures* failures_ = nullptr;
+    // Size of the file before the section; -1 where there is no such thing (a pipe, a device).
+    std::int64_t begin_ = -1;
+    int error_ = 0;
 };
 
 // Opens the file to add at its end.

@@ -35,6 +35,7 @@ template <class Network>
 const std::vector<double>& make_step(Estimation<Network>& run) {
     for (double counter = 0.0; counter < run.iterations_per_step; counter += 1.0) {
         chain_step(run.chain);
+        progress_check(run.setting.progress);
     }
     return run.chain.network.statistics;
 }

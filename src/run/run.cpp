@@ -41,10 +41,27 @@ void dispatch(RunContext& run) {
     }
 }
 
+// False when the host stopped the run; what was written until then is closed.
+bool perform(RunContext& run) {
+    try {
+        if (run.settings.network_kind == static_cast<int>(NetworkKind::directed)) {
+            dispatch<Digraph>(run);
+        } else {
+            dispatch<Graph>(run);
+        }
+    } catch (const RunStopped&) {
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 void run_setup_file(const std::string& path, const HostOptions& options) {
     const CLocaleScope locale;
+    WriteFailures unseen_failures;
+    const WriteFailureScope failures(options.write_failures != nullptr ? *options.write_failures
+                                                                       : unseen_failures);
     SetupFile setup = read_setup(path);
     if (!setup.opened || setup.selection.catalogue == nullptr) {
         return;
@@ -61,13 +78,11 @@ void run_setup_file(const std::string& path, const HostOptions& options) {
                                 options.path_separator),
                    RandomSource{1, options.clock_seconds},
                    options.progress != nullptr ? *options.progress : unseen};
-    if (setup.settings.network_kind == static_cast<int>(NetworkKind::directed)) {
-        dispatch<Digraph>(run);
-    } else {
-        dispatch<Graph>(run);
-    }
+    const bool done = perform(run);
     if (options.console != nullptr) {
         std::fflush(options.console);
     }
-    progress_start(run.progress, RunStage::done, 0.0);
+    if (done) {
+        progress_start(run.progress, RunStage::done, 0.0);
+    }
 }

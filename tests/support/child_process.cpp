@@ -23,6 +23,8 @@ void redirect(const std::string& path, int target) {
                          const std::string& errors) {
     redirect(output, STDOUT_FILENO);
     redirect(errors, STDERR_FILENO);
+    // Tests may be started by a shell that has its children ignore Ctrl-C.
+    ::signal(SIGINT, SIG_DFL);
     if (::chdir(setting.directory.c_str()) != 0) {
         ::_exit(127);
     }

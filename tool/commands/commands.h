@@ -8,6 +8,7 @@ constexpr int kDone = 0;
 constexpr int kErrorsFound = 1;
 constexpr int kNotUnderstood = 2;
 constexpr int kNotCompleted = 3;
+constexpr int kInterrupted = 130;
 
 int run_command(const Arguments& arguments);
 int check_command(const Arguments& arguments);

@@ -1,15 +1,19 @@
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "base/open_file.h"
 #include "check/checks.h"
 #include "check/overview.h"
 #include "commands/commands.h"
+#include "commands/outcome.h"
 #include "commands/reseeding.h"
 #include "commands/results.h"
 #include "run/run.h"
+#include "terminal/interrupt.h"
 #include "terminal/progress.h"
 #include "terminal/terminal.h"
 
@@ -58,29 +62,41 @@ void copy_to_output(std::FILE* console) {
     }
 }
 
-// Performs the run, with a progress line on a terminal. False when it broke off.
-bool perform(const Arguments& arguments, HostOptions options, bool with_progress) {
+// Performs the run, with a progress line on a terminal.
+Outcome perform(const Arguments& arguments, HostOptions options, bool with_progress) {
+    Outcome outcome;
     RunProgress progress;
     options.progress = &progress;
+    options.write_failures = &outcome.failures;
     const FileHandle waiting = console_beside_progress(with_progress);
     options.console = waiting != nullptr ? waiting.get() : stdout;
-    bool done = true;
+    outlive_failed_writes();
     {
+        const InterruptScope interrupt(progress.stop);
         std::optional<ProgressDisplay> display;
         if (with_progress) {
             display.emplace(progress, stderr);
         }
         try {
             run_setup_file(arguments.setup, options);
-        } catch (const std::exception&) {
-            done = false;
+            if (progress.stage.load() != RunStage::done && progress.stop.load()) {
+                outcome.end = Outcome::End::interrupted;
+            }
+        } catch (const std::bad_alloc&) {
+            outcome.end = Outcome::End::no_memory;
+        } catch (const std::length_error&) {
+            // A table of a size that no memory could hold.
+            outcome.end = Outcome::End::no_memory;
+        } catch (const std::exception& error) {
+            outcome.end = Outcome::End::broken_off;
+            outcome.reason = error.what();
         }
     }
     if (waiting != nullptr) {
         copy_to_output(waiting.get());
     }
-    std::fflush(stdout);
-    return done;
+    outcome.console_lost = lost_output(stdout);
+    return outcome;
 }
 
 void summarise(const SetupView& view, const Results& results, const Reseeding& reseeding,
@@ -114,16 +130,15 @@ int run_command(const Arguments& arguments) {
     options.clock_seconds = reseeding.clock();
     reseeding.announce(stderr);
     const Results results(view, kSeparator);
-    if (!perform(arguments, options, !arguments.quiet && is_terminal(stderr))) {
-        std::fprintf(stderr, "%s: memory ran out; what is written so far is incomplete\n",
-                     view.path.c_str());
-        return kNotCompleted;
-    }
+    const Outcome outcome = perform(arguments, options, !arguments.quiet && is_terminal(stderr));
     const std::vector<std::string> written = results.written();
+    tell_outcome(outcome, view.path, written, stderr);
     if (written.empty()) {
         std::fprintf(stderr, "%s: the run left no results in %s\n", view.path.c_str(),
                      output_directory(view).c_str());
-        return kNotCompleted;
+    }
+    if (exit_status(outcome) != kDone || written.empty()) {
+        return outcome.end == Outcome::End::interrupted ? kInterrupted : kNotCompleted;
     }
     if (!arguments.quiet) {
         summarise(view, results, reseeding, written);
