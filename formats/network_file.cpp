@@ -1,0 +1,199 @@
+#include "formats/network_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "formats/edge_list.h"
+#include "formats/igraph_files.h"
+#include "formats/matrix_file.h"
+#include "study/names.h"
+
+namespace {
+
+struct FormatName {
+    NetworkFormat format;
+    const char* name;
+};
+constexpr std::array<FormatName, 7> kFormats = {{{NetworkFormat::edge_list, "edge-list"},
+                                                 {NetworkFormat::matrix, "matrix"},
+                                                 {NetworkFormat::pajek, "pajek"},
+                                                 {NetworkFormat::graphml, "graphml"},
+                                                 {NetworkFormat::gml, "gml"},
+                                                 {NetworkFormat::dl, "dl"},
+                                                 {NetworkFormat::dot, "dot"}}};
+
+// Characters of a file that a guess of its format looks at.
+constexpr std::size_t kHead = 4096;
+
+bool starts_with(std::string_view text, std::string_view word) {
+    return text.size() >= word.size() && names_match(text.substr(0, word.size()), word);
+}
+
+NetworkFormat format_of_content(const TextFile& file) {
+    const std::string_view head = without_space(std::string_view(file.text).substr(0, kHead));
+    if (starts_with(head, "*vertices") || starts_with(head, "*network")) {
+        return NetworkFormat::pajek;
+    }
+    if (starts_with(head, "<?xml") || starts_with(head, "<graphml")) {
+        return NetworkFormat::graphml;
+    }
+    if (starts_with(head, "graph [") || starts_with(head, "graph[") ||
+        starts_with(head, "creator ")) {
+        return NetworkFormat::gml;
+    }
+    if (starts_with(head, "dl ") || starts_with(head, "dl\t") || starts_with(head, "dl\n")) {
+        return NetworkFormat::dl;
+    }
+    return looks_like_matrix(file) ? NetworkFormat::matrix : NetworkFormat::edge_list;
+}
+
+TieTable read_ties(const TextFile& file, const NetworkOptions& options, const ActorList* nodes,
+                   NetworkFormat format, Problems& problems) {
+    TieTable table;
+    switch (format) {
+        case NetworkFormat::edge_list:
+            read_edge_list(file, {options.threshold, options.head, nodes}, table, problems);
+            break;
+        case NetworkFormat::matrix:
+            read_matrix_network(file, options.threshold, table, problems);
+            break;
+        case NetworkFormat::dot:
+            problems.push_back({.file = file.path,
+                                .field = "format",
+                                .found = "`dot`, which is written and not read",
+                                .expected = "one of " + listed_names(readable_formats()),
+                                .mend = "export the network in one of these"});
+            break;
+        default:
+            read_igraph_file(file, format, options.threshold, table, problems);
+            break;
+    }
+    return table;
+}
+
+// The direction: what the caller says, else the format, else what can be seen.
+bool find_direction(const TextFile& file, const NetworkOptions& options, const TieTable& table,
+                    NetworkFile& result) {
+    if (options.directed) {
+        return *options.directed;
+    }
+    if (table.directed) {
+        return *table.directed;
+    }
+    const bool directed = looks_directed(table);
+    if (table.whole || options.guess_direction) {
+        const char* why =
+            table.whole ? (directed ? "the matrix is not symmetric" : "the matrix is symmetric")
+                        : (directed ? "some ties stand there in both orders, some not"
+                                    : "no tie says otherwise");
+        result.notes.push_back(std::string(directed ? "directed" : "undirected") + ": " + why);
+        return directed;
+    }
+    result.problems.push_back(
+        {.file = file.path,
+         .field = "directed",
+         .found = "an edge list, which does not say whether ties have a direction",
+         .expected = "`directed = true` or `directed = false`",
+         .mend = directed
+                     ? "write `directed = true` under [network] (some ties stand there in both "
+                       "orders, some not)"
+                     : "write `directed = false` under [network], or `true` if from and to "
+                       "have a meaning"});
+    return directed;
+}
+
+// A symmetric network given as directed is read as it is; told, for it is rarely meant.
+void note_symmetric(const NetworkOptions& options, const TieTable& table, NetworkFile& result) {
+    if (options.directed == true && table.whole && !table.ties.empty() && !looks_directed(table)) {
+        result.notes.emplace_back("the matrix is symmetric although the network is directed");
+    }
+}
+
+}  // namespace
+
+const char* network_format_name(NetworkFormat format) {
+    return std::find_if(kFormats.begin(), kFormats.end(),
+                        [format](const FormatName& each) { return each.format == format; })
+        ->name;
+}
+
+std::optional<NetworkFormat> network_format_of(const std::string& name) {
+    for (const FormatName& each : kFormats) {
+        if (names_match(name, each.name)) {
+            return each.format;
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> readable_formats() {
+    std::vector<std::string> names;
+    for (const FormatName& each : kFormats) {
+        if (each.format != NetworkFormat::dot) {
+            names.emplace_back(each.name);
+        }
+    }
+    return names;
+}
+
+std::optional<NetworkFormat> format_of_path(const std::string& path) {
+    struct Extension {
+        const char* extension;
+        NetworkFormat format;
+    };
+    constexpr std::array<Extension, 8> kExtensions = {{{"net", NetworkFormat::pajek},
+                                                       {"paj", NetworkFormat::pajek},
+                                                       {"graphml", NetworkFormat::graphml},
+                                                       {"gml", NetworkFormat::gml},
+                                                       {"dl", NetworkFormat::dl},
+                                                       {"dot", NetworkFormat::dot},
+                                                       {"gv", NetworkFormat::dot},
+                                                       {"matrix", NetworkFormat::matrix}}};
+    const std::string extension = path_extension(path);
+    for (const Extension& each : kExtensions) {
+        if (extension == each.extension) {
+            return each.format;
+        }
+    }
+    return std::nullopt;
+}
+
+NetworkFile read_network(const std::string& path, const NetworkOptions& options,
+                         const ActorList* nodes) {
+    return read_network(read_text_file(path), options, nodes);
+}
+
+NetworkFile read_network(const TextFile& file, const NetworkOptions& options,
+                         const ActorList* nodes) {
+    NetworkFile result;
+    result.problems = file.problems;
+    if (!file.ok()) {
+        return result;
+    }
+    const auto by_path = options.format ? options.format : format_of_path(file.path);
+    result.format = by_path ? *by_path : format_of_content(file);
+    TieTable table = read_ties(file, options, nodes, result.format, result.problems);
+    if (!result.ok()) {
+        return result;
+    }
+    result.notes = std::move(table.notes);
+    const bool directed = find_direction(file, options, table, result);
+    if (!result.ok()) {
+        return result;
+    }
+    note_symmetric(options, table, result);
+    AssembledNetwork made = assemble_network(file.path, table, directed, nodes, result.problems);
+    result.network = std::move(made.network);
+    result.counts = made.counts;
+    for (std::string& note : count_notes(result.counts, directed)) {
+        result.notes.push_back(std::move(note));
+    }
+    return result;
+}
+
+std::vector<ActorTie> read_pairs(const std::string& path, const StudyNetwork& network,
+                                 Problems& problems) {
+    NetworkFile file = read_network(path, {.directed = network.directed}, &network.actors);
+    problems.insert(problems.end(), file.problems.begin(), file.problems.end());
+    return std::move(file.network.ties);
+}

@@ -1,0 +1,43 @@
+// Nodes files: one row an actor, a head line, the actor's name in the first column, an attribute in
+// each of the others.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "formats/text_file.h"
+#include "formats/ties.h"
+
+// What a person says about a column instead of leaving it to the guess.
+struct ColumnOption {
+    std::string name;
+    std::optional<AttributeType> type;
+    bool keep_missing = false;
+};
+
+// One attribute as read. Its own problems (missing values, text among numbers) matter only to who
+// uses it.
+struct NodesColumn {
+    StudyAttribute attribute;
+    std::string note;  // how it was read: "binary: 1 is `yes`, 0 is `no`"
+    Problems problems;
+};
+
+struct NodesFile {
+    ActorList actors;
+    std::string actor_column;  // the head of the first column
+    std::vector<NodesColumn> columns;
+    Problems problems;  // of the file as a whole
+    bool ok() const { return problems.empty(); }
+};
+
+// Reads a nodes file. A column with two values is binary: of 0 and 1 the 1 is coded 1, of no and
+// yes the yes, of numbers the larger, of texts the one that sorts behind. Otherwise numbers make a
+// continuous attribute and texts a categorical one, with codes from 1 in the order of its sorted
+// texts (of its numbers, ascending, when it is said to be categorical).
+//
+// Missing values: nothing, NA, N/A, NaN, null and a single point; in numbers also 9999. Where they
+// are not kept they are problems; only a continuous attribute can keep them.
+NodesFile read_nodes(const std::string& path, const std::vector<ColumnOption>& options);
+NodesFile read_nodes(const TextFile& file, const std::vector<ColumnOption>& options);

@@ -1,0 +1,74 @@
+#include "study/study.h"
+
+#include <algorithm>
+#include <array>
+
+#include "study/names.h"
+
+namespace {
+
+struct MethodName {
+    EstimationMethod method;
+    const char* name;
+};
+constexpr std::array<MethodName, 4> kMethods = {
+    {{EstimationMethod::automatic, "auto"},
+     {EstimationMethod::stochastic_approximation, "stochastic-approximation"},
+     {EstimationMethod::mple, "mple"},
+     {EstimationMethod::mcmle, "mcmle"}}};
+
+// The entry of that very name, else one that differs only in what names are compared without.
+template <class Entry>
+const Entry* find_named(const std::vector<Entry>& entries, const std::string& name) {
+    const auto exact = std::find_if(entries.begin(), entries.end(),
+                                    [&](const Entry& each) { return each.name == name; });
+    if (exact != entries.end()) {
+        return &*exact;
+    }
+    const auto alike = std::find_if(entries.begin(), entries.end(), [&](const Entry& each) {
+        return names_match(each.name, name);
+    });
+    return alike == entries.end() ? nullptr : &*alike;
+}
+
+}  // namespace
+
+const char* attribute_type_name(AttributeType type) {
+    switch (type) {
+        case AttributeType::binary:
+            return "binary";
+        case AttributeType::continuous:
+            return "continuous";
+        case AttributeType::categorical:
+            break;
+    }
+    return "categorical";
+}
+
+int missing_values(const StudyAttribute& attribute) {
+    return static_cast<int>(
+        std::count(attribute.values.begin(), attribute.values.end(), kMissingValue));
+}
+
+const char* estimation_method_name(EstimationMethod method) {
+    return std::find_if(kMethods.begin(), kMethods.end(),
+                        [method](const MethodName& each) { return each.method == method; })
+        ->name;
+}
+
+std::optional<EstimationMethod> estimation_method_of(const std::string& name) {
+    for (const MethodName& each : kMethods) {
+        if (name == each.name) {
+            return each.method;
+        }
+    }
+    return std::nullopt;
+}
+
+const StudyAttribute* find_attribute(const Study& study, const std::string& name) {
+    return find_named(study.attributes, name);
+}
+
+const StudyCovariate* find_covariate(const Study& study, const std::string& name) {
+    return find_named(study.covariates, name);
+}

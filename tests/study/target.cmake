@@ -1,0 +1,1 @@
+target_link_libraries(test_study PRIVATE ovri_study)
