@@ -8,6 +8,7 @@
 
 #include <array>
 #include <span>
+#include <string_view>
 #include <type_traits>
 
 #include "effects/effect.h"
@@ -50,6 +51,18 @@ struct Labels {
     const char* trace = nullptr;
 };
 
+// One label in tables of columns (sample table, syntax file) and another elsewhere; one label
+// everywhere; one for the values of a simulation and another elsewhere.
+constexpr Labels shown_as(const char* label, const char* column, const char* change = nullptr) {
+    return {label, column, column, label, label, label, label, change};
+}
+constexpr Labels labelled(const char* label, const char* change = nullptr) {
+    return shown_as(label, label, change);
+}
+constexpr Labels valued_as(const char* value, const char* label, const char* change = nullptr) {
+    return {value, label, label, label, label, label, label, change};
+}
+
 // Number formats where effects differ. Every parameter of a simulation is "%.5f", every change
 // statistic "%lf".
 struct NumberFormats {
@@ -87,9 +100,54 @@ constexpr EffectTraits kLambdaPowers = {
 constexpr EffectTraits kAlternatingClique = {.full_model = true, .alternating = true, .cliques = 8};
 constexpr EffectTraits clique_traits(int size) { return {.full_model = true, .cliques = size}; }
 
+// What one change costs, beyond the words of a bit row.
+enum class Cost {
+    constant,           // O(1)
+    common_neighbours,  // each common neighbour of the two ends
+    neighbours,         // each neighbour of either end
+    neighbourhood,      // ties among the neighbours of either end or of a common neighbour
+    cliques,            // cliques among the common neighbours
+    network             // triangles anywhere
+};
+
+// What the count's difference that one tie makes depends on.
+enum class Dependence {
+    none,         // neither on other ties nor on the arc back
+    reverse_arc,  // on the arc back alone: arcs within a dyad depend on each other, dyads do not
+    other_dyads
+};
+
+// When an effect's change is its count with the tie less its count without it. Where it is not, the
+// statistic that a chain carries drifts from a recount.
+enum class Agreement {
+    always,
+    above_lambda_one,  // not at lambda 1
+    zero_one_values,   // while every value of the attribute is 0 or 1
+    values_from_zero,  // while no value of the covariate is negative
+    never
+};
+
+// What people need to know of an effect. No file of a host's run shows any of it.
+struct EffectFacts {
+    // Canonical name, compared without regard to case, '-' and '_'. An attribute effect's stands
+    // before the attribute: "same(sex)". Effects of different groups share a name where a binary
+    // attribute and a continuous one of values 0 and 1 give the same statistic.
+    const char* name;
+    // What is counted, in one line.
+    const char* meaning;
+    // The count, in the notation of the catalogue; of an alternating effect, for lambda above 1.
+    const char* formula;
+    Cost cost;
+    Dependence dependence = Dependence::other_dyads;
+    Agreement agreement = Agreement::always;
+    // Moves with each accepted tie; a statistic that does not is recounted at samples.
+    bool carried = true;
+};
+
 struct StructuralEffect {
     // Label in update files; also names the effect's row of the setup file.
     const char* row;
+    EffectFacts facts;
     EffectTraits traits;
     Labels labels;
     NumberFormats formats;
@@ -103,6 +161,7 @@ enum class PairTable { none, sums, differences, products, covariate };
 struct AttributeEffect {
     // Label in update files.
     const char* update;
+    EffectFacts facts;
     Labels labels;
     NumberFormats formats;
     EffectFunctions<Graph> graph = {};
@@ -129,6 +188,8 @@ struct AttributeGroupCatalogue {
 
 struct Catalogue {
     NetworkKind kind;
+    // What the letters of its formulas mean.
+    const char* formula_notation;
     // In evaluation order; an effect's index here is its id.
     std::span<const StructuralEffect> effects;
     // Ids in the order of setup rows; positions in the model follow it.
@@ -152,6 +213,17 @@ inline const AttributeGroupCatalogue& group_catalogue(const Catalogue& catalogue
 const Catalogue& graph_catalogue();
 const Catalogue& digraph_catalogue();
 const Catalogue& catalogue_of(NetworkKind kind);
+
+// Id of the effect that a setup row selects and that bears this canonical name or, failing that,
+// the name of whose setup row it is; -1 without one. Case, '-' and '_' do not matter.
+int find_effect(const Catalogue& catalogue, std::string_view name);
+
+// Id of the further effect with the same canonical name ("AS2" for "AS"), -1 without one.
+int second_effect(const Catalogue& catalogue, int id);
+
+// Row of the attribute effect with this canonical name or, failing that, this label in update files
+// without its attribute; -1 without one.
+int find_effect(const AttributeGroupCatalogue& group, std::string_view name);
 
 // The functions of an effect for one record type.
 template <class Network, class Effect>

@@ -227,12 +227,11 @@ void write_sample_graph(Digraph& digraph, const EffectSelection& selection, doub
 }
 
 void recount_uncarried(Graph& graph, const EffectSelection& selection) {
-    const auto recount = [&](int id, double (*count)(Graph&)) {
-        const int position = selection.structural[static_cast<std::size_t>(id)].position;
-        if (position >= 0) {
-            graph.statistics[static_cast<std::size_t>(position)] = count(graph);
+    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
+        const StructuralEffect& effect = selection.catalogue->effects[id];
+        const int position = selection.structural[id].position;
+        if (!effect.facts.carried && position >= 0) {
+            graph.statistics[static_cast<std::size_t>(position)] = effect.graph.count(graph, {});
         }
-    };
-    recount(graph_effect::k0et, graph_count_0et);
-    recount(graph_effect::kEtnt, graph_count_etnt);
+    }
 }
