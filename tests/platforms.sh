@@ -21,4 +21,4 @@ if [[ ${1:-} == --build-only ]]; then
 fi
 cmake --preset release -DBUILD_TESTING=ON
 cmake --build --preset release --parallel "$jobs"
-ctest --preset release --parallel "$jobs" --tests-regex '^(java|windows|packaging)/'
+ctest --preset release --parallel "$jobs" --tests-regex '^(java|windows|packaging)'

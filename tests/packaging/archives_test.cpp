@@ -15,12 +15,6 @@ namespace {
 
 class Archives : public testing::Test {
   protected:
-    void SetUp() override {
-#ifdef OVRI_SANITIZED
-        GTEST_SKIP() << "a build with the sanitizers is not for installing";
-#endif
-    }
-
     ChildResult run(const std::vector<std::string>& command) {
         return run_child({command, scratch_.path(), {}});
     }

@@ -12,6 +12,3 @@ target_compile_definitions(test_windows PRIVATE
   OVRI_WINDOWS_OBJDUMP="$<IF:$<BOOL:${OVRI_WINDOWS_OBJDUMP}>,${OVRI_WINDOWS_OBJDUMP},>"
   OVRI_WINE="$<IF:$<BOOL:${OVRI_WINE}>,${OVRI_WINE},>"
   OVRI_WINE_PREFIX="${PROJECT_BINARY_DIR}/wine-prefix")
-if(OVRI_SANITIZE)
-  target_compile_definitions(test_windows PRIVATE OVRI_SANITIZED)
-endif()
