@@ -44,7 +44,7 @@ double skew_of(std::span<const Value> values) {
 double dyad_count(int n) { return static_cast<double>(n) * (static_cast<double>(n) - 1.0) / 2.0; }
 
 template <class Term>
-double dyad_sum(const IntTable& table, int n, Term term) {
+double dyad_sum(const CountTable& table, int n, Term term) {
     double sum = 0.0;
     for (int i = 0; i < n; ++i) {
         for (int j = i + 1; j < n; ++j) {
@@ -67,18 +67,18 @@ double standard_deviation_int(std::span<const int> values) {
 double skew(std::span<const double> values) { return skew_of(values); }
 double skew_int(std::span<const int> values) { return skew_of(values); }
 
-double dyad_mean(const IntTable& table, int n) {
+double dyad_mean(const CountTable& table, int n) {
     return dyad_sum(table, n, [](double value) { return value; }) / dyad_count(n);
 }
 
-double dyad_standard_deviation(const IntTable& table, int n) {
+double dyad_standard_deviation(const CountTable& table, int n) {
     const double centre = dyad_mean(table, n);
     const double squares =
         dyad_sum(table, n, [centre](double value) { return (value - centre) * (value - centre); });
     return std::sqrt(squares / (dyad_count(n) - 1.0));
 }
 
-double dyad_skew(const IntTable& table, int n) {
+double dyad_skew(const CountTable& table, int n) {
     const double deviation = dyad_standard_deviation(table, n);
     if (deviation == 0.0) {
         return 0.0;

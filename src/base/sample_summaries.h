@@ -26,9 +26,9 @@ double skew_int(std::span<const int> values);
 // The same over the upper triangle of an n x n table of dyad counts. The mean divides by the
 // n (n - 1) / 2 dyads and the variance by one less, but the skew divides by the n actors: the files
 // have always shown it so.
-double dyad_mean(const IntTable& table, int n);
-double dyad_standard_deviation(const IntTable& table, int n);
-double dyad_skew(const IntTable& table, int n);
+double dyad_mean(const CountTable& table, int n);
+double dyad_standard_deviation(const CountTable& table, int n);
+double dyad_skew(const CountTable& table, int n);
 
 // Covariance by n over standard deviations by n - 1: a list with itself gives (n - 1) / n.
 double correlation(std::span<const int> a, std::span<const int> b);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 template <class Value>
@@ -24,4 +25,7 @@ struct Table {
 };
 
 using IntTable = Table<int>;
+// Counts of third actors for each pair: 16 bits, so 65535 actors are its bound and counts wrap
+// there.
+using CountTable = Table<std::uint16_t>;
 using FloatTable = Table<float>;

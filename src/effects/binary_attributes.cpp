@@ -15,9 +15,14 @@ bool has_nonzero(const EffectData& data, int actor) {
     return row_has(data.coded->nonzero.row(), actor);
 }
 
-// Sum of the values over a row without one actor: the ones are counted by words, only other values
-// are looked up.
+// Sum of the values over a row without one actor. Of a long row the ones are counted by words, and
+// only other values are looked up; sums of whole numbers are the same in any order.
 double value_sum(const Graph& graph, const EffectData& data, int of, int without) {
+    if (graph.neighbours.listed(of)) {
+        double sum = 0.0;
+        for_each_neighbour(graph, of, without, [&](int k) { sum += value_of(data, k); });
+        return sum;
+    }
     const std::uint64_t* row = graph.adjacency[of];
     const std::uint64_t* ones = data.coded->ones.row();
     const std::uint64_t* nonzero = data.coded->nonzero.row();
@@ -30,22 +35,33 @@ double value_sum(const Graph& graph, const EffectData& data, int of, int without
     return row_has(row, without) ? sum - value_of(data, without) : sum;
 }
 
+// Neighbours of an actor that are in a set.
+int bearers(const Graph& graph, int of, const ActorSet& set) {
+    if (!graph.neighbours.listed(of)) {
+        return row_and_count(graph.adjacency[of], set.row(), words_of(graph));
+    }
+    int count = 0;
+    for (const std::int32_t k : graph.neighbours.of(of)) {
+        count += row_has(set.row(), k) ? 1 : 0;
+    }
+    return count;
+}
+
 // Neighbours of an actor other than one.
 double neighbours(const Graph& graph, int of, int without) {
-    const int degree = row_count(graph.adjacency[of], words_of(graph));
+    const int degree = degree_of(graph, of);
     return graph_has_edge(graph, of, without) ? degree - 1 : degree;
 }
 
 // Neighbours with a nonzero value, other than one.
 double nonzero_neighbours(const Graph& graph, const EffectData& data, int of, int without) {
-    const int count =
-        row_and_count(graph.adjacency[of], data.coded->nonzero.row(), words_of(graph));
+    const int count = bearers(graph, of, data.coded->nonzero);
     return graph_has_edge(graph, of, without) && has_nonzero(data, without) ? count - 1 : count;
 }
 
 // Neighbours of an actor whose value is exactly 1.
 double ones_around(const Graph& graph, const EffectData& data, int actor) {
-    return row_and_count(graph.adjacency[actor], data.coded->ones.row(), words_of(graph));
+    return bearers(graph, actor, data.coded->ones);
 }
 
 // Sum over the centres q of (d_q - 1) x the values around q: each leaf of each two-path once.
@@ -68,8 +84,9 @@ double binary_t3u_change(const Graph& graph, const EffectData& data, int i, int 
     if (!has_nonzero(data, i) || !has_nonzero(data, j)) {
         return 0.0;
     }
-    return row_and_count(graph.adjacency[i], graph.adjacency[j], data.coded->nonzero.row(),
-                         words_of(graph));
+    double count = 0.0;
+    for_each_common(graph, i, j, [&](int k) { count += has_nonzero(data, k) ? 1.0 : 0.0; });
+    return count;
 }
 double binary_t3u_count(Graph& graph, const EffectData& data) {
     double count = 0.0;
@@ -220,8 +237,8 @@ template <class Holds>
 double count_arcs(const Digraph& digraph, Holds holds) {
     double count = 0.0;
     for (int i = 0; i < digraph.vertices; ++i) {
-        row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row,
-                     [&](int j) { count += indicator(holds(i, j)); });
+        members_for_each(digraph.receivers, digraph.adjacency, i,
+                         [&](int j) { count += indicator(holds(i, j)); });
     }
     return count;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "effects/graph_walk.h"
+
 namespace {
 
 // Adds to counts[entry], counts[entry + 1], .. the cliques of 1, 2, .. actors inside a set, members
@@ -101,7 +103,7 @@ void graph_clique_changes(Graph& graph, int i, int j) {
     if (graph.clique_depth == 2) {
         return;
     }
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     changes[2] = common;
     if (graph.clique_depth == 3 || common == 0) {
         return;

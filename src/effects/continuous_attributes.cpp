@@ -8,7 +8,7 @@ double pair_change(const EffectData& data, int i, int j) { return (*data.pairs)[
 double pair_sum(const Graph& graph, const EffectData& data) {
     double sum = 0.0;
     for (int i = 0; i < graph.vertices; ++i) {
-        row_for_each(graph.adjacency[i], graph.adjacency.words_per_row, [&](int j) {
+        members_for_each(graph.neighbours, graph.adjacency, i, [&](int j) {
             if (i < j) {
                 sum += static_cast<double>((*data.pairs)[i][j]);
             }
@@ -22,7 +22,7 @@ template <class Holds>
 double arc_sum(const Digraph& digraph, const EffectData& data, Holds holds) {
     double sum = 0.0;
     for (int i = 0; i < digraph.vertices; ++i) {
-        row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row, [&](int j) {
+        members_for_each(digraph.receivers, digraph.adjacency, i, [&](int j) {
             if (holds(i, j)) {
                 sum += static_cast<double>((*data.pairs)[i][j]);
             }

@@ -86,7 +86,7 @@ double covariate_s22_count(Graph& graph, const EffectData& data) {
 
 // Triangles by the covariate on their three ties, one at a time.
 double covariate_t1_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     if (common < 1) {
         return 0.0;
     }
@@ -98,7 +98,7 @@ double covariate_t1_change(const Graph& graph, const EffectData& data, int i, in
 double covariate_t1_count(Graph& graph, const EffectData& data) {
     double sum = 0.0;
     for_each_tie(graph, [&](int i, int j) {
-        const int common = graph.two_paths[i][j];
+        const int common = two_paths_of(graph, i, j);
         if (common > 0) {
             sum += widened(static_cast<float>(common) * value(data, i, j));
         }
@@ -109,7 +109,7 @@ double covariate_t1_count(Graph& graph, const EffectData& data) {
 // Two at a time: the second term of the change is dropped for a negative value of the dyad, the
 // count has no such test.
 double covariate_t2_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    if (graph.two_paths[i][j] < 1) {
+    if (two_paths_of(graph, i, j) < 1) {
         return 0.0;
     }
     const float own = value(data, i, j);
@@ -133,7 +133,7 @@ double covariate_t2_count(Graph& graph, const EffectData& data) {
 
 // All three at a time.
 double covariate_t3_change(const Graph& graph, const EffectData& data, int i, int j, int) {
-    if (graph.two_paths[i][j] < 1) {
+    if (two_paths_of(graph, i, j) < 1) {
         return 0.0;
     }
     const float own = value(data, i, j);
@@ -162,8 +162,8 @@ double digraph_covariate_arc_change(const Digraph&, const EffectData& data, int 
 double digraph_covariate_arc_count(Digraph& digraph, const EffectData& data) {
     double sum = 0.0;
     for (int i = 0; i < digraph.vertices; ++i) {
-        row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row,
-                     [&](int j) { sum += widened(value(data, i, j)); });
+        members_for_each(digraph.receivers, digraph.adjacency, i,
+                         [&](int j) { sum += widened(value(data, i, j)); });
     }
     return sum;
 }

@@ -4,6 +4,7 @@
 
 #include "effects/digraph_walk.h"
 #include "effects/geometric_weights.h"
+#include "effects/path_terms.h"
 
 namespace {
 
@@ -61,24 +62,6 @@ double mixed_star_count(const Digraph& digraph, const EffectData& data,
 
 double power(double base, int exponent) { return std::pow(base, exponent); }
 
-// What a sum over third actors adds for one two-path cell: its weight without the arc under
-// evaluation, or, at lambda 1, whether it is the cell's first path.
-class PathTerm {
-  public:
-    PathTerm(const EffectData& data, int adding)
-        : weights_(data.weights), counted_(data.lambda == 1.0F), lag_(adding - 1) {}
-    double operator()(int cell_value) const {
-        const int paths = cell_value + lag_;
-        return counted_ ? (paths == 0 ? 1.0 : 0.0) : geometric_weight(paths, weights_);
-    }
-    bool counted() const { return counted_; }
-
-  private:
-    const float* weights_;
-    bool counted_;
-    int lag_;
-};
-
 bool dead(const EffectData& data) { return !(data.lambda >= 1.0F); }
 
 double base_term(const EffectData& data, int base) {
@@ -88,28 +71,104 @@ double base_term(const EffectData& data, int base) {
     return static_cast<double>(data.lambda) * (1.0 - geometric_weight(base, data.weights));
 }
 
-// Sum over k ascending of term 1 where k is in both rows of the first pair, then term 2 where it is
-// in both rows of the second.
+// One part of a sum over third actors: those in both of two sets, how many there are, and the cell
+// that each stands for.
+template <class Cell>
+struct Part {
+    Members a;
+    Members b;
+    int size;
+    Cell cell;
+
+    bool has(int k) const { return a.has(k) && b.has(k); }
+};
+template <class Cell>
+Part(Members, Members, int, Cell) -> Part<Cell>;
+
+// Sum over k ascending of the term of the first part where k is in it, then of the second where k
+// is in that. Two parts known to be empty cost nothing, small ones are walked by lists.
 template <class First, class Second>
-double closed_sum(const Digraph& digraph, const std::uint64_t* first_a,
-                  const std::uint64_t* first_b, const std::uint64_t* second_a,
-                  const std::uint64_t* second_b, First first, Second second) {
-    double sum = 0.0;
-    for (int word = 0; word < digraph.adjacency.words_per_row; ++word) {
-        const std::uint64_t of_first = first_a[word] & first_b[word];
-        const std::uint64_t of_second = second_a[word] & second_b[word];
-        if ((of_first | of_second) == 0) {
-            continue;
+double closed_sum(const PathTerm& term, const First& first, const Second& second) {
+    const int terms = first.size + second.size;
+    if (terms == 0) {
+        return 0.0;
+    }
+    if (terms <= UnorderedSum::kTerms) {
+        UnorderedSum unordered(term);
+        if (first.size > 0) {
+            common_for_each(first.a, first.b, [&](int k) { unordered.add(first.cell(k)); });
         }
-        word_for_each(actor_order(of_first | of_second), word * 64, [&](int k) {
-            if (row_has(first_a, k) && row_has(first_b, k)) {
-                sum += first(k);
+        if (second.size > 0) {
+            common_for_each(second.a, second.b, [&](int k) { unordered.add(second.cell(k)); });
+        }
+        if (unordered.exact()) {
+            return unordered.value();
+        }
+    }
+    const std::uint64_t* first_a = first.a.row();
+    const std::uint64_t* first_b = first.b.row();
+    const std::uint64_t* second_a = second.a.row();
+    const std::uint64_t* second_b = second.b.row();
+    double sum = 0.0;
+    for (int word = 0; word < first.a.rows.words_per_row; ++word) {
+        const std::uint64_t either =
+            (first_a[word] & first_b[word]) | (second_a[word] & second_b[word]);
+        word_for_each(actor_order(either), word * 64, [&](int k) {
+            if (first.has(k)) {
+                sum += term(first.cell(k));
             }
-            if (row_has(second_a, k) && row_has(second_b, k)) {
-                sum += second(k);
+            if (second.has(k)) {
+                sum += term(second.cell(k));
             }
         });
     }
+    return sum;
+}
+
+// Sum over k ascending, i and j left out: the term of the cell [i][k] of a table where j sends to
+// k, then that of [k][j] where k sends to i. `columns` has a row of bits for each column of the
+// table, `rows` one for each row, set where a cell is not 0.
+double open_sum(const Digraph& digraph, const PathTerm& term, const CountTable& table,
+                const BitMatrix& rows, const BitMatrix& columns, int i, int j) {
+    const Members from_j = receivers_of(digraph, j);
+    const Members to_i = senders_of(digraph, i);
+    if (from_j.listed() && to_i.listed()) {
+        UnorderedSum unordered(term);
+        unordered.add_row(from_j.list(), i, rows[i], table[i]);
+        unordered.add_column(to_i.list(), j, columns[j], table, j);
+        if (unordered.exact()) {
+            return unordered.value();
+        }
+    }
+    double sum = 0.0;
+    for_each_of_two(from_j, to_i, i, j, [&](int k, bool after_j, bool before_i) {
+        if (after_j) {
+            sum += term(table[i][k]);
+        }
+        if (before_i) {
+            sum += term(table[k][j]);
+        }
+    });
+    return sum;
+}
+
+// Sum over the members of a set other than `without`, ascending, of the terms of row `of` of a
+// symmetric table.
+double row_sum(const PathTerm& term, const CountTable& table, const BitMatrix& any,
+               const Members& members, int of, int without) {
+    if (members.listed()) {
+        UnorderedSum unordered(term);
+        unordered.add_row(members.list(), without, any[of], table[of]);
+        if (unordered.exact()) {
+            return unordered.value();
+        }
+    }
+    double sum = 0.0;
+    row_for_each(members.row(), members.rows.words_per_row, [&](int k) {
+        if (k != without) {
+            sum += term(table[of][k]);
+        }
+    });
     return sum;
 }
 
@@ -128,7 +187,7 @@ double closed_count(const Digraph& digraph, const EffectData& data, Paths paths)
         if (!counted) {
             sum += out_of(digraph, i);
         }
-        row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row, [&](int j) {
+        members_for_each(digraph.receivers, digraph.adjacency, i, [&](int j) {
             if (counted) {
                 sum += paths(i, j) > 0 ? 1.0 : 0.0;
             } else {
@@ -257,10 +316,12 @@ double digraph_at_t_change(const Digraph& digraph, const EffectData& data, int i
     }
     const PathTerm term(data, adding);
     const double sum = closed_sum(
-        digraph, digraph.adjacency[i], digraph.adjacency[j], digraph.adjacency_in[i],
-        digraph.adjacency_in[j], [&](int k) { return term(digraph.two_paths[i][k]); },
-        [&](int k) { return term(digraph.two_paths[k][j]); });
-    return base_term(data, digraph.two_paths[i][j]) + sum;
+        term,
+        Part{receivers_of(digraph, i), receivers_of(digraph, j), shared_receivers_of(digraph, i, j),
+             [&](int k) { return two_paths_of(digraph, i, k); }},
+        Part{senders_of(digraph, i), senders_of(digraph, j), shared_senders_of(digraph, i, j),
+             [&](int k) { return two_paths_of(digraph, k, j); }});
+    return base_term(data, two_paths_of(digraph, i, j)) + sum;
 }
 double digraph_at_t_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.two_paths[i][j]; });
@@ -273,11 +334,13 @@ double digraph_at_c_change(const Digraph& digraph, const EffectData& data, int i
         return 0.0;
     }
     const PathTerm term(data, adding);
-    const double sum = closed_sum(
-        digraph, digraph.adjacency[j], digraph.adjacency_in[i], digraph.adjacency[j],
-        digraph.adjacency_in[i], [&](int k) { return term(digraph.two_paths[k][j]); },
-        [&](int k) { return term(digraph.two_paths[i][k]); });
-    return base_term(data, digraph.two_paths[j][i]) + sum;
+    const int cycles = two_paths_of(digraph, j, i);
+    const double sum = closed_sum(term,
+                                  Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
+                                       [&](int k) { return two_paths_of(digraph, k, j); }},
+                                  Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
+                                       [&](int k) { return two_paths_of(digraph, i, k); }});
+    return base_term(data, cycles) + sum;
 }
 double digraph_at_c_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.two_paths[j][i]; });
@@ -290,11 +353,13 @@ double digraph_at_d_change(const Digraph& digraph, const EffectData& data, int i
         return 0.0;
     }
     const PathTerm term(data, adding);
+    const auto cell = [&](int k) { return shared_senders_of(digraph, j, k); };
     const double sum = closed_sum(
-        digraph, digraph.adjacency[i], digraph.adjacency[j], digraph.adjacency[i],
-        digraph.adjacency_in[j], [&](int k) { return term(digraph.shared_senders[j][k]); },
-        [&](int k) { return term(digraph.shared_senders[k][j]); });
-    return base_term(data, digraph.shared_senders[i][j]) + sum;
+        term,
+        Part{receivers_of(digraph, i), receivers_of(digraph, j), shared_receivers_of(digraph, i, j),
+             cell},
+        Part{receivers_of(digraph, i), senders_of(digraph, j), two_paths_of(digraph, i, j), cell});
+    return base_term(data, shared_senders_of(digraph, i, j)) + sum;
 }
 double digraph_at_d_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.shared_senders[i][j]; });
@@ -307,11 +372,13 @@ double digraph_at_u_change(const Digraph& digraph, const EffectData& data, int i
         return 0.0;
     }
     const PathTerm term(data, adding);
+    const auto cell = [&](int k) { return shared_receivers_of(digraph, i, k); };
     const double sum = closed_sum(
-        digraph, digraph.adjacency[i], digraph.adjacency_in[j], digraph.adjacency_in[i],
-        digraph.adjacency_in[j], [&](int k) { return term(digraph.shared_receivers[i][k]); },
-        [&](int k) { return term(digraph.shared_receivers[k][i]); });
-    return base_term(data, digraph.shared_receivers[i][j]) + sum;
+        term,
+        Part{receivers_of(digraph, i), senders_of(digraph, j), two_paths_of(digraph, i, j), cell},
+        Part{senders_of(digraph, i), senders_of(digraph, j), shared_senders_of(digraph, i, j),
+             cell});
+    return base_term(data, shared_receivers_of(digraph, i, j)) + sum;
 }
 double digraph_at_u_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data,
@@ -366,17 +433,8 @@ double digraph_a2p_t_change(const Digraph& digraph, const EffectData& data, int 
         return 0.0;
     }
     const PathTerm term(data, adding);
-    double sum = 0.0;
-    for_each_of_two(digraph, digraph.adjacency[j], digraph.adjacency_in[i], i, j,
-                    [&](int k, bool from_j, bool to_i) {
-                        if (from_j) {
-                            sum += term(digraph.two_paths[i][k]);
-                        }
-                        if (to_i) {
-                            sum += term(digraph.two_paths[k][j]);
-                        }
-                    });
-    return sum;
+    return open_sum(digraph, term, digraph.two_paths, digraph.any_two_paths,
+                    digraph.any_two_paths_in, i, j);
 }
 double digraph_a2p_t_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.two_paths);
@@ -387,19 +445,9 @@ namespace {
 // At lambda 1 the shared-sender and shared-receiver effects ask about the neighbours that a
 // two-path from i to j would have, and not about those of their form above 1: the two forms are not
 // each other's limit, and both stand.
-double shared_change_at_one(const Digraph& digraph, const CountTable& table, const PathTerm& term,
-                            int i, int j) {
-    double sum = 0.0;
-    for_each_of_two(digraph, digraph.adjacency[j], digraph.adjacency_in[i], i, j,
-                    [&](int k, bool from_j, bool to_i) {
-                        if (from_j) {
-                            sum += term(table[i][k]);
-                        }
-                        if (to_i) {
-                            sum += term(table[k][j]);
-                        }
-                    });
-    return sum;
+double shared_change_at_one(const Digraph& digraph, const CountTable& table, const BitMatrix& any,
+                            const PathTerm& term, int i, int j) {
+    return open_sum(digraph, term, table, any, any, i, j);
 }
 
 }  // namespace
@@ -412,15 +460,11 @@ double digraph_a2p_d_change(const Digraph& digraph, const EffectData& data, int 
     }
     const PathTerm term(data, adding);
     if (term.counted()) {
-        return shared_change_at_one(digraph, digraph.shared_senders, term, i, j);
+        return shared_change_at_one(digraph, digraph.shared_senders, digraph.any_shared_senders,
+                                    term, i, j);
     }
-    double sum = 0.0;
-    row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row, [&](int k) {
-        if (k != j) {
-            sum += term(digraph.shared_senders[j][k]);
-        }
-    });
-    return sum;
+    return row_sum(term, digraph.shared_senders, digraph.any_shared_senders,
+                   receivers_of(digraph, i), j, j);
 }
 double digraph_a2p_d_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_senders) * 0.5;
@@ -434,15 +478,11 @@ double digraph_a2p_u_change(const Digraph& digraph, const EffectData& data, int 
     }
     const PathTerm term(data, adding);
     if (term.counted()) {
-        return shared_change_at_one(digraph, digraph.shared_receivers, term, i, j);
+        return shared_change_at_one(digraph, digraph.shared_receivers, digraph.any_shared_receivers,
+                                    term, i, j);
     }
-    double sum = 0.0;
-    row_for_each(digraph.adjacency_in[j], digraph.adjacency.words_per_row, [&](int k) {
-        if (k != i) {
-            sum += term(digraph.shared_receivers[i][k]);
-        }
-    });
-    return sum;
+    return row_sum(term, digraph.shared_receivers, digraph.any_shared_receivers,
+                   senders_of(digraph, j), i, i);
 }
 double digraph_a2p_u_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_receivers) * 0.5;

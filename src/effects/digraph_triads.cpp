@@ -42,8 +42,8 @@ template <class Term>
 double arc_sum(const Digraph& digraph, Term term) {
     double sum = 0.0;
     for (int p = 0; p < digraph.vertices; ++p) {
-        row_for_each(digraph.adjacency[p], digraph.adjacency.words_per_row,
-                     [&](int q) { sum += term(p, q); });
+        members_for_each(digraph.receivers, digraph.adjacency, p,
+                         [&](int q) { sum += term(p, q); });
     }
     return sum;
 }

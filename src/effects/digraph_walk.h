@@ -17,20 +17,35 @@ inline int mutual_of(const Digraph& digraph, int actor) {
 template <class Visit>
 void for_each_arc(const Digraph& digraph, Visit visit) {
     for (int i = 0; i < digraph.vertices; ++i) {
-        row_for_each(digraph.adjacency[i], digraph.adjacency.words_per_row,
-                     [&](int j) { visit(i, j); });
+        members_for_each(digraph.receivers, digraph.adjacency, i, [&](int j) { visit(i, j); });
     }
 }
 
-// visit(k, in_a, in_b) over the union of two rows, ascending, i and j left out.
+// Cells of the two-path tables; those of 0 are told by their bits.
+inline int two_paths_of(const Digraph& digraph, int a, int b) {
+    return digraph.any_two_paths.has(a, b) ? digraph.two_paths[a][b] : 0;
+}
+inline int shared_receivers_of(const Digraph& digraph, int a, int b) {
+    return digraph.any_shared_receivers.has(a, b) ? digraph.shared_receivers[a][b] : 0;
+}
+inline int shared_senders_of(const Digraph& digraph, int a, int b) {
+    return digraph.any_shared_senders.has(a, b) ? digraph.shared_senders[a][b] : 0;
+}
+
+// The actors that an actor sends to, and those that send to it.
+inline Members receivers_of(const Digraph& digraph, int actor) {
+    return {digraph.receivers, digraph.adjacency, actor};
+}
+inline Members senders_of(const Digraph& digraph, int actor) {
+    return {digraph.senders, digraph.adjacency_in, actor};
+}
+
+// visit(k, in_a, in_b) over the union of two sets, ascending, i and j left out.
 template <class Visit>
-void for_each_of_two(const Digraph& digraph, const std::uint64_t* a, const std::uint64_t* b, int i,
-                     int j, Visit visit) {
-    for (int word = 0; word < digraph.adjacency.words_per_row; ++word) {
-        word_for_each(actor_order(a[word] | b[word]), word * 64, [&](int k) {
-            if (k != i && k != j) {
-                visit(k, row_has(a, k), row_has(b, k));
-            }
-        });
-    }
+void for_each_of_two(const Members& a, const Members& b, int i, int j, Visit visit) {
+    either_for_each(a, b, [&](int k, bool in_a, bool in_b) {
+        if (k != i && k != j) {
+            visit(k, in_a, in_b);
+        }
+    });
 }

@@ -31,6 +31,8 @@ struct EffectData {
     // Alternating effects.
     float lambda = 0.0F;
     const float* weights = nullptr;
+    // The weights 1 to this one are whole multiples of 2^-45; see path_terms.h.
+    int exact_weights = 0;
     const PowerTable* powers_a = nullptr;
     const PowerTable* powers_b = nullptr;
     // Attribute effects.

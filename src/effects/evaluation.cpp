@@ -1,6 +1,7 @@
 #include "effects/evaluation.h"
 
 #include "effects/cliques.h"
+#include "effects/geometric_weights.h"
 
 namespace {
 
@@ -85,6 +86,7 @@ ActiveModel<Network> active_model(const EffectSelection& selection) {
         EffectData data;
         data.lambda = choice.lambda;
         data.weights = choice.weights.data();
+        data.exact_weights = exact_weight_count(choice.weights);
         data.powers_a = &choice.powers_a;
         data.powers_b = &choice.powers_b;
         model.push_back(

@@ -11,3 +11,15 @@ std::vector<float> geometric_weight_table(float lambda, int length) {
     }
     return table;
 }
+
+int exact_weight_count(const std::vector<float>& table) {
+    int count = 0;
+    for (std::size_t m = 1; m < table.size(); ++m) {
+        const double multiple = std::ldexp(static_cast<double>(table[m]), 45);
+        if (!(multiple == std::floor(multiple))) {
+            break;
+        }
+        ++count;
+    }
+    return count;
+}

@@ -13,6 +13,10 @@ constexpr float kDefaultLambda = 2.0F;
 // base in double. Entry 0 stays 0.0 and is never read. A length below 1 gives zeros.
 std::vector<float> geometric_weight_table(float lambda, int length);
 
+// The largest m such that the entries 1 to m of a table are whole multiples
+// of 2^-45.
+int exact_weight_count(const std::vector<float>& table);
+
 // w(m): 0.0 below 0, 1.0 at 0, the table's entry up to its end, and the last entry beyond.
 inline double geometric_weight(int m, const float* table) {
     if (m <= 0) {

@@ -21,38 +21,47 @@ inline double pairs_of(double count) { return count < 2.0 ? 0.0 : count * (count
 // visit(k) for each neighbour of an actor other than `without`.
 template <class Visit>
 void for_each_neighbour(const Graph& graph, int of, int without, Visit visit) {
-    row_for_each(graph.adjacency[of], words_of(graph), [&](int k) {
+    members_for_each(graph.neighbours, graph.adjacency, of, [&](int k) {
         if (k != without) {
             visit(k);
         }
     });
 }
 
-// visit(k) for each common neighbour of i and j.
+// Common neighbours of i and j, as the table of two-paths counts them.
+inline int two_paths_of(const Graph& graph, int i, int j) {
+    return graph.any_two_paths.has(i, j) ? graph.two_paths[i][j] : 0;
+}
+
+inline Members neighbours_of(const Graph& graph, int actor) {
+    return {graph.neighbours, graph.adjacency, actor};
+}
+
+// visit(k) for each common neighbour of i and j. The table of two-paths may still count a tie that
+// is gone from the bits, but never misses one: where it says none there is none.
 template <class Visit>
 void for_each_common(const Graph& graph, int i, int j, Visit visit) {
-    row_and_for_each(graph.adjacency[i], graph.adjacency[j], words_of(graph), visit);
+    if (graph.any_two_paths.has(i, j)) {
+        common_for_each(neighbours_of(graph, i), neighbours_of(graph, j), visit);
+    }
 }
 
 // visit(k, tied_to_i, tied_to_j) for each actor other than i and j that is tied to either.
 template <class Visit>
 void for_each_near(const Graph& graph, int i, int j, Visit visit) {
-    const std::uint64_t* row_i = graph.adjacency[i];
-    const std::uint64_t* row_j = graph.adjacency[j];
-    for (int word = 0; word < words_of(graph); ++word) {
-        word_for_each(actor_order(row_i[word] | row_j[word]), word * 64, [&](int k) {
-            if (k != i && k != j) {
-                visit(k, row_has(row_i, k), row_has(row_j, k));
-            }
-        });
-    }
+    either_for_each(neighbours_of(graph, i), neighbours_of(graph, j),
+                    [&](int k, bool tied_to_i, bool tied_to_j) {
+                        if (k != i && k != j) {
+                            visit(k, tied_to_i, tied_to_j);
+                        }
+                    });
 }
 
 // visit(p, q) for each tie p < q in row order.
 template <class Visit>
 void for_each_tie(const Graph& graph, Visit visit) {
     for (int p = 0; p < graph.vertices; ++p) {
-        row_for_each(graph.adjacency[p], words_of(graph), [&](int q) {
+        members_for_each(graph.neighbours, graph.adjacency, p, [&](int q) {
             if (p < q) {
                 visit(p, q);
             }

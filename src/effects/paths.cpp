@@ -9,29 +9,16 @@
 // Change O(d_i + d_j), count O(n).
 double path3_change(const Graph& graph, const EffectData&, int i, int j, int) {
     double change = degree_of(graph, i) * degree_of(graph, j);
-    const int words = graph.adjacency.words_per_row;
-    row_for_each(graph.adjacency[j], words, [&](int k) {
-        if (k != i) {
-            change += degree_of(graph, k) - 1.0;
-        }
-    });
-    row_for_each(graph.adjacency[i], words, [&](int k) {
-        if (k != j) {
-            change += degree_of(graph, k) - 1.0;
-        }
-    });
+    for_each_neighbour(graph, j, i, [&](int k) { change += degree_of(graph, k) - 1.0; });
+    for_each_neighbour(graph, i, j, [&](int k) { change += degree_of(graph, k) - 1.0; });
     return change;
 }
 // Each tie is the middle of (d - 1)(d' - 1) walks, of which those over a common neighbour close.
 double path3_count(Graph& graph, const EffectData&) {
     double sum = 0.0;
-    for (int p = 0; p < graph.vertices; ++p) {
-        row_for_each(graph.adjacency[p], graph.adjacency.words_per_row, [&](int q) {
-            if (p < q) {
-                sum += (degree_of(graph, p) - 1.0) * (degree_of(graph, q) - 1.0);
-            }
-        });
-    }
+    for_each_tie(graph, [&](int p, int q) {
+        sum += (degree_of(graph, p) - 1.0) * (degree_of(graph, q) - 1.0);
+    });
     return sum - 3.0 * graph_triangle_count(graph);
 }
 
@@ -39,11 +26,8 @@ double path3_count(Graph& graph, const EffectData&) {
 // a ring is counted at both pairs of opposite actors.
 double cycle4_change(const Graph& graph, const EffectData&, int i, int j, int adding) {
     double change = 0.0;
-    row_for_each(graph.adjacency[j], graph.adjacency.words_per_row, [&](int k) {
-        if (k != i) {
-            change += graph.two_paths[i][k] + adding - 1;
-        }
-    });
+    for_each_neighbour(graph, j, i,
+                       [&](int k) { change += two_paths_of(graph, i, k) + adding - 1; });
     return change;
 }
 double cycle4_count(Graph& graph, const EffectData&) {

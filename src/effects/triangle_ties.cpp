@@ -35,7 +35,7 @@ double count_free_ties(Graph& graph, std::vector<int>& cells, Counts counts) {
         if (triangles <= 0) {
             continue;
         }
-        row_for_each(graph.adjacency[v], graph.adjacency.words_per_row, [&](int u) {
+        for_each_neighbour(graph, v, v, [&](int u) {
             if (graph.two_paths[v][u] == 0 && counts(u)) {
                 cell += triangles;
                 total += triangles;
@@ -49,7 +49,7 @@ double count_free_ties(Graph& graph, std::vector<int>& cells, Counts counts) {
 
 // A triangle and one further tie at one of its actors. Change O(c), count O(n).
 double et1_change(const Graph& graph, const EffectData&, int i, int j, int adding) {
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     const double di = degree_of(graph, i);
     const double dj = degree_of(graph, j);
     double change = triangles_without(graph, i, common, adding) +
@@ -63,7 +63,7 @@ double et1_count(Graph& graph, const EffectData&) {
 
 // A triangle and two further ties at one of its actors. Change O(c), count O(n).
 double et2_change(const Graph& graph, const EffectData&, int i, int j, int adding) {
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     const double di = degree_of(graph, i);
     const double dj = degree_of(graph, j);
     double around = 0.0;
@@ -107,7 +107,7 @@ double alternating_et_change(const Graph& graph, const EffectData& data, int i, 
     if (!(data.lambda >= 1.0F)) {
         return 0.0;
     }
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     const int di = degree_of(graph, i);
     const int dj = degree_of(graph, j);
     const auto rest = [&data](int m) { return 1.0 - geometric_weight(m, data.weights); };
@@ -170,16 +170,9 @@ double alternating_et_each_change(const Graph& graph, const EffectData& data, in
     const int dj = degree_of(graph, j);
     const int lag = adding - 1;
     double v = 0.0;
-    const std::uint64_t* row_i = graph.adjacency[i];
-    const std::uint64_t* row_j = graph.adjacency[j];
-    const auto visit = [&](int k) {
-        if (k == i || k == j) {
-            return;
-        }
-        const bool near_i = row_has(row_i, k);
-        const bool near_j = row_has(row_j, k);
-        const int paths_i = graph.two_paths[i][k];
-        const int paths_j = graph.two_paths[j][k];
+    for_each_near(graph, i, j, [&](int k, bool near_i, bool near_j) {
+        const int paths_i = two_paths_of(graph, i, k);
+        const int paths_j = two_paths_of(graph, j, k);
         if (near_j && dj > 1 && paths_j > 0) {
             v += (b(paths_j) - a(paths_j)) * w(dj - paths_j - 1);
         }
@@ -201,11 +194,8 @@ double alternating_et_each_change(const Graph& graph, const EffectData& data, in
             v -= w(dk - paths_i + lag - 1) * a(m2) + (w(dk - paths_j + lag - 1) * a(m1) - w(m1)) -
                  w(m2);
         }
-    };
-    for (int word = 0; word < graph.adjacency.words_per_row; ++word) {
-        word_for_each(actor_order(row_i[word] | row_j[word]), word * 64, visit);
-    }
-    const int common = graph.two_paths[i][j];
+    });
+    const int common = two_paths_of(graph, i, j);
     double u = 0.0;
     if (di > 1 && common > 0) {
         u = 1.0 - w(common) + w(di - common) * (a(common) - b(common));
@@ -225,7 +215,7 @@ double alternating_et_each_count(Graph& graph, const EffectData& data) {
     const auto w = [&data](int m) { return geometric_weight(m, data.weights); };
     double sum = 0.0;
     for (int p = 0; p < graph.vertices; ++p) {
-        row_for_each(graph.adjacency[p], graph.adjacency.words_per_row, [&](int q) {
+        for_each_neighbour(graph, p, p, [&](int q) {
             const int m = graph.two_paths[p][q];
             if (m > 1) {
                 sum += w(degree_of(graph, p) - m - 1) * (power(data.powers_a, base_a, m) - w(m)) -

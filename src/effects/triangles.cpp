@@ -2,6 +2,7 @@
 
 #include "effects/geometric_weights.h"
 #include "effects/graph_walk.h"
+#include "effects/path_terms.h"
 
 double graph_triangle_count(const Graph& graph) {
     double sum = 0.0;
@@ -13,14 +14,14 @@ double graph_triangle_count(const Graph& graph) {
 
 // Three mutually tied actors; each common neighbour closes one. Change O(1), count O(n).
 double triangle_change(const Graph& graph, const EffectData&, int i, int j, int) {
-    return graph.two_paths[i][j];
+    return two_paths_of(graph, i, j);
 }
 double triangle_count(Graph& graph, const EffectData&) { return graph_triangle_count(graph); }
 
 // Two triangles that share a tie. The new tie is the shared one of each pair of its triangles, and
 // each new triangle joins those already standing on its two other ties.
 double triangle2_change(const Graph& graph, const EffectData&, int i, int j, int adding) {
-    double change = pairs_of(graph.two_paths[i][j]);
+    double change = pairs_of(two_paths_of(graph, i, j));
     for_each_common(graph, i, j, [&](int k) {
         change += graph.two_paths[j][k] + graph.two_paths[i][k] + 2 * adding - 2;
     });
@@ -35,7 +36,7 @@ double triangle2_count(Graph& graph, const EffectData&) {
 // The alternating triangle cut off after its second term.
 double one_two_triangle_change(const Graph& graph, const EffectData& data, int i, int j,
                                int adding) {
-    return graph.two_paths[i][j] - triangle2_change(graph, data, i, j, adding) * 0.5;
+    return two_paths_of(graph, i, j) - triangle2_change(graph, data, i, j, adding) * 0.5;
 }
 double one_two_triangle_count(Graph& graph, const EffectData& data) {
     return graph_triangle_count(graph) - triangle2_count(graph, data) * 0.5;
@@ -49,7 +50,7 @@ double one_two_triangle_count(Graph& graph, const EffectData& data) {
 // lose their last. Carried values of such a model drift from a recount, as they always have.
 double alternating_triangle_change(const Graph& graph, const EffectData& data, int i, int j,
                                    int adding) {
-    const int common = graph.two_paths[i][j];
+    const int common = two_paths_of(graph, i, j);
     if (data.lambda > 1.0F) {
         const int lag = adding - 1;
         double sum = 0.0;
@@ -96,29 +97,26 @@ double alternating_two_path_change(const Graph& graph, const EffectData& data, i
     if (!(data.lambda >= 1.0F)) {
         return 0.0;
     }
-    const bool counted = data.lambda == 1.0F;
-    const int lag = adding - 1;
-    const auto term = [&](int end, int k) {
-        const int paths = graph.two_paths[end][k] + lag;
-        return counted ? (paths == 0 ? 1.0 : 0.0) : geometric_weight(paths, data.weights);
-    };
-    double sum = 0.0;
-    const std::uint64_t* row_i = graph.adjacency[i];
-    const std::uint64_t* row_j = graph.adjacency[j];
-    for (int word = 0; word < graph.adjacency.words_per_row; ++word) {
-        const std::uint64_t either = actor_order(row_i[word] | row_j[word]);
-        word_for_each(either, word * 64, [&](int k) {
-            if (k == i || k == j) {
-                return;
-            }
-            if (row_has(row_j, k)) {
-                sum += term(i, k);
-            }
-            if (row_has(row_i, k)) {
-                sum += term(j, k);
-            }
-        });
+    const PathTerm term(data, adding);
+    const Members of_i = neighbours_of(graph, i);
+    const Members of_j = neighbours_of(graph, j);
+    if (of_i.listed() && of_j.listed()) {
+        UnorderedSum unordered(term);
+        unordered.add_row(of_j.list(), i, graph.any_two_paths[i], graph.two_paths[i]);
+        unordered.add_row(of_i.list(), j, graph.any_two_paths[j], graph.two_paths[j]);
+        if (unordered.exact()) {
+            return unordered.value();
+        }
     }
+    double sum = 0.0;
+    for_each_near(graph, i, j, [&](int k, bool tied_to_i, bool tied_to_j) {
+        if (tied_to_j) {
+            sum += term(graph.two_paths[i][k]);
+        }
+        if (tied_to_i) {
+            sum += term(graph.two_paths[j][k]);
+        }
+    });
     return sum;
 }
 double alternating_two_path_count(Graph& graph, const EffectData& data) {
@@ -129,7 +127,7 @@ double alternating_two_path_count(Graph& graph, const EffectData& data) {
     const bool counted = data.lambda == 1.0F;
     for (int i = 0; i < graph.vertices; ++i) {
         for (int j = i + 1; j < graph.vertices; ++j) {
-            const int paths = graph.two_paths[i][j];
+            const int paths = two_paths_of(graph, i, j);
             if (paths > 0) {
                 sum += counted ? 1.0 : 1.0 - geometric_weight(paths, data.weights);
             }

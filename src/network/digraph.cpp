@@ -9,11 +9,24 @@ void move_count(std::vector<int>& histogram, int from, int to) {
     ++histogram[static_cast<std::size_t>(to)];
 }
 
+void toggle_member(NeighbourLists& lists, const BitMatrix& rows, int actor, int member, int by,
+                   int degree) {
+    if (by == 1) {
+        lists.add(actor, member);
+    } else {
+        lists.remove(actor, member, rows[actor], rows.words_per_row, degree);
+    }
+}
+
 // Everything a toggle of the bit (i, j) moves, `by` being 1 or -1.
 void toggle_arc(Digraph& digraph, int i, int j, int by) {
     digraph.arcs += by;
     row_flip(digraph.adjacency[i], j);
     row_flip(digraph.adjacency_in[j], i);
+    toggle_member(digraph.receivers, digraph.adjacency, i, j, by,
+                  digraph.out_degree[static_cast<std::size_t>(i)] + by);
+    toggle_member(digraph.senders, digraph.adjacency_in, j, i, by,
+                  digraph.in_degree[static_cast<std::size_t>(j)] + by);
     int& sent = digraph.out_degree[static_cast<std::size_t>(i)];
     int& received = digraph.in_degree[static_cast<std::size_t>(j)];
     if (digraph_has_arc(digraph, j, i)) {
@@ -27,8 +40,21 @@ void toggle_arc(Digraph& digraph, int i, int j, int by) {
     received += by;
 }
 
-void change_cell(CountTable& table, int a, int b, int by) {
-    table[a][b] = static_cast<std::uint16_t>(table[a][b] + by);
+// The cell [a][b]; `any` and its transpose follow when it becomes or stops being 0.
+void change_cell(CountTable& table, BitMatrix& any, BitMatrix& any_in, int a, int b, int by) {
+    const int before = table[a][b];
+    const auto after = static_cast<std::uint16_t>(before + by);
+    table[a][b] = after;
+    if ((before == 0) != (after == 0)) {
+        row_flip(any[a], b);
+        row_flip(any_in[b], a);
+    }
+}
+
+// The cells [a][b] and [b][a] of a symmetric table.
+void change_pair(CountTable& table, BitMatrix& any, int a, int b, int by) {
+    table[b][a] = static_cast<std::uint16_t>(table[b][a] + by);
+    change_cell(table, any, any, a, b, by);
 }
 
 }  // namespace
@@ -39,6 +65,8 @@ Digraph digraph_create(int vertices, int statistic_count) {
     digraph.vertices = vertices;
     digraph.adjacency = BitMatrix(vertices);
     digraph.adjacency_in = BitMatrix(vertices);
+    digraph.receivers = NeighbourLists(vertices);
+    digraph.senders = NeighbourLists(vertices);
     digraph.geodesics = IntTable(vertices, vertices, 9999);
     digraph.in_degree.assign(actors, 0);
     digraph.out_degree.assign(actors, 0);
@@ -49,6 +77,10 @@ Digraph digraph_create(int vertices, int statistic_count) {
     digraph.shared_receivers = CountTable(vertices, vertices);
     digraph.shared_senders = CountTable(vertices, vertices);
     digraph.two_paths = CountTable(vertices, vertices);
+    digraph.any_shared_receivers = BitMatrix(vertices);
+    digraph.any_shared_senders = BitMatrix(vertices);
+    digraph.any_two_paths = BitMatrix(vertices);
+    digraph.any_two_paths_in = BitMatrix(vertices);
     digraph.statistics.assign(static_cast<std::size_t>(std::max(statistic_count, 0)), 0.0);
     digraph.triad_census.assign(16, 0.0);
     if (actors > 0) {
@@ -72,27 +104,26 @@ void digraph_remove_arc(Digraph& digraph, int i, int j) {
 
 void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding) {
     const int by = adding == 1 ? 1 : -1;
-    const int words = digraph.adjacency.words_per_row;
-    row_for_each(digraph.adjacency[i], words, [&](int k) {
+    members_for_each(digraph.receivers, digraph.adjacency, i, [&](int k) {
         if (k != j) {
-            change_cell(digraph.shared_senders, k, j, by);
-            change_cell(digraph.shared_senders, j, k, by);
+            change_pair(digraph.shared_senders, digraph.any_shared_senders, k, j, by);
         }
     });
-    row_for_each(digraph.adjacency_in[j], words, [&](int k) {
+    members_for_each(digraph.senders, digraph.adjacency_in, j, [&](int k) {
         if (k != i) {
-            change_cell(digraph.shared_receivers, k, i, by);
-            change_cell(digraph.shared_receivers, i, k, by);
+            change_pair(digraph.shared_receivers, digraph.any_shared_receivers, k, i, by);
         }
     });
-    row_for_each(digraph.adjacency_in[i], words, [&](int k) {
+    members_for_each(digraph.senders, digraph.adjacency_in, i, [&](int k) {
         if (k != j) {
-            change_cell(digraph.two_paths, k, j, by);
+            change_cell(digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in, k, j,
+                        by);
         }
     });
-    row_for_each(digraph.adjacency[j], words, [&](int k) {
+    members_for_each(digraph.receivers, digraph.adjacency, j, [&](int k) {
         if (k != i) {
-            change_cell(digraph.two_paths, i, k, by);
+            change_cell(digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in, i, k,
+                        by);
         }
     });
 }

@@ -5,14 +5,11 @@
 // afterwards. While a deletion is evaluated those tables still count the arc.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "base/table.h"
 #include "network/bit_rows.h"
-
-// Two-path counters are 16 bits wide, so 65535 actors are their bound and an update wraps there.
-using CountTable = Table<std::uint16_t>;
+#include "network/neighbour_lists.h"
 
 struct Digraph {
     int vertices = 0;
@@ -23,6 +20,9 @@ struct Digraph {
     // j holds the senders of arcs to j.
     BitMatrix adjacency;
     BitMatrix adjacency_in;
+    // The rows of the two as sorted lists where they are short.
+    NeighbourLists receivers;
+    NeighbourLists senders;
     // Directed shortest paths, 9999 without a path; a snapshot.
     IntTable geodesics;
     std::vector<int> in_degree;
@@ -39,6 +39,12 @@ struct Digraph {
     CountTable shared_senders;
     // [a][b] = number of x with a to x and x to b; not symmetric.
     CountTable two_paths;
+    // Bit (a, b): the cell [a][b] of the table is not 0; the last one is the transpose of its
+    // neighbour.
+    BitMatrix any_shared_receivers;
+    BitMatrix any_shared_senders;
+    BitMatrix any_two_paths;
+    BitMatrix any_two_paths_in;
     // One entry per selected effect, in model order; carried by the samplers.
     std::vector<double> statistics;
     // One cell per triad class, 300 first; a snapshot.

@@ -15,16 +15,29 @@ void move_count(std::vector<int>& histogram, int from, int to) {
     ++histogram[static_cast<std::size_t>(to)];
 }
 
-void change_degree(Graph& graph, int actor, int by) {
+// One end of a toggled tie: bit, degree and list.
+void toggle_end(Graph& graph, int actor, int other, int by) {
+    row_flip(graph.adjacency[actor], other);
     int& degree = graph.degree[static_cast<std::size_t>(actor)];
     move_count(graph.degree_distribution, degree, degree + by);
     degree += by;
+    if (by == 1) {
+        graph.neighbours.add(actor, other);
+    } else {
+        graph.neighbours.remove(actor, other, graph.adjacency[actor], graph.adjacency.words_per_row,
+                                degree);
+    }
 }
 
 void change_two_paths(Graph& graph, int a, int b, int by) {
     const int before = graph.two_paths[a][b];
-    graph.two_paths[a][b] = before + by;
-    graph.two_paths[b][a] = before + by;
+    const auto after = static_cast<std::uint16_t>(before + by);
+    graph.two_paths[a][b] = after;
+    graph.two_paths[b][a] = after;
+    if ((before == 0) != (after == 0)) {
+        row_flip(graph.any_two_paths[a], b);
+        row_flip(graph.any_two_paths[b], a);
+    }
     move_count(graph.two_path_distribution, before, before + by);
 }
 
@@ -43,7 +56,9 @@ Graph graph_create(int vertices, int statistic_count, int clique_depth) {
     graph.vertices = vertices;
     graph.clique_depth = clique_depth;
     graph.adjacency = BitMatrix(vertices);
-    graph.two_paths = IntTable(vertices, vertices);
+    graph.neighbours = NeighbourLists(vertices);
+    graph.two_paths = CountTable(vertices, vertices);
+    graph.any_two_paths = BitMatrix(vertices);
     graph.geodesics = IntTable(vertices, vertices, 9999);
     graph.degree_distribution.assign(actors, 0);
     graph.degree.assign(actors, 0);
@@ -78,10 +93,8 @@ void graph_add_edge(Graph& graph, int i, int j) {
         return;
     }
     ++graph.edges;
-    row_flip(graph.adjacency[i], j);
-    row_flip(graph.adjacency[j], i);
-    change_degree(graph, i, 1);
-    change_degree(graph, j, 1);
+    toggle_end(graph, i, j, 1);
+    toggle_end(graph, j, i, 1);
 }
 
 void graph_remove_edge(Graph& graph, int i, int j) {
@@ -89,32 +102,29 @@ void graph_remove_edge(Graph& graph, int i, int j) {
         return;
     }
     --graph.edges;
-    row_flip(graph.adjacency[i], j);
-    row_flip(graph.adjacency[j], i);
-    change_degree(graph, i, -1);
-    change_degree(graph, j, -1);
+    toggle_end(graph, i, j, -1);
+    toggle_end(graph, j, i, -1);
 }
 
 void graph_update_two_paths(Graph& graph, int i, int j, int adding) {
     const int by = adding == 1 ? 1 : -1;
-    const std::uint64_t* row_i = graph.adjacency[i];
-    const std::uint64_t* row_j = graph.adjacency[j];
-    // The bits of i and j themselves are the toggled tie, or clear; neither is a two-path's end.
-    for (int word = 0; word < graph.adjacency.words_per_row; ++word) {
-        const std::uint64_t of_i = actor_order(row_i[word]);
-        const std::uint64_t of_j = actor_order(row_j[word]);
-        word_for_each(of_i, word * 64, [&](int k) {
-            if (k != j) {
-                change_two_paths(graph, k, j, by);
-            }
-        });
-        word_for_each(of_j, word * 64, [&](int k) {
-            if (k != i) {
-                change_two_paths(graph, k, i, by);
-            }
-        });
-        word_for_each(of_i & of_j, word * 64, [&](int k) { change_triangles(graph, k, by); });
+    // Neither end of the toggled tie is a two-path's end, nor a common neighbour.
+    members_for_each(graph.neighbours, graph.adjacency, i, [&](int k) {
+        if (k != j) {
+            change_two_paths(graph, k, j, by);
+        }
+    });
+    members_for_each(graph.neighbours, graph.adjacency, j, [&](int k) {
+        if (k != i) {
+            change_two_paths(graph, k, i, by);
+        }
+    });
+    if (!graph.any_two_paths.has(i, j)) {
+        return;
     }
+    common_for_each(Members{graph.neighbours, graph.adjacency, i},
+                    Members{graph.neighbours, graph.adjacency, j},
+                    [&](int k) { change_triangles(graph, k, by); });
     const int common = graph.two_paths[i][j];
     change_triangles(graph, i, by * common);
     change_triangles(graph, j, by * common);

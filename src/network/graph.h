@@ -16,6 +16,7 @@
 
 #include "base/table.h"
 #include "network/bit_rows.h"
+#include "network/neighbour_lists.h"
 
 struct Graph {
     int vertices = 0;
@@ -26,8 +27,13 @@ struct Graph {
     int clique_depth = 0;
 
     BitMatrix adjacency;
+    // The rows of `adjacency` as sorted lists where they are short.
+    NeighbourLists neighbours;
     // [a][b] = common neighbours of a and b, symmetric, 0 on the diagonal.
-    IntTable two_paths;
+    CountTable two_paths;
+    // Bit (a, b): two_paths[a][b] is not 0. Most pairs of a sparse network have no common
+    // neighbour, and 64 of them are told by one word.
+    BitMatrix any_two_paths;
     // Shortest-path lengths, 9999 without a path, 0 on the diagonal; a snapshot.
     IntTable geodesics;
     // [d] = actors of degree d; n entries.
@@ -80,7 +86,7 @@ void graph_add_edge(Graph& graph, int i, int j);
 void graph_remove_edge(Graph& graph, int i, int j);
 
 // Second half, after graph_add_edge (adding = 1) or graph_remove_edge (adding = 0) of the same
-// dyad. O(d_i + d_j + n / 64).
+// dyad. O(d_i + d_j), for actors without a list + n / 64.
 void graph_update_two_paths(Graph& graph, int i, int j, int adding);
 
 // Both halves of an addition.

@@ -14,9 +14,9 @@ namespace {
 using Doubles = std::vector<double>;
 using Ints = std::vector<int>;
 
-IntTable table_of(const reference::IntTable& plain) {
+CountTable table_of(const reference::IntTable& plain) {
     const int n = static_cast<int>(plain.size());
-    IntTable table(n, n);
+    CountTable table(n, n);
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column) {
             table[row][column] = reference::cell(plain, row, column);
@@ -118,7 +118,7 @@ TEST(DyadSummaries, AreThoseOfThePlainFormulasAndReadTheUpperTriangleOnly) {
                 cell = static_cast<int>(random() % 9U);
             }
         }
-        const IntTable table = table_of(plain);
+        const CountTable table = table_of(plain);
         expect_same(dyad_mean(table, n), reference::dyad_mean(plain));
         expect_same(dyad_standard_deviation(table, n), reference::dyad_standard_deviation(plain));
         expect_same(dyad_skew(table, n), reference::dyad_skew(plain));
@@ -133,7 +133,7 @@ TEST(DyadSummaries, AreThoseOfThePlainFormulasAndReadTheUpperTriangleOnly) {
 }
 
 TEST(DyadSummaries, SkewDividesByTheActorsWhileTheMeanDividesByTheDyads) {
-    const IntTable table = table_of({{0, 1, 2, 3}, {0, 0, 4, 5}, {0, 0, 0, 9}, {0, 0, 0, 0}});
+    const CountTable table = table_of({{0, 1, 2, 3}, {0, 0, 4, 5}, {0, 0, 0, 9}, {0, 0, 0, 0}});
     EXPECT_EQ(dyad_mean(table, 4), 4.0);
     const double deviation = std::sqrt((9.0 + 4 + 1 + 0 + 1 + 25) / 5.0);
     EXPECT_EQ(dyad_standard_deviation(table, 4), deviation);
@@ -142,8 +142,8 @@ TEST(DyadSummaries, SkewDividesByTheActorsWhileTheMeanDividesByTheDyads) {
 }
 
 TEST(DyadSummaries, OfNoActorsAreNotNumbersAndOfEqualCellsHaveNoSkew) {
-    EXPECT_TRUE(std::isnan(dyad_mean(IntTable(), 0)));
-    EXPECT_EQ(dyad_skew(IntTable(5, 5, 3), 5), 0.0);
+    EXPECT_TRUE(std::isnan(dyad_mean(CountTable(), 0)));
+    EXPECT_EQ(dyad_skew(CountTable(5, 5, 3), 5), 0.0);
 }
 
 TEST(Correlation, OfAListWithItselfIsBelowOneByOneShare) {

@@ -10,10 +10,23 @@ using reference::PlainDigraph;
 
 namespace {
 
-void expect_table(const CountTable& table, const reference::IntTable& expected, const char* name) {
+void expect_list(const NeighbourLists& lists, const BitMatrix& rows, int actor) {
+    std::vector<std::int32_t> members;
+    row_for_each(rows[actor], rows.words_per_row, [&](int member) { members.push_back(member); });
+    if (lists.listed(actor)) {
+        const auto list = lists.of(actor);
+        EXPECT_EQ(std::vector<std::int32_t>(list.begin(), list.end()), members);
+    } else {
+        EXPECT_GT(members.size(), kRelistLength);
+    }
+}
+
+void expect_table(const CountTable& table, const BitMatrix& any, const reference::IntTable& expected,
+                  const char* name) {
     for (int a = 0; a < static_cast<int>(expected.size()); ++a) {
         for (int b = 0; b < static_cast<int>(expected.size()); ++b) {
             EXPECT_EQ(table[a][b], reference::cell(expected, a, b)) << name << " " << a << " " << b;
+            EXPECT_EQ(any.has(a, b), table[a][b] != 0) << name << " " << a << " " << b;
         }
     }
 }
@@ -31,16 +44,25 @@ void expect_first_half(const Digraph& digraph, const PlainDigraph& plain) {
             EXPECT_EQ(digraph_has_arc(digraph, a, b), reference::has_arc(plain, a, b));
             EXPECT_EQ(digraph.adjacency_in.has(b, a), reference::has_arc(plain, a, b));
         }
+        expect_list(digraph.receivers, digraph.adjacency, a);
+        expect_list(digraph.senders, digraph.adjacency_in, a);
     }
     EXPECT_EQ(digraph.in_degree_distribution, reference::in_degree_distribution(plain));
     EXPECT_EQ(digraph.out_degree_distribution, reference::out_degree_distribution(plain));
 }
 
 void expect_second_half(const Digraph& digraph, const PlainDigraph& plain) {
-    expect_table(digraph.two_paths, reference::two_path_table(plain), "two_paths");
-    expect_table(digraph.shared_receivers, reference::shared_receiver_table(plain),
-                 "shared_receivers");
-    expect_table(digraph.shared_senders, reference::shared_sender_table(plain), "shared_senders");
+    expect_table(digraph.two_paths, digraph.any_two_paths, reference::two_path_table(plain),
+                 "two_paths");
+    expect_table(digraph.shared_receivers, digraph.any_shared_receivers,
+                 reference::shared_receiver_table(plain), "shared_receivers");
+    expect_table(digraph.shared_senders, digraph.any_shared_senders,
+                 reference::shared_sender_table(plain), "shared_senders");
+    for (int a = 0; a < plain.n; ++a) {
+        for (int b = 0; b < plain.n; ++b) {
+            EXPECT_EQ(digraph.any_two_paths_in.has(b, a), digraph.any_two_paths.has(a, b));
+        }
+    }
 }
 
 TEST(DigraphRecord, ANewOneIsEmpty) {

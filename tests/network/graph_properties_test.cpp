@@ -2,6 +2,7 @@
 // and back.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -12,6 +13,15 @@
 namespace {
 
 using reference::PlainGraph;
+
+bool list_is_row(const NeighbourLists& lists, const BitMatrix& rows, int actor) {
+    std::vector<std::int32_t> members;
+    row_for_each(rows[actor], rows.words_per_row, [&](int member) { members.push_back(member); });
+    return !lists.listed(actor)
+               ? members.size() > kRelistLength
+               : std::equal(members.begin(), members.end(), lists.of(actor).begin(),
+                            lists.of(actor).end());
+}
 
 // Every table that toggles keep up to date is what the plain network says.
 testing::AssertionResult tables_are_those_of(const Graph& graph, const PlainGraph& plain) {
@@ -30,6 +40,12 @@ testing::AssertionResult tables_are_those_of(const Graph& graph, const PlainGrap
             if (graph.two_paths[a][b] != reference::common_neighbours(plain, a, b)) {
                 return testing::AssertionFailure() << "two-paths of " << a << '-' << b;
             }
+            if (graph.any_two_paths.has(a, b) != (graph.two_paths[a][b] != 0)) {
+                return testing::AssertionFailure() << "bit of two-paths of " << a << '-' << b;
+            }
+        }
+        if (!list_is_row(graph.neighbours, graph.adjacency, a)) {
+            return testing::AssertionFailure() << "list of " << a;
         }
     }
     if (graph.edges != reference::edge_count(plain)) {

@@ -44,7 +44,7 @@ TEST(Graph, TablesHaveTheSizesThatTheirReadersCountOn) {
     EXPECT_EQ(graph.clique_counts, std::vector<double>(5, 0.0));
     EXPECT_EQ(graph.clique_changes, std::vector<double>(5, 0.0));
     EXPECT_EQ(graph.geodesics.cells, Ints(49, 9999));
-    EXPECT_EQ(graph.two_paths.cells, Ints(49, 0));
+    EXPECT_EQ(graph.two_paths.cells, std::vector<std::uint16_t>(49, 0));
 }
 
 TEST(Graph, OfOneActorHasNoCellOfTwoPaths) {
