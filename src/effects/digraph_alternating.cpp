@@ -132,10 +132,13 @@ double open_sum(const Digraph& digraph, const PathTerm& term, const CountTable& 
                 const BitMatrix& rows, const BitMatrix& columns, int i, int j) {
     const Members from_j = receivers_of(digraph, j);
     const Members to_i = senders_of(digraph, i);
-    if (from_j.listed() && to_i.listed()) {
+    const int size_j = out_of(digraph, j);
+    const int size_i = in_of(digraph, i);
+    if (size_j + size_i <= UnorderedSum::kTerms) {
         UnorderedSum unordered(term);
-        unordered.add_row(from_j.list(), i, rows[i], table[i]);
-        unordered.add_column(to_i.list(), j, columns[j], table, j);
+        unordered.add_cells(from_j, size_j, i, rows[i],
+                            [cells = table[i]](int k) { return cells[k]; });
+        unordered.add_cells(to_i, size_i, j, columns[j], [&](int k) { return table[k][j]; });
         if (unordered.exact()) {
             return unordered.value();
         }
@@ -152,13 +155,14 @@ double open_sum(const Digraph& digraph, const PathTerm& term, const CountTable& 
     return sum;
 }
 
-// Sum over the members of a set other than `without`, ascending, of the terms of row `of` of a
-// symmetric table.
+// Sum over the `size` members of a set other than `without`, ascending, of the terms of row `of` of
+// a symmetric table.
 double row_sum(const PathTerm& term, const CountTable& table, const BitMatrix& any,
-               const Members& members, int of, int without) {
-    if (members.listed()) {
+               const Members& members, int size, int of, int without) {
+    if (size <= UnorderedSum::kTerms) {
         UnorderedSum unordered(term);
-        unordered.add_row(members.list(), without, any[of], table[of]);
+        unordered.add_cells(members, size, without, any[of],
+                            [cells = table[of]](int k) { return cells[k]; });
         if (unordered.exact()) {
             return unordered.value();
         }
@@ -464,7 +468,7 @@ double digraph_a2p_d_change(const Digraph& digraph, const EffectData& data, int 
                                     term, i, j);
     }
     return row_sum(term, digraph.shared_senders, digraph.any_shared_senders,
-                   receivers_of(digraph, i), j, j);
+                   receivers_of(digraph, i), out_of(digraph, i), j, j);
 }
 double digraph_a2p_d_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_senders) * 0.5;
@@ -482,7 +486,7 @@ double digraph_a2p_u_change(const Digraph& digraph, const EffectData& data, int 
                                     term, i, j);
     }
     return row_sum(term, digraph.shared_receivers, digraph.any_shared_receivers,
-                   senders_of(digraph, j), i, i);
+                   senders_of(digraph, j), in_of(digraph, j), i, i);
 }
 double digraph_a2p_u_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_receivers) * 0.5;

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <span>
 
 #include "effects/effect.h"
 #include "effects/geometric_weights.h"
@@ -50,35 +49,31 @@ class UnorderedSum {
 
     explicit UnorderedSum(const PathTerm& term) : term_(term) {}
 
-    void add_zero() { ++zeros_; }
-
     void add(int cell) {
         largest_ = std::max(largest_, cell);
         sum_ += term_(cell);
     }
 
-    // Adds the cells [k] of one row for the members of a list but one. `any` has a bit for each
-    // cell that is not 0.
-    void add_row(std::span<const std::int32_t> list, int without, const std::uint64_t* any,
-                 const std::uint16_t* cells) {
-        for (const std::int32_t k : list) {
-            if (!row_has(any, k)) {
-                zeros_ += k == without ? 0 : 1;
-            } else if (k != without) {
-                add(cells[k]);
+    // Adds cell(k) for the members k but one of a set of `size`. `any` has a bit for each cell that
+    // is not 0; the others are never read.
+    template <class Cell>
+    void add_cells(const Members& members, int size, int without, const std::uint64_t* any,
+                   Cell cell) {
+        zeros_ += members.has(without) ? size - 1 : size;
+        const auto visit = [&](int k) {
+            if (k != without) {
+                add(cell(k));
+                --zeros_;
             }
-        }
-    }
-
-    // Adds the cells [k] of the column `of` of a table in the same way.
-    void add_column(std::span<const std::int32_t> list, int without, const std::uint64_t* any,
-                    const CountTable& table, int of) {
-        for (const std::int32_t k : list) {
-            if (!row_has(any, k)) {
-                zeros_ += k == without ? 0 : 1;
-            } else if (k != without) {
-                add(table[k][of]);
+        };
+        if (members.listed()) {
+            for (const std::int32_t k : members.list()) {
+                if (row_has(any, k)) {
+                    visit(k);
+                }
             }
+        } else {
+            row_and_for_each(members.row(), any, members.rows.words_per_row, visit);
         }
     }
 

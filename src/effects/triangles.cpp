@@ -98,12 +98,14 @@ double alternating_two_path_change(const Graph& graph, const EffectData& data, i
         return 0.0;
     }
     const PathTerm term(data, adding);
-    const Members of_i = neighbours_of(graph, i);
-    const Members of_j = neighbours_of(graph, j);
-    if (of_i.listed() && of_j.listed()) {
+    const int size_i = degree_of(graph, i);
+    const int size_j = degree_of(graph, j);
+    if (size_i + size_j <= UnorderedSum::kTerms) {
         UnorderedSum unordered(term);
-        unordered.add_row(of_j.list(), i, graph.any_two_paths[i], graph.two_paths[i]);
-        unordered.add_row(of_i.list(), j, graph.any_two_paths[j], graph.two_paths[j]);
+        unordered.add_cells(neighbours_of(graph, j), size_j, i, graph.any_two_paths[i],
+                            [cells = graph.two_paths[i]](int k) { return cells[k]; });
+        unordered.add_cells(neighbours_of(graph, i), size_i, j, graph.any_two_paths[j],
+                            [cells = graph.two_paths[j]](int k) { return cells[k]; });
         if (unordered.exact()) {
             return unordered.value();
         }

@@ -40,21 +40,38 @@ void toggle_arc(Digraph& digraph, int i, int j, int by) {
     received += by;
 }
 
-// The cell [a][b]; `any` and its transpose follow when it becomes or stops being 0.
-void change_cell(CountTable& table, BitMatrix& any, BitMatrix& any_in, int a, int b, int by) {
-    const int before = table[a][b];
-    const auto after = static_cast<std::uint16_t>(before + by);
-    table[a][b] = after;
-    if ((before == 0) != (after == 0)) {
-        row_flip(any[a], b);
-        row_flip(any_in[b], a);
-    }
+// A cell that goes up was 0 when it was 0 before, one that goes down is 0 when it is so now.
+bool passes_zero(int before, int by) { return before == (by == 1 ? 0 : 1); }
+
+// One more or less (`by`) in the cells [k][end] and [end][k] of a symmetric table, for each k of
+// `members` but `without`.
+void change_shared(CountTable& table, BitMatrix& any, const Members& members, int without, int end,
+                   int by) {
+    std::uint16_t* row = table[end];
+    std::uint64_t* any_row = any[end];
+    members_for_each(members.lists, members.rows, members.actor, [&](int k) {
+        if (k == without) {
+            return;
+        }
+        const int before = row[k];
+        const auto after = static_cast<std::uint16_t>(before + by);
+        row[k] = after;
+        table[k][end] = after;
+        if (passes_zero(before, by)) {
+            row_flip(any_row, k);
+            row_flip(any[k], end);
+        }
+    });
 }
 
-// The cells [a][b] and [b][a] of a symmetric table.
-void change_pair(CountTable& table, BitMatrix& any, int a, int b, int by) {
-    table[b][a] = static_cast<std::uint16_t>(table[b][a] + by);
-    change_cell(table, any, any, a, b, by);
+// The cell [a][b] of `two_paths`.
+void change_two_path(Digraph& digraph, int a, int b, int by) {
+    std::uint16_t& cell = digraph.two_paths[a][b];
+    if (passes_zero(cell, by)) {
+        row_flip(digraph.any_two_paths[a], b);
+        row_flip(digraph.any_two_paths_in[b], a);
+    }
+    cell = static_cast<std::uint16_t>(cell + by);
 }
 
 }  // namespace
@@ -104,26 +121,20 @@ void digraph_remove_arc(Digraph& digraph, int i, int j) {
 
 void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding) {
     const int by = adding == 1 ? 1 : -1;
-    members_for_each(digraph.receivers, digraph.adjacency, i, [&](int k) {
+    const Members from_i{digraph.receivers, digraph.adjacency, i};
+    const Members to_i{digraph.senders, digraph.adjacency_in, i};
+    const Members from_j{digraph.receivers, digraph.adjacency, j};
+    const Members to_j{digraph.senders, digraph.adjacency_in, j};
+    change_shared(digraph.shared_senders, digraph.any_shared_senders, from_i, j, j, by);
+    change_shared(digraph.shared_receivers, digraph.any_shared_receivers, to_j, i, i, by);
+    members_for_each(to_i.lists, to_i.rows, i, [&](int k) {
         if (k != j) {
-            change_pair(digraph.shared_senders, digraph.any_shared_senders, k, j, by);
+            change_two_path(digraph, k, j, by);
         }
     });
-    members_for_each(digraph.senders, digraph.adjacency_in, j, [&](int k) {
+    members_for_each(from_j.lists, from_j.rows, j, [&](int k) {
         if (k != i) {
-            change_pair(digraph.shared_receivers, digraph.any_shared_receivers, k, i, by);
-        }
-    });
-    members_for_each(digraph.senders, digraph.adjacency_in, i, [&](int k) {
-        if (k != j) {
-            change_cell(digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in, k, j,
-                        by);
-        }
-    });
-    members_for_each(digraph.receivers, digraph.adjacency, j, [&](int k) {
-        if (k != i) {
-            change_cell(digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in, i, k,
-                        by);
+            change_two_path(digraph, i, k, by);
         }
     });
 }

@@ -29,16 +29,28 @@ void toggle_end(Graph& graph, int actor, int other, int by) {
     }
 }
 
-void change_two_paths(Graph& graph, int a, int b, int by) {
-    const int before = graph.two_paths[a][b];
-    const auto after = static_cast<std::uint16_t>(before + by);
-    graph.two_paths[a][b] = after;
-    graph.two_paths[b][a] = after;
-    if ((before == 0) != (after == 0)) {
-        row_flip(graph.any_two_paths[a], b);
-        row_flip(graph.any_two_paths[b], a);
-    }
-    move_count(graph.two_path_distribution, before, before + by);
+// One two-path more or less (`by`) between `end` and each neighbour of `of` but `end` itself.
+void change_two_paths(Graph& graph, int of, int end, int by) {
+    std::uint16_t* row = graph.two_paths[end];
+    std::uint64_t* any = graph.any_two_paths[end];
+    int* histogram = graph.two_path_distribution.data();
+    // A cell that goes up was 0 when it was 0 before, one that goes down is 0 when it is so now.
+    const int from_zero = by == 1 ? 0 : 1;
+    members_for_each(graph.neighbours, graph.adjacency, of, [&](int k) {
+        if (k == end) {
+            return;
+        }
+        const int before = row[k];
+        const auto after = static_cast<std::uint16_t>(before + by);
+        row[k] = after;
+        graph.two_paths[k][end] = after;
+        if (before == from_zero) {
+            row_flip(any, k);
+            row_flip(graph.any_two_paths[k], end);
+        }
+        --histogram[before];
+        ++histogram[before + by];
+    });
 }
 
 void change_triangles(Graph& graph, int actor, int by) {
@@ -108,17 +120,8 @@ void graph_remove_edge(Graph& graph, int i, int j) {
 
 void graph_update_two_paths(Graph& graph, int i, int j, int adding) {
     const int by = adding == 1 ? 1 : -1;
-    // Neither end of the toggled tie is a two-path's end, nor a common neighbour.
-    members_for_each(graph.neighbours, graph.adjacency, i, [&](int k) {
-        if (k != j) {
-            change_two_paths(graph, k, j, by);
-        }
-    });
-    members_for_each(graph.neighbours, graph.adjacency, j, [&](int k) {
-        if (k != i) {
-            change_two_paths(graph, k, i, by);
-        }
-    });
+    change_two_paths(graph, i, j, by);
+    change_two_paths(graph, j, i, by);
     if (!graph.any_two_paths.has(i, j)) {
         return;
     }

@@ -3,7 +3,8 @@
 // A walk over a list costs the number of its members, a walk over bits n / 64 words as well. Lists
 // hold at most kListLength actors: where a row has more, bits are as good, and the actor is
 // "unlisted" until its row is short again. So there is no bound on degrees. The two walks visit the
-// same actors in the same ascending order.
+// same actors in the same ascending order. Small networks keep no lists at all: up to kWordsAlone
+// words a row is gone through faster than a list is kept.
 #pragma once
 
 #include <algorithm>
@@ -21,13 +22,18 @@ constexpr int kListLength = 63;
 // up and down by one does not have its list made anew each time.
 constexpr int kRelistLength = 48;
 
+constexpr int kWordsAlone = 8;
+
 class NeighbourLists {
   public:
     NeighbourLists() = default;
-    explicit NeighbourLists(int actors)
-        : places_(static_cast<std::size_t>(std::max(actors, 0)) * kStride, 0) {}
+    explicit NeighbourLists(int actors) : kept_(words_for(actors) > kWordsAlone) {
+        if (kept_) {
+            places_.assign(static_cast<std::size_t>(actors) * kStride, 0);
+        }
+    }
 
-    bool listed(int actor) const { return places(actor)[0] >= 0; }
+    bool listed(int actor) const { return kept_ && places(actor)[0] >= 0; }
 
     // The members, ascending. Only of a listed actor.
     std::span<const std::int32_t> of(int actor) const {
@@ -37,6 +43,9 @@ class NeighbourLists {
 
     // Brings the list of `actor` up to date after its row has got or lost `member`.
     void add(int actor, int member) {
+        if (!kept_) {
+            return;
+        }
         std::int32_t* list = places(actor);
         const std::int32_t length = list[0];
         if (length < 0) {
@@ -57,6 +66,9 @@ class NeighbourLists {
 
     // `row` is the row as it is now and `degree` the number of its members.
     void remove(int actor, int member, const std::uint64_t* row, int words, int degree) {
+        if (!kept_) {
+            return;
+        }
         std::int32_t* list = places(actor);
         if (list[0] < 0) {
             if (degree <= kRelistLength) {
@@ -75,13 +87,13 @@ class NeighbourLists {
         --list[0];
     }
 
-    const std::int32_t* places(int actor) const {
-        return places_.data() + static_cast<std::ptrdiff_t>(actor) * kStride;
-    }
-
   private:
     static constexpr std::int32_t kUnlisted = -1;
     static constexpr std::ptrdiff_t kStride = kListLength + 1;
+
+    const std::int32_t* places(int actor) const {
+        return places_.data() + static_cast<std::ptrdiff_t>(actor) * kStride;
+    }
 
     std::int32_t* places(int actor) {
         return places_.data() + static_cast<std::ptrdiff_t>(actor) * kStride;
@@ -94,6 +106,7 @@ class NeighbourLists {
         list[0] = length;
     }
 
+    bool kept_ = false;
     // For each actor the length of its list (-1 when unlisted) and room for its members.
     std::vector<std::int32_t> places_;
 };

@@ -19,7 +19,7 @@ CountTable table_of(const reference::IntTable& plain) {
     CountTable table(n, n);
     for (int row = 0; row < n; ++row) {
         for (int column = 0; column < n; ++column) {
-            table[row][column] = reference::cell(plain, row, column);
+            table[row][column] = static_cast<std::uint16_t>(reference::cell(plain, row, column));
         }
     }
     return table;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "reference/weights.h"
 #include "support/graph_effect_checks.h"
 
@@ -68,6 +70,23 @@ TEST(GeometricWeights, TakeTheBaseInDoublePrecision) {
 TEST(GeometricWeights, AreZerosForALengthBelowOne) {
     EXPECT_EQ(geometric_weight_table(2.0F, 0), std::vector<float>(1, 0.0F));
     EXPECT_EQ(geometric_weight_table(2.0F, -5), std::vector<float>(1, 0.0F));
+}
+
+TEST(GeometricWeights, AreExactAsFarAsTheyAreWholeMultiplesOfTwoToTheMinus45) {
+    EXPECT_EQ(exact_weight_count(geometric_weight_table(2.0F, kWeightTableLength)), 45);
+    for (const float lambda : {1.1F, 1.5F, 3.0F, 10.0F}) {
+        const auto table = geometric_weight_table(lambda, kWeightTableLength);
+        const int count = exact_weight_count(table);
+        ASSERT_GT(count, 3);
+        for (int m = 1; m <= count; ++m) {
+            const double multiple =
+                std::ldexp(static_cast<double>(table[static_cast<std::size_t>(m)]), 45);
+            EXPECT_EQ(multiple, std::trunc(multiple)) << lambda << " " << m;
+        }
+        const double next =
+            std::ldexp(static_cast<double>(table[static_cast<std::size_t>(count) + 1]), 45);
+        EXPECT_TRUE(count == kWeightTableLength || next != std::trunc(next)) << lambda;
+    }
 }
 
 }  // namespace

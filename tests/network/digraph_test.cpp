@@ -17,12 +17,12 @@ void expect_list(const NeighbourLists& lists, const BitMatrix& rows, int actor) 
         const auto list = lists.of(actor);
         EXPECT_EQ(std::vector<std::int32_t>(list.begin(), list.end()), members);
     } else {
-        EXPECT_GT(members.size(), kRelistLength);
+        EXPECT_TRUE(members.size() > kRelistLength || rows.words_per_row <= kWordsAlone);
     }
 }
 
-void expect_table(const CountTable& table, const BitMatrix& any, const reference::IntTable& expected,
-                  const char* name) {
+void expect_table(const CountTable& table, const BitMatrix& any,
+                  const reference::IntTable& expected, const char* name) {
     for (int a = 0; a < static_cast<int>(expected.size()); ++a) {
         for (int b = 0; b < static_cast<int>(expected.size()); ++b) {
             EXPECT_EQ(table[a][b], reference::cell(expected, a, b)) << name << " " << a << " " << b;

@@ -18,7 +18,7 @@ bool list_is_row(const NeighbourLists& lists, const BitMatrix& rows, int actor) 
     std::vector<std::int32_t> members;
     row_for_each(rows[actor], rows.words_per_row, [&](int member) { members.push_back(member); });
     return !lists.listed(actor)
-               ? members.size() > kRelistLength
+               ? members.size() > kRelistLength || rows.words_per_row <= kWordsAlone
                : std::equal(members.begin(), members.end(), lists.of(actor).begin(),
                             lists.of(actor).end());
 }

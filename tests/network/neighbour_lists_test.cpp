@@ -48,7 +48,7 @@ Actors list_of(const Listed& listed, int actor) {
 
 TEST(NeighbourLists, AreTheRowsInAscendingOrderWhileTheseAreShort) {
     std::mt19937 random(3);
-    Listed listed(200);
+    Listed listed(600);
     for (int toggle = 0; toggle < 4000; ++toggle) {
         const int actor = static_cast<int>(random() % 3U);
         listed.toggle(actor, static_cast<int>(random() % 90U));
@@ -62,7 +62,7 @@ TEST(NeighbourLists, AreTheRowsInAscendingOrderWhileTheseAreShort) {
 }
 
 TEST(NeighbourLists, GiveUpARowThatGetsLongAndTakeItBackWhenItIsShortAgain) {
-    Listed listed(200);
+    Listed listed(600);
     for (int member = 0; member < kListLength; ++member) {
         listed.toggle(7, 2 * member);
     }
@@ -78,8 +78,18 @@ TEST(NeighbourLists, GiveUpARowThatGetsLongAndTakeItBackWhenItIsShortAgain) {
     EXPECT_EQ(list_of(listed, 7), row_of(listed, 7));
 }
 
+TEST(NeighbourLists, AreNotKeptInASmallNetwork) {
+    Listed small(64 * kWordsAlone);
+    Listed large(64 * kWordsAlone + 1);
+    EXPECT_FALSE(small.lists.listed(3));
+    EXPECT_TRUE(large.lists.listed(3));
+    small.toggle(3, 5);
+    small.toggle(3, 5);
+    EXPECT_FALSE(small.lists.listed(3));
+}
+
 TEST(NeighbourLists, OfOtherActorsAreNotTouched) {
-    Listed listed(5);
+    Listed listed(600);
     listed.toggle(1, 4);
     listed.toggle(2, 0);
     listed.toggle(1, 0);
@@ -107,7 +117,7 @@ Listed two_rows(std::mt19937& random, int actors, int first, int second) {
 std::vector<Listed> all_kinds() {
     std::mt19937 random(11);
     std::vector<Listed> kinds;
-    for (const int actors : {20, 64, 65, 300, 1000}) {
+    for (const int actors : {20, 64, 65, 300, 513, 1000, 5000}) {
         for (const int first : {0, 1, 6, 20, 63, 64, 150}) {
             for (const int second : {0, 5, 20, 63, 200}) {
                 if (first <= actors && second <= actors) {
@@ -153,9 +163,9 @@ TEST(NeighbourLists, MembersOfEitherRowComeWithTheRowsTheyAreIn) {
             }
         }
         std::vector<std::tuple<int, bool, bool>> met;
-        either_for_each(
-            listed.members(0), listed.members(1),
-            [&](int actor, bool in_a, bool in_b) { met.emplace_back(actor, in_a, in_b); });
+        either_for_each(listed.members(0), listed.members(1), [&](int actor, bool in_a, bool in_b) {
+            met.emplace_back(actor, in_a, in_b);
+        });
         EXPECT_EQ(met, expected);
     }
 }
