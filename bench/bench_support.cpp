@@ -136,27 +136,8 @@ double checksum(const Digraph& digraph) {
 
 OutputPaths discarded_outputs() {
     OutputPaths paths = output_paths("", "", '/');
-    for (std::string* path : {&paths.start_statistics,
-                              &paths.end_statistics,
-                              &paths.parameter,
-                              &paths.sample_statistics,
-                              &paths.accept,
-                              &paths.simulation,
-                              &paths.estimation,
-                              &paths.gof,
-                              &paths.sim,
-                              &paths.degree_distribution,
-                              &paths.cluster_giant,
-                              &paths.geodesic_distribution,
-                              &paths.geodesic_quartiles,
-                              &paths.pajek,
-                              &paths.covariance,
-                              &paths.logodds,
-                              &paths.change_statistics,
-                              &paths.triangle_distribution,
-                              &paths.twopath_distribution,
-                              &paths.et0nt_distribution}) {
-        *path = "/dev/null";
+    for (const OutputFile& file : output_files()) {
+        paths.*file.path = "/dev/null";
     }
     return paths;
 }

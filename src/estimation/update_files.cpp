@@ -1,20 +1,8 @@
 #include "estimation/update_files.h"
 
-#include <array>
-
 #include "base/text_writer.h"
 
 namespace {
-
-struct UpdateNames {
-    const char* structural;
-    std::array<const char*, kAttributeGroups> groups;
-};
-constexpr UpdateNames kGraphNames = {
-    "stupdate.ovri", {"biupdate.ovri", "contupdate.ovri", "catupdate.ovri", "covupdate.ovri"}};
-constexpr UpdateNames kDigraphNames = {
-    "distupdate.ovri",
-    {"dibiupdate.ovri", "dicontupdate.ovri", "dicatupdate.ovri", "dicovupdate.ovri"}};
 
 void write_structural(TextWriter out, const EffectSelection& selection) {
     const Catalogue& catalogue = *selection.catalogue;
@@ -39,17 +27,16 @@ void write_group(TextWriter out, const EffectSelection& selection, AttributeGrou
 
 }  // namespace
 
-void write_update_files(const EffectSelection& selection, const std::string& prefix) {
+void write_update_files(const EffectSelection& selection, const OutputPaths& paths) {
     const bool directed = selection.catalogue->kind == NetworkKind::directed;
-    const UpdateNames& names = directed ? kDigraphNames : kGraphNames;
     {
-        TextWriter out = writer_replace(prefix + names.structural);
+        TextWriter out = writer_replace(paths.structural_update);
         if (directed || selection.structural_flag == 1) {
             write_structural(std::move(out), selection);
         }
     }
     for (const AttributeGroup group : kAllGroups) {
-        TextWriter out = writer_replace(prefix + names.groups[static_cast<std::size_t>(group)]);
+        TextWriter out = writer_replace(update_path(paths, group));
         if (directed || group_of(selection, group).flag == 1) {
             write_group(std::move(out), selection, group);
         }

@@ -8,18 +8,6 @@
 #include "network/graph.h"
 #include "report/output_paths.h"
 
-// The seven output switches; each on when its setting is 1.
-struct OutputSwitches {
-    bool sample_graphs = false;
-    bool degree_distribution = false;
-    bool geodesic_distribution = false;
-    bool cluster_giant = false;
-    // Undirected only; a directed run accepts and ignores them.
-    bool triangle_distribution = false;
-    bool two_path_distribution = false;
-    bool et_distribution = false;
-};
-
 // The head of the sample table, replacing the file.
 void write_sample_head(const EffectSelection& selection, const std::string& path);
 

@@ -64,12 +64,6 @@ int estimation_runs(RunContext& run, Network& network, AssembledModel<Network>& 
     return converged;
 }
 
-std::string update_prefix(const RunContext& run) {
-    return run.options.updates_beside_outputs
-               ? run.settings.output_directory + run.options.path_separator
-               : std::string();
-}
-
 }  // namespace
 
 template <class Network>
@@ -87,7 +81,7 @@ void estimation_sequence(RunContext& run) {
         converged = estimation_runs(run, network, model, free_dyads);
         store_parameters(run.selection, model.parameters);
     }
-    write_update_files(run.selection, update_prefix(run));
+    write_update_files(run.selection, run.paths);
     if (run.settings.gof_after_estimation == 1 && converged == 1) {
         fit_after_estimation<Network>(run, free_dyads);
     }

@@ -71,13 +71,15 @@ void run_setup_file(const std::string& path, const HostOptions& options) {
     }
     echo_sections(setup.selection, options.console);
     RunProgress unseen;
-    RunContext run{options,
-                   setup.settings,
-                   setup.selection,
-                   output_paths(setup.settings.output_directory, setup.settings.network_name,
-                                options.path_separator),
-                   RandomSource{1, options.clock_seconds},
-                   options.progress != nullptr ? *options.progress : unseen};
+    RunContext run{
+        options,
+        setup.settings,
+        setup.selection,
+        output_paths(setup.settings.output_directory, setup.settings.network_name,
+                     options.path_separator, static_cast<NetworkKind>(setup.settings.network_kind),
+                     options.updates_beside_outputs),
+        RandomSource{1, options.clock_seconds},
+        options.progress != nullptr ? *options.progress : unseen};
     const bool done = perform(run);
     if (options.console != nullptr) {
         std::fflush(options.console);

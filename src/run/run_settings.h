@@ -5,7 +5,7 @@
 
 #include "base/run_mode.h"
 #include "estimation/estimator.h"
-#include "report/sample_tables.h"
+#include "report/output_paths.h"
 
 struct RunSettings {
     std::string network_name;

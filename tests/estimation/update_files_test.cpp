@@ -30,9 +30,10 @@ EffectSelection numbered_selection(NetworkKind kind, const std::vector<std::stri
     return selection;
 }
 
-// Writes the files with a prefix that names the scratch directory.
+// Writes the files into the scratch directory.
 void write_in(const ScratchDirectory& scratch, const EffectSelection& selection) {
-    write_update_files(selection, scratch.path().string() + "/");
+    write_update_files(selection, output_paths(scratch.path().string(), "net", '/',
+                                               selection.catalogue->kind, true));
 }
 
 TEST(UpdateFiles, OfAGraphHoldEveryStructuralRow) {

@@ -258,6 +258,18 @@ TEST_F(ToolCheckSettings, DirectedContinuousEffectsThatAFitWouldMoveAreExplained
     expect_warning("continuous attribute 1: _sum_reciprocity flag", "another statistic");
 }
 
+TEST_F(ToolCheckSettings, AFitAfterTheEstimationOfADirectedSumIsSurprising) {
+    scratch.write("wealth.txt", "wealth\n1\n2\n3\n4\n5\n");
+    ToolSetup setup = directed_continuous({4});
+    setup.fit_after = "1";
+    check(setup);
+    expect_warning("goodness of fit after estimation", "the fit runs at shifted parameters");
+    setup = directed_continuous({5});
+    setup.fit_after = "1";
+    check(setup);
+    EXPECT_EQ(find_finding(result.out, "warning", "goodness of fit after estimation", ""), "");
+}
+
 TEST_F(ToolCheckSettings, DrawsThatWouldGoToOtherEffectsAreSurprising) {
     scratch.write("covariance.txt", "1 0\n0 1\n");
     check({.mode = 4, .effects = {{"edge", "1 -1.0"}, {"Triangle", "1 0.0"}}});

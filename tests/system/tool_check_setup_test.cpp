@@ -222,6 +222,38 @@ TEST_F(ToolCheckSetup, AnOutputFileThatCannotBeWrittenIsAnError) {
     expect_error("output directory", "estimation_net.txt, which is a directory");
 }
 
+TEST_F(ToolCheckSetup, EveryFileOfTheRunIsLookedAt) {
+    // By mode and kind: names of files that such a run writes.
+    const std::map<std::pair<int, int>, std::vector<const char*>> names = {
+        {{1, 1}, {"start_statistics_net.txt", "parameter_net.txt", "sim_net.sps", "pajek_net.paj"}},
+        {{2, 1},
+         {"stupdate.ovri", "covupdate.ovri", "logodds_net.txt", "change_statistics_net.txt"}},
+        {{2, 2}, {"distupdate.ovri", "dicatupdate.ovri", "covariance_net.txt"}},
+        {{3, 2}, {"accept_net.txt", "gof_net.txt", "simulation_net.txt"}}};
+    for (const auto& [run, files] : names) {
+        for (const char* file : files) {
+            const std::filesystem::path path = scratch.path() / "out" / file;
+            std::filesystem::create_directory(path);
+            ToolSetup setup{.mode = run.first, .kind = run.second, .sample_graphs = "1"};
+            setup.effects = {{run.second == 1 ? "edge" : "arc", "1 -1.0"}};
+            check(setup);
+            expect_error("output directory", std::string(file) + ", which is a directory");
+            std::filesystem::remove(path);
+        }
+    }
+}
+
+TEST_F(ToolCheckSetup, FilesThatTheRunDoesNotWriteMayStandThere) {
+    for (const char* file : {"distupdate.ovri", "gof_net.txt", "accept_net.txt", "pajek_net.paj",
+                             "simulation_net.txt", "sample_statistics_net"}) {
+        std::filesystem::create_directory(scratch.path() / "out" / file);
+    }
+    check({});
+    expect_nothing();
+    check({.fit_after = "1"});
+    expect_error("output directory", "gof_net.txt, which is a directory");
+}
+
 TEST_F(ToolCheckSetup, ANetworkNameThatLeadsElsewhereIsAnError) {
     check({.name = "a/b"});
     expect_error("network name", "into another directory");

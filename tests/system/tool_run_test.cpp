@@ -45,11 +45,23 @@ TEST_F(ToolRun, ARunWritesItsResultsAndNamesThem) {
     EXPECT_FALSE(scratch.exists("stupdate.ovri"));
 }
 
-TEST_F(ToolRun, ASecondRunIsToldToAddToTheFirst) {
+TEST_F(ToolRun, ASecondRunTellsWhatItAddsToAndWhatItReplaces) {
     run({}, {"--clock", "7"});
     EXPECT_FALSE(says("added to the end")) << result.err;
+    EXPECT_FALSE(says("replaced")) << result.err;
+    // A replaced file that grows is no file that was added to.
+    scratch.write("out/covariance_net.txt", "1\n");
     run({}, {"--clock", "7"});
     EXPECT_TRUE(says("estimation_net.txt (added to the end)")) << result.err;
+    EXPECT_TRUE(says("covariance_net.txt (replaced)")) << result.err;
+    EXPECT_TRUE(says("stupdate.ovri (replaced)")) << result.err;
+}
+
+TEST_F(ToolRun, ADirectoryInPlaceOfAnUpdateFileStopsTheRun) {
+    std::filesystem::create_directory(scratch.path() / "out" / "stupdate.ovri");
+    run({}, {"--clock", "7"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_FALSE(scratch.exists("out/estimation_net.txt"));
 }
 
 TEST_F(ToolRun, StandardOutputHoldsTheRunsOwnTextAlone) {

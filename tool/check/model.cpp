@@ -168,6 +168,16 @@ void warn_moved_in_full_model(const SetupView& view, const Row& row, Findings& f
         "effect's value to another statistic");
 }
 
+// The fit takes its parameters from where the estimation stored them.
+void warn_shifted_fit(const SetupView& view, const Row& row, Findings& findings) {
+    add_warning(findings, where_key(view, SetupId::gof_after_estimation),
+                "a fit after the estimation of a continuous " + plain_name(view, row),
+                "a fit of a model without it",
+                "the log names the estimates rightly, but the fit runs at shifted parameters: this "
+                "effect's goes to the next one, and all behind it move by one. Its report says "
+                "nothing of the estimated model; leave the effect out or set the flag to 0");
+}
+
 bool has_full_model(const SetupView& view) {
     return is_mode(view, RunMode::bayesian_fit) ||
            (is_mode(view, RunMode::estimation) && view.setup.settings.gof_after_estimation == 1);
@@ -186,6 +196,12 @@ void check_places(const SetupView& view, const std::vector<Row>& rows, Findings&
     });
     if (has_full_model(view) && moved != selected.end()) {
         warn_moved_in_full_model(view, *moved, findings);
+    }
+    const auto unplaced = std::find_if(selected.begin(), selected.end(), [&view](const Row& row) {
+        return times_among(places_of(view, row).store_order, row) == 0;
+    });
+    if (is_mode(view, RunMode::estimation) && has_full_model(view) && unplaced != selected.end()) {
+        warn_shifted_fit(view, *unplaced, findings);
     }
     for (const Row& first : selected) {
         const auto second = std::find_if(selected.begin(), selected.end(), [&](const Row& row) {

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "base/text_reader.h"
+#include "base/text_writer.h"
 #include "check/checks.h"
 #include "check/files.h"
 
@@ -57,18 +57,19 @@ std::string mend_path(const SetupView& view, const ReadItem* item, const std::st
                : "correct the path; relative paths start at the current directory";
 }
 
-// The names of the files that a run may write, as far as they are known beforehand.
-std::vector<std::string> output_files(const SetupView& view) {
-    const OutputPaths paths =
-        output_paths(output_directory(view), view.setup.settings.network_name, '/');
-    return {paths.start_statistics, paths.end_statistics, paths.parameter, paths.accept,
-            paths.simulation,       paths.estimation,     paths.gof,       paths.sim,
-            paths.covariance,       paths.pajek};
-}
-
 // The longest name that a file may have on the usual file systems, in bytes.
 constexpr std::size_t kLongestName = 255;
-constexpr std::size_t kLongestTag = 26;  // "geodesic_distribution_.txt"
+
+// How long a network's name may be, by the longest name of an output file without it.
+std::size_t longest_network_name() {
+    std::size_t longest = 0;
+    for (const OutputFile& file : output_files()) {
+        if (!is_update_file(file)) {
+            longest = std::max(longest, text_with_name(file.name, "").size());
+        }
+    }
+    return kLongestName - longest;
+}
 
 void check_name(const SetupView& view, Findings& findings) {
     const ReadItem* item = find_item(view, SetupId::network_name);
@@ -76,13 +77,13 @@ void check_name(const SetupView& view, Findings& findings) {
         return;
     }
     const std::string& name = view.setup.settings.network_name;
-    if (name.size() > kLongestName - kLongestTag) {
+    if (name.size() > longest_network_name()) {
         add_error(findings, where_item(view, *item),
                   "a name of " + counted(static_cast<long long>(name.size()), "character"),
-                  "at most " + std::to_string(kLongestName - kLongestTag),
+                  "at most " + std::to_string(longest_network_name()),
                   "write a shorter name: it is part of every output file's name");
     }
-    const std::string output = output_files(view).front();
+    const std::string output = paths_of(view, '/').start_statistics;
     if (name.find_first_of("/\\") != std::string::npos &&
         file_kind(parent_directory(output)) != FileKind::directory) {
         add_error(findings, where_item(view, *item),
@@ -92,8 +93,10 @@ void check_name(const SetupView& view, Findings& findings) {
 }
 
 void check_existing(const SetupView& view, const Where& where, Findings& findings) {
-    for (const std::string& path : output_files(view)) {
-        const FileKind kind = file_kind(path);
+    const OutputPaths paths = paths_of(view, '/');
+    for (const OutputFile* file : files_of(view)) {
+        const std::string& path = paths.*file->path;
+        const FileKind kind = is_sample_report(*file) ? FileKind::missing : file_kind(path);
         if (kind == FileKind::directory || (kind == FileKind::file && !is_writable(path))) {
             add_error(findings, where,
                       path + (kind == FileKind::directory ? ", which is a directory"

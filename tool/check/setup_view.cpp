@@ -42,6 +42,26 @@ const std::string& output_directory(const SetupView& view) {
     return view.output.empty() ? view.setup.settings.output_directory : view.output;
 }
 
+std::vector<const OutputFile*> files_of(const SetupView& view) {
+    const RunSettings& settings = view.setup.settings;
+    std::vector<const OutputFile*> files;
+    if (view.setup.selection.catalogue != nullptr) {
+        for (const OutputFile& file : output_files()) {
+            if (may_write(file, static_cast<RunMode>(settings.run_mode),
+                          view.setup.selection.catalogue->kind, settings.switches,
+                          settings.gof_after_estimation == 1)) {
+                files.push_back(&file);
+            }
+        }
+    }
+    return files;
+}
+
+OutputPaths paths_of(const SetupView& view, char separator) {
+    return output_paths(output_directory(view), view.setup.settings.network_name, separator,
+                        static_cast<NetworkKind>(view.setup.settings.network_kind), true);
+}
+
 int line_at(const SetupView& view, long offset) {
     const auto next =
         std::upper_bound(view.line_starts.begin(), view.line_starts.end(), std::max(offset, 0L));

@@ -28,6 +28,10 @@ SetupView read_view(const std::string& path, const std::string& output);
 
 const std::string& output_directory(const SetupView& view);
 
+// The files that the run may write, and their paths; none when the mode or kind is unknown.
+std::vector<const OutputFile*> files_of(const SetupView& view);
+OutputPaths paths_of(const SetupView& view, char separator);
+
 // The line of an offset, from 1.
 int line_at(const SetupView& view, long offset);
 

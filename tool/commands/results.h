@@ -15,14 +15,19 @@ class Results {
     // Paths of the files that have been made or written since.
     std::vector<std::string> written() const;
 
-    // Of those, the ones that were there before and have only grown.
-    bool was_there(const std::string& path) const;
+    // Of a written path: "added to the end" or "replaced", what became of an earlier file of that
+    // name; null when there was none.
+    const char* earlier_file(const std::string& path) const;
 
     // The prefix of the reports of single samples; empty when the setup asks for none.
     const std::string& sample_prefix() const { return sample_prefix_; }
 
   private:
-    std::vector<std::string> paths_;
-    std::vector<FileStamp> before_;
+    struct Before {
+        std::string path;
+        OutputGrowth growth;
+        FileStamp stamp;
+    };
+    std::vector<Before> before_;
     std::string sample_prefix_;
 };

@@ -106,8 +106,8 @@ void summarise(const SetupView& view, const Results& results, const Reseeding& r
     reseeding.summarise(stderr);
     std::fprintf(stderr, "Results:\n");
     for (const std::string& path : written) {
-        std::fprintf(stderr, "  %s%s\n", path.c_str(),
-                     results.was_there(path) ? " (added to the end)" : "");
+        const char* earlier = results.earlier_file(path);
+        std::fprintf(stderr, earlier == nullptr ? "  %s\n" : "  %s (%s)\n", path.c_str(), earlier);
     }
     if (!results.sample_prefix().empty()) {
         std::fprintf(stderr, "  %s*.txt (one report for each sample)\n",
