@@ -250,4 +250,13 @@ namespace digraph_effect {
 extern const int kArc;
 extern const int kTransitiveTriad;
 extern const int kCyclicTriad;
+// The effects of out-degrees alone.
+extern const int kOut2star;
+extern const int kOut3star;
+extern const int kAoutS;
+extern const int kAoutS2;
+// Those whose whole value is 0 at a lambda of 1.
+extern const int kAinAoutS;
+extern const int kAin1outS;
+extern const int k1inAoutS;
 }  // namespace digraph_effect

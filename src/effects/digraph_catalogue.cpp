@@ -589,4 +589,11 @@ namespace digraph_effect {
 constinit const int kArc = row_of(kEffects, "arc");
 constinit const int kTransitiveTriad = row_of(kEffects, "Transitive-Triad");
 constinit const int kCyclicTriad = row_of(kEffects, "Cyclic-Triad");
+constinit const int kOut2star = row_of(kEffects, "out2star");
+constinit const int kOut3star = row_of(kEffects, "out-3-star");
+constinit const int kAoutS = row_of(kEffects, "AoutS");
+constinit const int kAoutS2 = row_of(kEffects, "AoutS2");
+constinit const int kAinAoutS = row_of(kEffects, "AinAoutS");
+constinit const int kAin1outS = row_of(kEffects, "Ain1outS");
+constinit const int k1inAoutS = row_of(kEffects, "1inAoutS");
 }  // namespace digraph_effect

@@ -7,8 +7,6 @@
 
 namespace {
 
-std::string times(int n) { return std::to_string(n) + " x " + std::to_string(n); }
-
 // One covariate of the file: its name line, and its values as far as they can be read.
 struct CovariateScan {
     std::string name;
@@ -39,7 +37,8 @@ struct Subject {
 
 void report_break(const Subject& subject, const CovariateScan& scan, Findings& findings) {
     const long long n = subject.actors;
-    const std::string expected = "a line with the name, then " + times(subject.actors) + " values";
+    const std::string expected =
+        "a line with the name, then " + squared(subject.actors) + " values";
     const Breakoff& end = scan.block.end;
     const Where where = subject.where(end.place.line);
     if (end.at_end) {
@@ -145,7 +144,7 @@ void check_covariate_file(const SetupView& view, const AttributeSelection& chose
                     {chosen.path, place.line,
                      name_of(view, {SetupId::group_file, AttributeGroup::covariate})},
                     quoted(place.word) + " behind the last value",
-                    counted(chosen.attributes, "covariate") + " of " + times(actors) + " values",
+                    counted(chosen.attributes, "covariate") + " of " + squared(actors) + " values",
                     "remove it, or correct the covariate count in the setup file; it is ignored");
     }
 }
@@ -204,7 +203,7 @@ void check_covariance(const SetupView& view, Findings& findings) {
     const std::string field = name_of(view, SetupId::covariance_file);
     const int size = selection_size(view.setup.selection);
     const std::string expected =
-        times(size) + " numbers, for the " + counted(size, "effect") + " selected";
+        squared(size) + " numbers, for the " + counted(size, "effect") + " selected";
     if (!check_readable(view, SetupId::covariance_file, path,
                         expected + " (an estimation of the same model writes covariance_NAME.txt)",
                         findings)) {

@@ -42,5 +42,8 @@ void print_findings(const Findings& findings, bool with_warnings, std::FILE* out
 // The text in quotation marks, shortened, characters that do not print as escapes.
 std::string quoted(const std::string& text);
 
+// "5 x 5".
+std::string squared(long long size);
+
 // "1 cell", "3 cells".
 std::string counted(long long count, const std::string& what);

@@ -2,7 +2,6 @@
 #include <cmath>
 #include <iterator>
 #include <span>
-#include <string_view>
 #include <vector>
 
 #include "check/checks.h"
@@ -42,16 +41,18 @@ std::vector<Row> read_rows(const SetupView& view) {
     return rows;
 }
 
-const char* row_name(const SetupView& view, const Row& row) {
-    return view.trace.catalogue->effects[static_cast<std::size_t>(row.key.row)].row;
-}
-
 bool is_structural(const Row& row) { return row.key.id == SetupId::structural_value; }
+
+// Whether the row is one of these structural effects of the view's kind.
+bool is_one_of(const Row& row, std::initializer_list<int> effects) {
+    return is_structural(row) &&
+           std::find(effects.begin(), effects.end(), row.key.row) != effects.end();
+}
 
 // Effects whose whole value is 0 at a lambda of 1 too.
 bool needs_more_than_one(const SetupView& view, const Row& row) {
-    const std::string_view name = row_name(view, row);
-    return name == "Ain1outS" || name == "1inAoutS" || name == "AinAoutS";
+    using namespace digraph_effect;
+    return is_directed(view) && is_one_of(row, {kAinAoutS, kAin1outS, k1inAoutS});
 }
 
 void check_lambda(const SetupView& view, const Row& row, Findings& findings) {
@@ -229,17 +230,15 @@ void check_size(const SetupView& view, Findings& findings) {
     }
 }
 
-bool any_selected(const SetupView& view, const std::vector<Row>& rows,
-                  std::initializer_list<std::string_view> names) {
-    return std::any_of(rows.begin(), rows.end(), [&](const Row& row) {
-        return row.selected && is_structural(row) &&
-               std::find(names.begin(), names.end(), row_name(view, row)) != names.end();
-    });
+bool any_selected(const std::vector<Row>& rows, std::initializer_list<int> effects) {
+    return std::any_of(rows.begin(), rows.end(),
+                       [&](const Row& row) { return row.selected && is_one_of(row, effects); });
 }
 
 // Statistics that no proposal of the kind can change make an estimation degenerate.
 void check_still_statistics(const SetupView& view, const std::vector<Row>& rows,
                             Findings& findings) {
+    using namespace digraph_effect;
     const ReadItem* item = find_item(view, SetupId::proposal_kind);
     if (item == nullptr || !is_mode(view, RunMode::estimation)) {
         return;
@@ -247,14 +246,15 @@ void check_still_statistics(const SetupView& view, const std::vector<Row>& rows,
     const int kind = view.setup.settings.proposal_kind;
     const bool swap = kind == 1;
     const bool sender_swap = is_directed(view) && kind == 2;
-    if ((swap || sender_swap) && any_selected(view, rows, {"edge", "arc"})) {
+    if ((swap || sender_swap) &&
+        any_selected(rows, {is_directed(view) ? kArc : graph_effect::kEdge})) {
         add_warning(findings, where_item(view, *item),
                     "a swap proposal, and the number of ties among the effects",
                     "a model without \"edge\" or \"arc\"",
                     "leave the effect out or let single dyads be toggled (0): a swap keeps the "
                     "number of ties, so its estimation is degenerate");
     }
-    if (sender_swap && any_selected(view, rows, {"out2star", "out-3-star", "AoutS", "AoutS2"})) {
+    if (sender_swap && any_selected(rows, {kOut2star, kOut3star, kAoutS, kAoutS2})) {
         add_warning(findings, where_item(view, *item),
                     "the sender swap, and an effect of out-degrees alone",
                     "a model without out2star, out-3-star, AoutS and AoutS2",

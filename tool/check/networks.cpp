@@ -21,8 +21,6 @@ struct Subject {
     }
 };
 
-std::string times(long long n) { return std::to_string(n) + " x " + std::to_string(n); }
-
 std::string place_text(long long row, long long column) {
     return "row " + std::to_string(row + 1) + ", column " + std::to_string(column + 1);
 }
@@ -45,7 +43,7 @@ std::string mend_for_word(const std::string& word, int line) {
 std::string size_hint(long long numbers, int actors) {
     const int root = whole_root(numbers).value_or(0);
     return root > 0 && root != actors
-               ? "; " + std::to_string(numbers) + " cells are a matrix of " + times(root) +
+               ? "; " + std::to_string(numbers) + " cells are a matrix of " + squared(root) +
                      ": the actor count may be meant to be " + std::to_string(root)
                : "";
 }
@@ -53,7 +51,7 @@ std::string size_hint(long long numbers, int actors) {
 void report_break(const Subject& subject, Findings& findings) {
     const Breakoff& end = subject.block.end;
     const int n = subject.actors;
-    const std::string expected = counted(subject.wanted(), "cell") + " (" + times(n) +
+    const std::string expected = counted(subject.wanted(), "cell") + " (" + squared(n) +
                                  " for the actor count of " + std::to_string(n) + ")";
     if (end.at_end) {
         add_error(findings, subject.where(end.place.line),
@@ -71,7 +69,7 @@ void report_break(const Subject& subject, Findings& findings) {
 }
 
 void report_surplus(const Subject& subject, TextReader& reader, Findings& findings) {
-    const std::string expected = times(subject.actors) + " cells and nothing more";
+    const std::string expected = squared(subject.actors) + " cells and nothing more";
     if (const long long surplus = count_surplus(reader); surplus > 0) {
         const int width = count_words(line_of_file(subject.path, 1));
         const std::string rows = width != subject.actors
@@ -178,7 +176,7 @@ std::optional<Ties> check_network(const SetupView& view, SetupId id, const std::
                                   Findings& findings) {
     const int actors = view.setup.settings.actor_count;
     const std::string expected =
-        has_actor_count(view) ? "a file of " + times(actors) + " cells" : "a file of cells";
+        has_actor_count(view) ? "a file of " + squared(actors) + " cells" : "a file of cells";
     if (!check_readable(view, id, path, expected, findings) || !has_actor_count(view)) {
         return std::nullopt;
     }
