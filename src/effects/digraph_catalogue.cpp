@@ -308,20 +308,21 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
 
 // The outputs differ in the order of the stars and triads at the front. Behind those all follow the
 // order of evaluation, but for the row moved in setup and update files and in the syntax file.
-template <std::size_t count>
-consteval std::array<int, kEffects.size() - 2> host_rows(const char* const (&front)[count]) {
-    const auto order =
-        without(kEffects, starting_with(kEffects, front), {"4-in-star", "4-out-star"});
-    return moved(kEffects, order, "AinAoutS", "Ain1outS");
-}
 
 // Rows of the setup file; the T effects come in this scrambled order, and so do their positions.
-constexpr auto kRows =
-    host_rows({"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
+constexpr auto kRowsAndSlots = starting_with(
+    kEffects, {"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
                "Transitive-Triad", "Cyclic-Triad", "T7", "T8", "T4", "T5", "T3", "T6", "T2", "T1"});
-constexpr auto kUpdates =
-    host_rows({"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
+constexpr auto kRows = without(kEffects, moved(kEffects, kRowsAndSlots, "AinAoutS", "Ain1outS"),
+                               {"4-in-star", "4-out-star"});
+
+// Rows of the update files: the same but for the T effects, which come as they are numbered.
+constexpr auto kUpdatesAndSlots = starting_with(
+    kEffects, {"arc", "reciprocity", "in2star", "out2star", "in-3-star", "out-3-star", "path2",
                "Transitive-Triad", "Cyclic-Triad", "T1", "T2", "T3", "T4", "T5", "T6", "T7", "T8"});
+constexpr auto kUpdates =
+    without(kEffects, moved(kEffects, kUpdatesAndSlots, "AinAoutS", "Ain1outS"),
+            {"4-in-star", "4-out-star"});
 
 // Parameters of a simulation, and the statistics report.
 constexpr auto kParameters =
@@ -341,6 +342,10 @@ constexpr auto kVariables = moved(kEffects, kColumns, "AT-U", "AT-TDU");
 
 // Result table of an estimation, and the rows of a fit: 030C behind 030T.
 constexpr auto kResults = moved(kEffects, kColumns, "Cyclic-Triad", "Transitive-Triad");
+
+static_assert(kRows.size() == kEffects.size() - 2 && kUpdates.size() == kRows.size());
+static_assert(each_once(kRows) && each_once(kUpdates) && each_once(kParameters) &&
+              each_once(kColumns) && each_once(kVariables) && each_once(kResults));
 
 constexpr auto kBinary = std::to_array<AttributeEffect>({
     attribute("%s_interaction",

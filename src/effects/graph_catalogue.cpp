@@ -259,6 +259,8 @@ constexpr auto kEvaluation = all_rows(kEffects);
 // The parameters of a simulation name 0ET twice and ETNT never.
 constexpr auto kParameters = replaced(kEffects, kEvaluation, "ETNT", "0ET");
 
+static_assert(kRows.size() == kEffects.size() - 1 && each_once(kRows) && !each_once(kParameters));
+
 constexpr auto kBinary = std::to_array<AttributeEffect>({
     attribute("%s_T3u",
               {"triangle-all", "triangles whose three actors all bear the attribute",

@@ -16,7 +16,7 @@ constexpr std::string_view row_name(const AttributeEffect& effect) { return effe
 
 // Number of the row with this name.
 template <class Table>
-consteval int row_of(const Table& table, std::string_view name) {
+constexpr int row_of(const Table& table, std::string_view name) {
     for (std::size_t row = 0; row < table.size(); ++row) {
         if (row_name(table[row]) == name) {
             return static_cast<int>(row);
@@ -26,14 +26,14 @@ consteval int row_of(const Table& table, std::string_view name) {
 }
 
 template <std::size_t count>
-consteval bool each_once(std::array<int, count> order) {
+constexpr bool each_once(std::array<int, count> order) {
     std::sort(order.begin(), order.end());
     return std::adjacent_find(order.begin(), order.end()) == order.end();
 }
 
 // Place of a row in an order.
 template <class Table, std::size_t count>
-consteval std::size_t place_of(const Table& table, const std::array<int, count>& order,
+constexpr std::size_t place_of(const Table& table, const std::array<int, count>& order,
                                std::string_view name) {
     const auto found = std::find(order.begin(), order.end(), row_of(table, name));
     if (found == order.end()) {
@@ -44,7 +44,7 @@ consteval std::size_t place_of(const Table& table, const std::array<int, count>&
 
 // The rows of these names, each once.
 template <class Table, std::size_t count>
-consteval std::array<int, count> rows_of(const Table& table, const char* const (&names)[count]) {
+constexpr std::array<int, count> rows_of(const Table& table, const char* const (&names)[count]) {
     std::array<int, count> order{};
     for (std::size_t place = 0; place < count; ++place) {
         order[place] = row_of(table, names[place]);
@@ -54,7 +54,7 @@ consteval std::array<int, count> rows_of(const Table& table, const char* const (
 
 // Every row as it stands.
 template <class Effect, std::size_t count>
-consteval std::array<int, count> all_rows(const std::array<Effect, count>&) {
+constexpr std::array<int, count> all_rows(const std::array<Effect, count>&) {
     std::array<int, count> order{};
     for (std::size_t row = 0; row < count; ++row) {
         order[row] = static_cast<int>(row);
