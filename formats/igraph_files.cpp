@@ -78,10 +78,8 @@ igraph_error_t parse(igraph_t& graph, std::FILE* stream, NetworkFormat format) {
             return igraph_read_graph_pajek(&graph, stream);
         case NetworkFormat::graphml:
             return igraph_read_graph_graphml(&graph, stream, 0);
-        case NetworkFormat::gml:
-            return igraph_read_graph_gml(&graph, stream);
         default:
-            return igraph_read_graph_dl(&graph, stream, true);
+            return igraph_read_graph_gml(&graph, stream);
     }
 }
 
@@ -188,14 +186,8 @@ void read_graph_ties(const TextFile& file, const igraph_t& graph, std::optional<
     }
 }
 
-// A DL file holds a matrix unless it names another form; then both cells of a dyad stand there.
-bool is_dl_matrix(const TextFile& file) {
-    const std::string head = name_key(std::string_view(file.text).substr(0, 4096));
-    return head.find("edgelist") == std::string::npos && head.find("nodelist") == std::string::npos;
-}
-
-void read_graph(const TextFile& file, NetworkFormat format, const igraph_t& graph,
-                std::optional<double> threshold, TieTable& table, Problems& problems) {
+void read_graph(const TextFile& file, const igraph_t& graph, std::optional<double> threshold,
+                TieTable& table, Problems& problems) {
     if (igraph_vcount(&graph) > kMostActors) {
         problems.push_back({.file = file.path,
                             .field = "actors",
@@ -204,11 +196,7 @@ void read_graph(const TextFile& file, NetworkFormat format, const igraph_t& grap
                             .mend = "give a smaller network"});
         return;
     }
-    if (format == NetworkFormat::dl) {
-        table.whole = is_dl_matrix(file);
-    } else {
-        table.directed = igraph_is_directed(&graph);
-    }
+    table.directed = igraph_is_directed(&graph);
     read_names(graph, table);
     read_graph_ties(file, graph, threshold, table, problems);
 }
@@ -238,6 +226,6 @@ void read_igraph_file(const TextFile& file, NetworkFormat format, std::optional<
         add_parse_problem(file, format, lines_before, problems);
         return;
     }
-    read_graph(file, format, graph, threshold, table, problems);
+    read_graph(file, graph, threshold, table, problems);
     igraph_destroy(&graph);
 }

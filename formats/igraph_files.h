@@ -1,4 +1,4 @@
-// The formats that igraph's C library reads: Pajek, GraphML, GML and UCINET DL.
+// The formats that igraph's C library reads: Pajek, GraphML and GML.
 //
 // A build without igraph reads none of them and says so.
 #pragma once

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "formats/dl_file.h"
 #include "formats/edge_list.h"
 #include "formats/igraph_files.h"
 #include "formats/matrix_file.h"
@@ -56,6 +57,9 @@ TieTable read_ties(const TextFile& file, const NetworkOptions& options, const Ac
             break;
         case NetworkFormat::matrix:
             read_matrix_network(file, options.threshold, table, problems);
+            break;
+        case NetworkFormat::dl:
+            read_dl_file(file, options.threshold, table, problems);
             break;
         case NetworkFormat::dot:
             problems.push_back({.file = file.path,

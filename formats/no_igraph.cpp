@@ -9,7 +9,7 @@ void read_igraph_file(const TextFile& file, NetworkFormat format, std::optional<
                         .field = "format",
                         .found = std::string("`") + network_format_name(format) + "`",
                         .expected =
-                            "`edge-list` or `matrix`: this build has no igraph, which reads "
+                            "`edge-list`, `matrix` or `dl`: this build has no igraph, which reads "
                             "the others",
                         .mend = "export the network as CSV, or use a build with igraph"});
 }

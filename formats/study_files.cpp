@@ -1,0 +1,150 @@
+#include "formats/study_files.h"
+
+#include <algorithm>
+
+#include "formats/covariates.h"
+#include "study/names.h"
+
+namespace {
+
+void append(const Problems& problems, StudyFiles& files) {
+    files.problems.insert(files.problems.end(), problems.begin(), problems.end());
+}
+
+void append(const std::string& about, const std::vector<std::string>& notes, StudyFiles& files) {
+    for (const std::string& note : notes) {
+        files.notes.push_back(about + ": " + note);
+    }
+}
+
+// A file that cannot be opened is a mistake of the line that names it.
+void place_problems(const ModelFile& model, const std::string& key, const std::string& path,
+                    Problems& problems) {
+    const FilePlace at = place_of(model, key);
+    for (Problem& problem : problems) {
+        if (at.line > 0 && problem.file == path && problem.line == 0 &&
+            problem.found == "no such file") {
+            problem.found = "no file `" + path + "`";
+            problem.file = model.path;
+            problem.line = at.line;
+            problem.column = at.column;
+        }
+    }
+}
+
+bool is_used(const ModelFile& model, const std::string& attribute) {
+    return std::any_of(model.model.effects.begin(), model.model.effects.end(),
+                       [&](const StudyEffect& effect) {
+                           return names_match(effect.expression.argument, attribute);
+                       });
+}
+
+void take_columns(const ModelFile& model, NodesFile& nodes, StudyFiles& files) {
+    for (NodesColumn& column : nodes.columns) {
+        const std::string& name = column.attribute.name;
+        if (column.problems.empty()) {
+            files.notes.push_back("attribute " + name + ": " + column.note);
+            files.study.attributes.push_back(std::move(column.attribute));
+        } else if (is_used(model, name)) {
+            append(column.problems, files);
+        } else {
+            files.notes.push_back("attribute " + name +
+                                  " was left out: " + problem_text(column.problems[0]));
+        }
+    }
+}
+
+// A nodes file whose first line is an actor's row has lost its head line.
+void check_head(const ModelFile& model, const NodesFile& nodes, const StudyNetwork& network,
+                StudyFiles& files) {
+    if (std::find(network.actors.begin(), network.actors.end(), nodes.actor_column) ==
+            network.actors.end() ||
+        !files.problems.empty()) {
+        return;
+    }
+    files.problems.push_back({.file = model.network.nodes,
+                              .line = 1,
+                              .found = "the actor `" + nodes.actor_column + "`",
+                              .expected = "a head line: a name for each column",
+                              .mend = "write a line such as `name,age,sex` above the first actor"});
+}
+
+void load_network(const ModelFile& model, StudyFiles& files) {
+    NodesFile nodes;
+    const bool has_nodes = !model.network.nodes.empty();
+    if (has_nodes) {
+        nodes = read_nodes(model.network.nodes, model.attributes);
+        place_problems(model, "network.nodes", model.network.nodes, nodes.problems);
+        append(nodes.problems, files);
+    }
+    if (!nodes.ok()) {
+        return;
+    }
+    NetworkFile network = read_network(model.network.file, model.network.options,
+                                       has_nodes ? &nodes.actors : nullptr);
+    if (has_nodes && !network.ok()) {
+        // The actor that the nodes file lacks may stand where its head line should be.
+        const NetworkFile alone = read_network(model.network.file, model.network.options, nullptr);
+        check_head(model, nodes, alone.network, files);
+    }
+    place_problems(model, "network.file", model.network.file, network.problems);
+    append(network.problems, files);
+    append("network", network.notes, files);
+    files.format = network.format;
+    files.counts = network.counts;
+    files.study.network = std::move(network.network);
+    if (has_nodes) {
+        take_columns(model, nodes, files);
+    } else if (!model.attributes.empty()) {
+        const FilePlace at = place_of(model, "attributes." + model.attributes[0].name);
+        files.problems.push_back({.file = model.path,
+                                  .line = at.line,
+                                  .column = at.column,
+                                  .field = "[attributes]",
+                                  .found = "attributes without a nodes file",
+                                  .expected = "`nodes = \"FILE\"` under [network]",
+                                  .mend = "name the nodes file, or delete the section"});
+    }
+}
+
+void load_covariates(const ModelFile& model, StudyFiles& files) {
+    for (const CovariateSource& source : model.covariates) {
+        CovariateFile covariate =
+            read_covariate(source.file, source.name, files.study.network, source.missing);
+        place_problems(model, "covariates." + source.name, source.file, covariate.problems);
+        append(covariate.problems, files);
+        append("covariate " + source.name, covariate.notes, files);
+        files.study.covariates.push_back(std::move(covariate.covariate));
+    }
+}
+
+void load_dyads(const ModelFile& model, StudyFiles& files) {
+    files.study.dyads.max_degree = model.max_degree;
+    if (model.free_dyads.empty()) {
+        return;
+    }
+    Problems problems;
+    files.study.dyads.restricted = true;
+    files.study.dyads.free = read_pairs(model.free_dyads, files.study.network, problems);
+    place_problems(model, "dyads.free", model.free_dyads, problems);
+    append(problems, files);
+    files.notes.push_back("free dyads: " + std::to_string(files.study.dyads.free.size()));
+}
+
+}  // namespace
+
+StudyFiles load_study(const ModelFile& model) {
+    StudyFiles files;
+    append(model.problems, files);
+    if (!files.ok()) {
+        return files;
+    }
+    files.study.model = model.model;
+    files.study.settings = model.settings;
+    load_network(model, files);
+    if (files.ok()) {
+        load_covariates(model, files);
+        load_dyads(model, files);
+    }
+    return files;
+}
