@@ -148,3 +148,16 @@ StudyFiles load_study(const ModelFile& model) {
     }
     return files;
 }
+
+Problems placed_problems(const ModelFile& model, const StudySelection& selection) {
+    Problems problems = selection.problems;
+    for (std::size_t k = 0; k < problems.size(); ++k) {
+        const auto effect = static_cast<std::size_t>(selection.faulty_effects[k]);
+        problems[k].file = model.path;
+        if (effect < model.effect_places.size()) {
+            problems[k].line = model.effect_places[effect].line;
+            problems[k].column = model.effect_places[effect].column;
+        }
+    }
+    return problems;
+}

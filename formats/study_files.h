@@ -6,6 +6,7 @@
 
 #include "formats/model_file.h"
 #include "formats/network_file.h"
+#include "study/study_selection.h"
 
 struct StudyFiles {
     Study study;
@@ -20,3 +21,6 @@ struct StudyFiles {
 // Reads network, nodes, covariates and free dyads. Problems of an attribute that the model does not
 // use are notes, and the attribute is left out. Whether the effects exist is not looked at.
 StudyFiles load_study(const ModelFile& model);
+
+// The problems of a selection with the places of their effects in the model file.
+Problems placed_problems(const ModelFile& model, const StudySelection& selection);

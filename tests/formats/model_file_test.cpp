@@ -241,6 +241,21 @@ TEST_F(StudyFromFiles, AFileThatIsNotThereIsTheModelFilesMistake) {
     EXPECT_NE(files.problems[0].file.find("model.toml"), std::string::npos);
 }
 
+TEST_F(StudyFromFiles, EffectsThatAreNoneAreToldByTheirPlace) {
+    write("ties.csv", "ann,bob\nbob,cid\n");
+    const ModelFile model = read_model_file(
+        write("m.toml",
+              "[network]\nfile = \"ties.csv\"\ndirected = false\n[model]\neffects = [\"edge\",\n  "
+              "\"triangel\"]\n"));
+    const StudyFiles files = load_study(model);
+    ASSERT_TRUE(files.ok()) << problems_of(files.problems);
+    const Problems problems = placed_problems(model, study_selection(files.study));
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(problems[0].line, 6);
+    EXPECT_EQ(problems[0].column, 4);
+    EXPECT_EQ(problems[0].file, model.path);
+}
+
 TEST_F(StudyFromFiles, ANodesFileWithoutAHeadIsFound) {
     write("ties.csv", "ann,bob\nbob,cid\n");
     write("people.csv", "ann,1\nbob,2\ncid,3\n");
