@@ -20,6 +20,9 @@ struct RandomSource {
 // The state becomes the clock's seconds, modulo 2^32.
 void random_reseed(RandomSource& random);
 
+// How many different draws there are.
+constexpr int kDraws = 32768;
+
 // One draw, 0..32767: bits 16 to 30 of the next state.
 inline int random_draw(RandomSource& random) {
     random.state = random.state * 214013U + 2531011U;
@@ -29,7 +32,29 @@ inline int random_draw(RandomSource& random) {
 // An integer in 0..n-1, the draw modulo n; n must be positive.
 inline int random_below(RandomSource& random, int n) { return random_draw(random) % n; }
 
-// A uniform number in [0, 1], both ends included: the quotient is formed in single precision.
-inline double random_uniform(RandomSource& random) {
-    return static_cast<double>(static_cast<float>(random_draw(random)) / 32767.0F);
+// The uniform number in [0, 1], both ends included, that a draw stands for: the quotient is formed
+// in single precision.
+inline double uniform_of_draw(int draw) {
+    return static_cast<double>(static_cast<float>(draw) / 32767.0F);
 }
+inline double random_uniform(RandomSource& random) { return uniform_of_draw(random_draw(random)); }
+
+// Remainders of draws by one divisor, by a multiplication in place of a division. The inverse is
+// 2^32 / n rounded up; that is exact, as a draw times the rounding's excess (less than n) stays
+// below 2^32 for n up to 2^17, and beyond that the quotient is 0 as it should be.
+class Remainder {
+  public:
+    explicit Remainder(int n)
+        : n_(static_cast<std::uint32_t>(n)), inverse_(((std::uint64_t{1} << 32U) + n_ - 1) / n_) {}
+
+    int of(int draw) const {
+        const auto value = static_cast<std::uint32_t>(draw);
+        const auto quotient = static_cast<std::uint32_t>((value * inverse_) >> 32U);
+        return static_cast<int>(value - quotient * n_);
+    }
+    int divisor() const { return static_cast<int>(n_); }
+
+  private:
+    std::uint32_t n_;
+    std::uint64_t inverse_;
+};

@@ -1,8 +1,7 @@
 #include "sampling/chain.h"
 
-#include <cmath>
-
 #include "network/network_verbs.h"
+#include "sampling/acceptance.h"
 #include "sampling/proposals.h"
 
 namespace {
@@ -14,6 +13,27 @@ bool refused_by_cap(const Graph& graph, Dyad dyad, int cap) {
 bool refused_by_cap(const Digraph& digraph, Dyad dyad, int cap) {
     return digraph.out_degree[static_cast<std::size_t>(dyad.i)] == cap ||
            digraph.in_degree[static_cast<std::size_t>(dyad.j)] == kInDegreeCap;
+}
+
+// Thresholds whose ratio is not less than, or greater than, the uniform number of a draw.
+template <class Network>
+const double* not_less(Chain<Network>& chain) {
+    if (chain.not_less == nullptr) {
+        chain.not_less = not_less_thresholds().data();
+    }
+    return chain.not_less;
+}
+template <class Network>
+const double* greater(Chain<Network>& chain) {
+    if (chain.greater == nullptr) {
+        chain.greater = greater_thresholds().data();
+    }
+    return chain.greater;
+}
+
+// Draws, and decides on log-odds; those that are not a number are rejected.
+bool accepted_by(const double* thresholds, double log_odds, RandomSource& random) {
+    return log_odds >= thresholds[random_draw(random)];
 }
 
 template <class Network>
@@ -35,8 +55,7 @@ int toggle_step(Chain<Network>& chain) {
     const int adding = tied ? 0 : 1;
     const double log_odds =
         evaluate_weighted(network, chain.model, chain.parameters, change, dyad.i, dyad.j, adding);
-    const double ratio = std::exp(tied ? -log_odds : log_odds);
-    if (!(ratio >= random_uniform(chain.random))) {
+    if (!accepted_by(not_less(chain), tied ? -log_odds : log_odds, chain.random)) {
         if (tied) {
             add_bit(network, dyad.i, dyad.j);
         }
@@ -57,7 +76,22 @@ int toggle_step(Chain<Network>& chain) {
     return 1;
 }
 
+// Whether an actor is an end of the dyad or tied to one of them.
+bool near(const Graph& graph, Dyad dyad, int actor) {
+    return actor == dyad.i || actor == dyad.j || has_tie(graph, dyad.i, actor) ||
+           has_tie(graph, dyad.j, actor);
+}
+bool near(const Digraph& digraph, Dyad dyad, int actor) {
+    return actor == dyad.i || actor == dyad.j || has_tie(digraph, dyad.i, actor) ||
+           has_tie(digraph, actor, dyad.i) || has_tie(digraph, dyad.j, actor) ||
+           has_tie(digraph, actor, dyad.j);
+}
+
 // Removes one tie and adds another in one proposal.
+//
+// Of the tables behind the bits a change reads cells and triangles of the dyad's own two actors
+// only. Where neither actor of the empty dyad is near the tie, its removal moves none of these, and
+// the tables stay as they are until the swap is accepted.
 template <class Network>
 int swap_dyads(Chain<Network>& chain, Dyad tied, Dyad empty) {
     Network& network = chain.network;
@@ -66,23 +100,31 @@ int swap_dyads(Chain<Network>& chain, Dyad tied, Dyad empty) {
     remove_bit(network, tied.i, tied.j);
     const double removed =
         evaluate_weighted(network, chain.model, chain.parameters, removal, tied.i, tied.j, 0);
-    update_tables(network, tied.i, tied.j, 0);
+    const bool apart = !near(network, tied, empty.i) && !near(network, tied, empty.j);
+    if (!apart) {
+        update_tables(network, tied.i, tied.j, 0);
+    }
     const double added =
         evaluate_weighted(network, chain.model, chain.parameters, addition, empty.i, empty.j, 1);
-    const double ratio = std::exp(added - removed);
-    const double uniform = random_uniform(chain.random);
-    if (!(kDirected<Network> ? ratio > uniform : ratio >= uniform)) {
+    if (!accepted_by(kDirected<Network> ? greater(chain) : not_less(chain), added - removed,
+                     chain.random)) {
         add_bit(network, tied.i, tied.j);
-        update_tables(network, tied.i, tied.j, 1);
+        if (!apart) {
+            update_tables(network, tied.i, tied.j, 1);
+        }
         return 0;
     }
     if (has_unweighted(chain.model, chain.parameters)) {
         evaluate_unweighted(network, chain.model, chain.parameters, addition, empty.i, empty.j, 1);
         // The removal's own state: the tie gone from bits and degrees, still counted by the tables.
-        add_bit(network, tied.i, tied.j);
-        update_tables(network, tied.i, tied.j, 1);
-        remove_bit(network, tied.i, tied.j);
+        if (!apart) {
+            add_bit(network, tied.i, tied.j);
+            update_tables(network, tied.i, tied.j, 1);
+            remove_bit(network, tied.i, tied.j);
+        }
         evaluate_unweighted(network, chain.model, chain.parameters, removal, tied.i, tied.j, 0);
+        update_tables(network, tied.i, tied.j, 0);
+    } else if (apart) {
         update_tables(network, tied.i, tied.j, 0);
     }
     double* statistics = network.statistics.data();

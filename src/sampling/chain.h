@@ -38,6 +38,12 @@ struct Chain {
     // Change vectors of the toggle (or a swap's addition) and of a swap's removal.
     std::vector<double> change = {};
     std::vector<double> removal = {};
+    // Draws of actors, by the number of these; set at the first draw.
+    Remainder actors = Remainder(1);
+    // The smallest accepted log-odds of each draw, for toggles and the undirected swap, and for the
+    // directed swaps; set at the first step that asks for them.
+    const double* not_less = nullptr;
+    const double* greater = nullptr;
 };
 
 // Makes room for the change vectors.

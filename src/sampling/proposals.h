@@ -18,6 +18,19 @@ bool is_free(const Network* free_dyads, int i, int j) {
     return free_dyads == nullptr || has_tie(*free_dyads, i, j);
 }
 
+// How actors are drawn in this chain.
+template <class Network>
+Remainder actor_remainder(Chain<Network>& chain) {
+    if (chain.actors.divisor() != chain.network.vertices) {
+        chain.actors = Remainder(chain.network.vertices);
+    }
+    return chain.actors;
+}
+
+inline int draw_actor(RandomSource& random, const Remainder& actors) {
+    return actors.of(random_draw(random));
+}
+
 struct Dyad {
     int i = 0;
     int j = 0;
@@ -63,16 +76,16 @@ inline bool scan_sender_swaps(const Chain<Digraph>& chain) {
 // Draws the dyad of a single toggle. False when none is eligible.
 template <class Network>
 bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
-    const int n = chain.network.vertices;
-    if (n < 2) {
+    if (chain.network.vertices < 2) {
         chain.stuck = true;
         return false;
     }
     RandomSource& random = chain.random;
-    dyad.i = random_below(random, n);
+    const Remainder actors = actor_remainder(chain);
+    dyad.i = draw_actor(random, actors);
     if (chain.free_dyads == nullptr) {
         do {
-            dyad.j = random_below(random, n);
+            dyad.j = draw_actor(random, actors);
         } while (dyad.j == dyad.i);
         return true;
     }
@@ -86,8 +99,8 @@ bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
             }
             failures = 0;
         }
-        dyad.i = random_below(random, n);
-        dyad.j = random_below(random, n);
+        dyad.i = draw_actor(random, actors);
+        dyad.j = draw_actor(random, actors);
     }
     return true;
 }
@@ -95,8 +108,8 @@ bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
 // Draws two dyads of different state, the tied one first. False when there are none.
 template <class Network>
 bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
-    const int n = chain.network.vertices;
     RandomSource& random = chain.random;
+    const Remainder actors = actor_remainder(chain);
     tied = {};
     empty = {};
     const auto eligible = [&] {
@@ -115,15 +128,15 @@ bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
             failures = 0;
         }
         if (chain.free_dyads != nullptr) {
-            tied.j = random_below(random, n);
-            empty.j = random_below(random, n);
-            tied.i = random_below(random, n);
-            empty.i = random_below(random, n);
+            tied.j = draw_actor(random, actors);
+            empty.j = draw_actor(random, actors);
+            tied.i = draw_actor(random, actors);
+            empty.i = draw_actor(random, actors);
         } else {
-            tied.i = random_below(random, n);
-            empty.i = random_below(random, n);
-            tied.j = random_below(random, n);
-            empty.j = random_below(random, n);
+            tied.i = draw_actor(random, actors);
+            empty.i = draw_actor(random, actors);
+            tied.j = draw_actor(random, actors);
+            empty.j = draw_actor(random, actors);
         }
     }
     if (!has_tie(chain.network, tied.i, tied.j)) {
@@ -136,13 +149,13 @@ bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
 // is the first. False when there is no such actor.
 inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
     const Digraph& digraph = chain.network;
-    const int n = digraph.vertices;
-    if (n < 2) {
+    if (digraph.vertices < 2) {
         chain.stuck = true;
         return false;
     }
     RandomSource& random = chain.random;
-    int i = random_below(random, n);
+    const Remainder actors = actor_remainder(chain);
+    int i = draw_actor(random, actors);
     int j = i;
     int k = i;
     const auto eligible = [&] {
@@ -159,13 +172,13 @@ inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
             failures = 0;
         }
         if (chain.free_dyads != nullptr) {
-            j = random_below(random, n);
-            i = random_below(random, n);
-            k = random_below(random, n);
+            j = draw_actor(random, actors);
+            i = draw_actor(random, actors);
+            k = draw_actor(random, actors);
         } else {
-            i = random_below(random, n);
-            j = random_below(random, n);
-            k = random_below(random, n);
+            i = draw_actor(random, actors);
+            j = draw_actor(random, actors);
+            k = draw_actor(random, actors);
         }
     }
     tied = {i, j};
