@@ -65,6 +65,30 @@ void expect_second_half(const Digraph& digraph, const PlainDigraph& plain) {
     }
 }
 
+TEST(DigraphRecord, OfNoActorsOrANegativeNumberHasEmptyTables) {
+    for (const int n : {0, -1, -2, -50}) {
+        SCOPED_TRACE(n);
+        const Digraph digraph = digraph_create(n, -1);
+        EXPECT_EQ(digraph.vertices, n);
+        EXPECT_EQ(digraph.arcs, 0);
+        EXPECT_EQ(digraph.mutual_dyads, 0);
+        EXPECT_TRUE(digraph.adjacency.words.empty());
+        EXPECT_TRUE(digraph.adjacency_in.words.empty());
+        EXPECT_TRUE(digraph.geodesics.cells.empty());
+        EXPECT_TRUE(digraph.two_paths.cells.empty());
+        EXPECT_TRUE(digraph.shared_receivers.cells.empty());
+        EXPECT_TRUE(digraph.shared_senders.cells.empty());
+        EXPECT_TRUE(digraph.in_degree.empty());
+        EXPECT_TRUE(digraph.out_degree.empty());
+        EXPECT_TRUE(digraph.mutual_degree.empty());
+        EXPECT_TRUE(digraph.in_degree_distribution.empty());
+        EXPECT_TRUE(digraph.out_degree_distribution.empty());
+        EXPECT_TRUE(digraph.geodesic_distribution.empty());
+        EXPECT_TRUE(digraph.statistics.empty());
+        EXPECT_EQ(digraph.triad_census, std::vector<double>(16, 0.0));
+    }
+}
+
 TEST(DigraphRecord, ANewOneIsEmpty) {
     const Digraph digraph = digraph_create(9, 3);
     EXPECT_EQ(digraph.arcs, 0);

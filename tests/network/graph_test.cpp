@@ -54,12 +54,28 @@ TEST(Graph, OfOneActorHasNoCellOfTwoPaths) {
     EXPECT_EQ(graph.triangle_distribution, Ints{1});
 }
 
-TEST(Graph, OfNoActorsOrANegativeNumberHoldsNothing) {
-    for (const int n : {0, -1, -50}) {
+TEST(Graph, OfNoActorsOrANegativeNumberHasEmptyTables) {
+    for (const int n : {0, -1, -2, -50}) {
+        SCOPED_TRACE(n);
         const Graph graph = graph_create(n, -1, -1);
-        EXPECT_TRUE(graph.degree.empty());
-        EXPECT_TRUE(graph.statistics.empty());
+        EXPECT_EQ(graph.vertices, n);
+        EXPECT_EQ(graph.edges, 0);
+        EXPECT_TRUE(graph.adjacency.words.empty());
         EXPECT_TRUE(graph.two_paths.cells.empty());
+        EXPECT_TRUE(graph.geodesics.cells.empty());
+        EXPECT_EQ(graph.degree, Ints{});
+        EXPECT_EQ(graph.degree_distribution, Ints{});
+        EXPECT_EQ(graph.triangles, Ints{});
+        EXPECT_EQ(graph.two_path_distribution, Ints{});
+        EXPECT_EQ(graph.geodesic_distribution, Ints{});
+        EXPECT_TRUE(graph.clustering.empty());
+        EXPECT_TRUE(graph.statistics.empty());
+        EXPECT_TRUE(graph.clique_counts.empty());
+        // As many cells as (n - 1)(n - 2) / 2 + 1, which no sign takes away: reports show them. The
+        // first counts the actors.
+        Ints triangles(static_cast<std::size_t>((n - 1) * (n - 2) / 2 + 1), 0);
+        triangles.front() = n;
+        EXPECT_EQ(graph.triangle_distribution, triangles);
     }
 }
 

@@ -8,23 +8,9 @@
 #include <utility>
 
 #include "support/chain_models.h"
+#include "support/plain_draws.h"
 
 namespace {
-
-// The generator written out once more: bits 16 to 30 of a 32-bit state.
-struct PlainDraws {
-    std::uint64_t state;
-
-    int next() {
-        state = (state * 214013ULL + 2531011ULL) % 4294967296ULL;
-        return static_cast<int>((state / 65536ULL) % 32768ULL);
-    }
-    int below(int n) { return next() % n; }
-    double uniform() {
-        const float quotient = static_cast<float>(next()) / 32767.0F;
-        return static_cast<double>(quotient);
-    }
-};
 
 double evaluate(Graph& graph, const ChainModel<Graph>& model, std::vector<double>& change, int i,
                 int j, int adding) {
