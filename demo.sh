@@ -9,7 +9,7 @@ source scripts/packages.sh
 step() { printf '\n== %s\n' "$*"; }
 
 step "Toolchain"
-install_missing g++=g++ cmake=cmake make=make
+install_missing "${build_packages[@]}"
 echo "$(g++ --version | head -n 1); $(cmake --version | head -n 1)"
 
 step "Build (Release, in build/)"

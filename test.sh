@@ -15,7 +15,7 @@ the tools for it is installed first, by apt-get and announced. In order:
   formatting          clang-format has nothing to change
   Release build       in build/, warnings are errors
   Windows build       ovri.dll and ovri.exe by mingw-w64, in build-windows/
-  static analysis     clang-tidy finds nothing in src/ and tool/
+  static analysis     clang-tidy finds nothing in src/, formats/ and tool/
   tests, Release      every test, also those of the Java host, the Windows build and the archives
   sanitizer build     in build-asan/
   tests, sanitizers   under AddressSanitizer and UndefinedBehaviorSanitizer; the archives and the
@@ -46,7 +46,7 @@ step() {
 
 install_tools() {
     local packages=(
-        g++=g++ cmake=cmake make=make
+        "${build_packages[@]}"
         /usr/include/gtest/gtest.h=libgtest-dev
         file=file dpkg-shlibdeps=dpkg-dev
         localedef=libc-bin /usr/share/i18n/charmaps/ANSI_X3.4-1968.gz=locales
@@ -86,13 +86,13 @@ run_tests() {
 
 # The longest files first, so that both ends of the queue are done at the same time.
 analyse() {
-    find src tool -name '*.cpp' -printf '%s %p\n' | sort -rn | cut -d ' ' -f 2 |
+    find src formats tool -name '*.cpp' -printf '%s %p\n' | sort -rn | cut -d ' ' -f 2 |
         xargs -n 1 -P "$jobs" clang-tidy --quiet -p build
     echo "No findings."
 }
 
 check_formatting() {
-    find src tool tests bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
+    find src formats tool tests bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
         xargs -0 -n 16 -P "$jobs" clang-format --dry-run --Werror
     echo "Every source file is formatted."
 }

@@ -1,5 +1,14 @@
 # Sourced by demo.sh and test.sh: installs Debian packages that are missing.
 
+# What a build needs. igraph's reader of network files is left out where there is none.
+build_packages=(
+    g++=g++ cmake=cmake make=make
+    /usr/include/CLI/CLI.hpp=libcli11-dev
+    /usr/include/fmt/core.h=libfmt-dev
+    /usr/include/toml++/toml.h=libtomlplusplus-dev
+    '/usr/include/igraph/igraph.h?libigraph-dev'
+)
+
 # Each argument is PROBE=PACKAGE or PROBE?PACKAGE. A probe is a command, or the absolute path of a
 # file, that shows that the package (or something as good) is there already. A package behind "?" is
 # left out when the package lists do not know it.
