@@ -2,7 +2,7 @@
 // every directed one and the triad census at 500 actors and mean out-degree 3.
 #include "bench_support.h"
 #include "effects/cliques.h"
-#include "report/description.h"
+#include "measures/descriptives.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ void measure_graph(benchmark::State& state, const EffectSelection& selection) {
     for (auto iteration : state) {
         (void)iteration;
         graph_count_cliques(graph);
-        graph_compute_statistics(graph, model.active);
+        compute_statistics(graph, model.active);
     }
     state.counters["checksum"] = graph.statistics[0];
 }
@@ -25,7 +25,7 @@ void measure_digraph(benchmark::State& state, const EffectSelection& selection) 
     Digraph digraph = random_digraph(kDirectedActors, 3, model.size());
     for (auto iteration : state) {
         (void)iteration;
-        digraph_compute_statistics(digraph, model.active);
+        compute_statistics(digraph, model.active);
     }
     state.counters["checksum"] = digraph.statistics[0];
 }
@@ -34,7 +34,7 @@ void measure_census(benchmark::State& state) {
     Digraph digraph = random_digraph(kDirectedActors, 3, 0);
     for (auto iteration : state) {
         (void)iteration;
-        digraph_count_triads(digraph);
+        refresh_triad_census(digraph);
     }
     double sum = 0.0;
     for (std::size_t triad = 0; triad < digraph.triad_census.size(); ++triad) {

@@ -32,11 +32,11 @@ Network start_network(int actors, const EffectSelection& selection) {
     if constexpr (std::is_same_v<Network, Graph>) {
         Graph graph = random_graph(actors, 6, model.size(), clique_depth(selection));
         graph_count_cliques(graph);
-        graph_compute_statistics(graph, model.active);
+        compute_statistics(graph, model.active);
         return graph;
     } else {
         Digraph digraph = random_digraph(actors, 3, model.size());
-        digraph_compute_statistics(digraph, model.active);
+        compute_statistics(digraph, model.active);
         return digraph;
     }
 }

@@ -2,7 +2,8 @@
 // recounting what toggles do not carry; and the same with every switched-on row formatted and
 // written to nowhere.
 #include "bench_support.h"
-#include "report/description.h"
+#include "measures/clustering.h"
+#include "measures/descriptives.h"
 #include "report/sample_tables.h"
 
 namespace {
@@ -14,11 +15,11 @@ void measure_graph(benchmark::State& state, bool rows) {
     const BenchModel<Graph> model(structural_selection(
         NetworkKind::undirected, kActors, {{"edge", 1.0}, {"0ET", 0.0}, {"ETNT", 0.0}}));
     Graph graph = random_graph(kActors, 6, model.size(), 0);
-    graph_compute_statistics(graph, model.active);
+    compute_statistics(graph, model.active);
     const OutputPaths paths = discarded_outputs();
     for (auto iteration : state) {
         (void)iteration;
-        graph_refresh_descriptives(graph);
+        refresh_descriptives(graph);
         recount_uncarried(graph, model.selection);
         if (rows) {
             write_sample_row(model.selection, graph.statistics, 1.0, paths.simulation);
@@ -34,11 +35,11 @@ void measure_digraph(benchmark::State& state, bool rows) {
     const BenchModel<Digraph> model(
         structural_selection(NetworkKind::directed, kActors, {{"arc", 1.0}}));
     Digraph digraph = random_digraph(kActors, 3, model.size());
-    digraph_compute_statistics(digraph, model.active);
+    compute_statistics(digraph, model.active);
     const OutputPaths paths = discarded_outputs();
     for (auto iteration : state) {
         (void)iteration;
-        digraph_refresh_descriptives(digraph);
+        refresh_descriptives(digraph);
         if (rows) {
             write_sample_row(model.selection, digraph.statistics, 1.0, paths.simulation);
             write_distribution_rows(digraph, model.selection, kAllButGraphs, paths);

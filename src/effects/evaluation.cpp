@@ -61,14 +61,6 @@ double evaluate(Network& network, const ActiveModel<Network>& model, const doubl
     return sum;
 }
 
-template <class Network>
-void compute_statistics(Network& network, const ActiveModel<Network>& model) {
-    for (const ActiveEffect<Network>& effect : model) {
-        network.statistics[static_cast<std::size_t>(effect.position)] =
-            effect.count(network, effect.data);
-    }
-}
-
 }  // namespace
 
 template <class Network>
@@ -143,9 +135,13 @@ double digraph_evaluate_toggle(Digraph& digraph, const ActiveModel<Digraph>& mod
     return sum;
 }
 
-void graph_compute_statistics(Graph& graph, const ActiveModel<Graph>& model) {
-    compute_statistics(graph, model);
+template <class Network>
+void compute_statistics(Network& network, const ActiveModel<Network>& model) {
+    for (const ActiveEffect<Network>& effect : model) {
+        network.statistics[static_cast<std::size_t>(effect.position)] =
+            effect.count(network, effect.data);
+    }
 }
-void digraph_compute_statistics(Digraph& digraph, const ActiveModel<Digraph>& model) {
-    compute_statistics(digraph, model);
-}
+
+template void compute_statistics<Graph>(Graph&, const ActiveModel<Graph>&);
+template void compute_statistics<Digraph>(Digraph&, const ActiveModel<Digraph>&);

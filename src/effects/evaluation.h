@@ -60,5 +60,5 @@ double digraph_evaluate_toggle(Digraph& digraph, const ActiveModel<Digraph>& mod
 
 // Fills `statistics` from scratch; positions without an effect keep what they hold. For a Graph the
 // clique tables must have been counted.
-void graph_compute_statistics(Graph& graph, const ActiveModel<Graph>& model);
-void digraph_compute_statistics(Digraph& digraph, const ActiveModel<Digraph>& model);
+template <class Network>
+void compute_statistics(Network& network, const ActiveModel<Network>& model);

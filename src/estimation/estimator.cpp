@@ -253,6 +253,8 @@ int phase3(Estimation<Network>& run) {
     return converged;
 }
 
+}  // namespace
+
 template <class Network>
 int estimate(Chain<Network>& chain, const RunSetting& setting, const EstimationSettings& settings,
              std::vector<double>& parameters, Matrix& scaling_matrix) {
@@ -286,16 +288,7 @@ int estimate(Chain<Network>& chain, const RunSetting& setting, const EstimationS
     return phase3(run);
 }
 
-}  // namespace
-
-int estimate_graph(Chain<Graph>& chain, const RunSetting& setting,
-                   const EstimationSettings& settings, std::vector<double>& parameters,
-                   Matrix& scaling_matrix) {
-    return estimate(chain, setting, settings, parameters, scaling_matrix);
-}
-
-int estimate_digraph(Chain<Digraph>& chain, const RunSetting& setting,
-                     const EstimationSettings& settings, std::vector<double>& parameters,
-                     Matrix& scaling_matrix) {
-    return estimate(chain, setting, settings, parameters, scaling_matrix);
-}
+template int estimate<Graph>(Chain<Graph>&, const RunSetting&, const EstimationSettings&,
+                             std::vector<double>&, Matrix&);
+template int estimate<Digraph>(Chain<Digraph>&, const RunSetting&, const EstimationSettings&,
+                               std::vector<double>&, Matrix&);

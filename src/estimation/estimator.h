@@ -7,8 +7,8 @@
 #pragma once
 
 #include "base/matrix.h"
+#include "report/run_setting.h"
 #include "sampling/chain.h"
-#include "sampling/run_setting.h"
 
 struct EstimationSettings {
     int sub_phases = 5;
@@ -26,9 +26,6 @@ struct EstimationSettings {
 // covariance and that of a run in the next one's. Writes the estimation log and the covariance
 // file. Returns 1 when every t-ratio was below 0.1 in size, else 0; 0 also for a degenerate model
 // (a statistic that never moved), which ends the run in phase 1.
-int estimate_graph(Chain<Graph>& chain, const RunSetting& setting,
-                   const EstimationSettings& settings, std::vector<double>& parameters,
-                   Matrix& scaling_matrix);
-int estimate_digraph(Chain<Digraph>& chain, const RunSetting& setting,
-                     const EstimationSettings& settings, std::vector<double>& parameters,
-                     Matrix& scaling_matrix);
+template <class Network>
+int estimate(Chain<Network>& chain, const RunSetting& setting, const EstimationSettings& settings,
+             std::vector<double>& parameters, Matrix& scaling_matrix);

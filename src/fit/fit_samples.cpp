@@ -5,7 +5,10 @@
 
 #include "base/conversions.h"
 #include "base/sample_summaries.h"
-#include "report/description.h"
+#include "measures/descriptives.h"
+#include "measures/geodesics.h"
+#include "measures/triad_census.h"
+#include "network/network_verbs.h"
 
 const FitTexts& fit_texts(NetworkKind kind) {
     static const FitTexts graph = {
@@ -47,69 +50,9 @@ const FitTexts& fit_texts(NetworkKind kind) {
     return kind == NetworkKind::directed ? digraph : graph;
 }
 
-std::vector<double> fit_descriptives(const Graph& graph, const EffectSelection&) {
-    return {standard_deviation_int(graph.degree), skew_int(graph.degree), global_clustering(graph),
-            mean_local_clustering(graph), variance(graph.clustering)};
-}
-
-std::vector<double> fit_descriptives(Digraph& digraph, const EffectSelection& selection) {
-    const DirectedClustering clustering = directed_clustering(digraph, selection.default_weights);
-    return {standard_deviation_int(digraph.in_degree),
-            skew_int(digraph.in_degree),
-            standard_deviation_int(digraph.out_degree),
-            skew_int(digraph.out_degree),
-            correlation(digraph.in_degree, digraph.out_degree),
-            clustering.cto,
-            clustering.cti,
-            clustering.ctm,
-            clustering.ccm,
-            clustering.akc_t,
-            clustering.akc_d,
-            clustering.akc_u,
-            clustering.akc_c};
-}
-
 namespace {
 
 std::size_t size_of(int count) { return static_cast<std::size_t>(count > 0 ? count : 0); }
-
-template <class Network>
-FitSamples create(Network& observed, const EffectSelection& selection, int planned) {
-    FitSamples samples;
-    const std::vector<double> measures = fit_descriptives(observed, selection);
-    samples.p = static_cast<int>(observed.statistics.size());
-    samples.descriptives = static_cast<int>(measures.size());
-    samples.planned = planned > 0 ? planned : 0;
-    samples.table = matrix_create(samples.p + samples.descriptives + 1, samples.planned, 0.0);
-    samples.observed = observed.statistics;
-    samples.observed.insert(samples.observed.end(), measures.begin(), measures.end());
-    samples.observed.push_back(0.0);
-    for (std::vector<int>& row : samples.quartiles) {
-        row.assign(size_of(samples.planned), 0);
-    }
-    samples.observed_quartiles = geodesic_quartiles(observed);
-    return samples;
-}
-
-template <class Network>
-void add(FitSamples& samples, Network& network, const EffectSelection& selection) {
-    const int column = samples.taken;
-    if (column >= samples.planned) {
-        return;
-    }
-    int row = 0;
-    for (const double value : network.statistics) {
-        samples.table[row++][column] = value;
-    }
-    for (const double value : fit_descriptives(network, selection)) {
-        samples.table[row++][column] = value;
-    }
-    const std::array<int, 4> quartiles = geodesic_quartiles(network);
-    for (std::size_t quarter = 0; quarter < quartiles.size(); ++quarter) {
-        samples.quartiles[quarter][static_cast<std::size_t>(column)] = quartiles[quarter];
-    }
-    ++samples.taken;
-}
 
 std::span<const double> row_of(const Matrix& table, int row) {
     return {table[row], static_cast<std::size_t>(table.columns)};
@@ -216,31 +159,57 @@ void write_columns(const FitSamples& samples, const std::string& path) {
 
 }  // namespace
 
-FitSamples fit_samples_create(const Graph& observed, const EffectSelection& selection,
-                              int planned) {
-    return create(observed, selection, planned);
-}
-
-FitSamples fit_samples_create(Digraph& observed, const EffectSelection& selection, int planned) {
-    FitSamples samples = create(observed, selection, planned);
-    samples.triads = matrix_create(16, samples.planned, 0.0);
-    samples.observed_triads = observed.triad_census;
+template <class Network>
+FitSamples fit_samples_create(Network& observed, const EffectSelection& selection, int planned) {
+    FitSamples samples;
+    const std::vector<double> measures = descriptive_measures(observed, selection);
+    samples.p = static_cast<int>(observed.statistics.size());
+    samples.descriptives = static_cast<int>(measures.size());
+    samples.planned = planned > 0 ? planned : 0;
+    samples.table = matrix_create(samples.p + samples.descriptives + 1, samples.planned, 0.0);
+    samples.observed = observed.statistics;
+    samples.observed.insert(samples.observed.end(), measures.begin(), measures.end());
+    samples.observed.push_back(0.0);
+    for (std::vector<int>& row : samples.quartiles) {
+        row.assign(size_of(samples.planned), 0);
+    }
+    samples.observed_quartiles = geodesic_quartiles(observed);
+    if constexpr (kDirected<Network>) {
+        samples.triads = matrix_create(16, samples.planned, 0.0);
+        samples.observed_triads = observed.triad_census;
+    }
     return samples;
 }
 
-void fit_samples_add(FitSamples& samples, const Graph& graph, const EffectSelection& selection) {
-    add(samples, graph, selection);
-}
-
-void fit_samples_add(FitSamples& samples, Digraph& digraph, const EffectSelection& selection) {
-    if (samples.taken < samples.planned) {
+template <class Network>
+void fit_samples_add(FitSamples& samples, Network& network, const EffectSelection& selection) {
+    const int column = samples.taken;
+    if (column >= samples.planned) {
+        return;
+    }
+    int row = 0;
+    for (const double value : network.statistics) {
+        samples.table[row++][column] = value;
+    }
+    for (const double value : descriptive_measures(network, selection)) {
+        samples.table[row++][column] = value;
+    }
+    const std::array<int, 4> quartiles = geodesic_quartiles(network);
+    for (std::size_t quarter = 0; quarter < quartiles.size(); ++quarter) {
+        samples.quartiles[quarter][static_cast<std::size_t>(column)] = quartiles[quarter];
+    }
+    if constexpr (kDirected<Network>) {
         for (int triad = 0; triad < 16; ++triad) {
-            samples.triads[triad][samples.taken] =
-                digraph.triad_census[static_cast<std::size_t>(triad)];
+            samples.triads[triad][column] = network.triad_census[static_cast<std::size_t>(triad)];
         }
     }
-    add(samples, digraph, selection);
+    ++samples.taken;
 }
+
+template FitSamples fit_samples_create<Graph>(Graph&, const EffectSelection&, int);
+template FitSamples fit_samples_create<Digraph>(Digraph&, const EffectSelection&, int);
+template void fit_samples_add<Graph>(FitSamples&, Graph&, const EffectSelection&);
+template void fit_samples_add<Digraph>(FitSamples&, Digraph&, const EffectSelection&);
 
 void write_fit_table(TextWriter& out, const FitSamples& samples, const EffectSelection& selection,
                      Output rows) {

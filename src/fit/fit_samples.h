@@ -25,11 +25,6 @@ struct FitTexts {
 };
 const FitTexts& fit_texts(NetworkKind kind);
 
-// The descriptive measures of one network in the order of FitTexts::descriptives; snapshots must be
-// fresh.
-std::vector<double> fit_descriptives(const Graph& graph, const EffectSelection& selection);
-std::vector<double> fit_descriptives(Digraph& digraph, const EffectSelection& selection);
-
 // One row per statistic, one column per planned sample: p model statistics, the descriptive rows,
 // and the squared distance of each sample.
 struct FitSamples {
@@ -46,13 +41,13 @@ struct FitSamples {
 };
 
 // Room for the samples, with the observed network's values filled in; its snapshots must be fresh.
-FitSamples fit_samples_create(const Graph& observed, const EffectSelection& selection, int planned);
-FitSamples fit_samples_create(Digraph& observed, const EffectSelection& selection, int planned);
+template <class Network>
+FitSamples fit_samples_create(Network& observed, const EffectSelection& selection, int planned);
 
 // Records one sample in the next column; its snapshots must be fresh. Beyond the planned ones
 // nothing is recorded.
-void fit_samples_add(FitSamples& samples, const Graph& graph, const EffectSelection& selection);
-void fit_samples_add(FitSamples& samples, Digraph& digraph, const EffectSelection& selection);
+template <class Network>
+void fit_samples_add(FitSamples& samples, Network& network, const EffectSelection& selection);
 
 // The table of effects and descriptive measures, from its opening on.
 void write_fit_table(TextWriter& out, const FitSamples& samples, const EffectSelection& selection,

@@ -2,12 +2,9 @@
 
 #include "base/conversions.h"
 #include "fit/fit_samples.h"
-#include "report/description.h"
+#include "measures/descriptives.h"
 
 namespace {
-
-void refresh(Graph& graph) { graph_refresh_descriptives(graph); }
-void refresh(Digraph& digraph) { digraph_refresh_descriptives(digraph); }
 
 const FitTexts& texts_of(const RunSetting& setting) {
     return fit_texts(setting.selection.catalogue->kind);
@@ -64,7 +61,7 @@ template <class Network>
 void take_sample(Chain<Network>& chain, const RunSetting& setting, FitSamples& samples,
                  double number) {
     Network& network = chain.network;
-    refresh(network);
+    refresh_descriptives(network);
     write_distribution_rows(network, setting.selection, setting.switches, setting.paths);
     recount_uncarried(network, setting.selection);
     if (setting.switches.sample_graphs) {
@@ -73,12 +70,14 @@ void take_sample(Chain<Network>& chain, const RunSetting& setting, FitSamples& s
     fit_samples_add(samples, network, setting.selection);
 }
 
+}  // namespace
+
 template <class Network>
-void gof_run(Chain<Network>& chain, Network& observed, const RunSetting& setting, double proposals,
+void fit_run(Chain<Network>& chain, Network& observed, const RunSetting& setting, double proposals,
              double interval) {
     const FitTexts& texts = texts_of(setting);
     random_reseed(chain.random);
-    refresh(observed);
+    refresh_descriptives(observed);
     FitSamples samples =
         fit_samples_create(observed, setting.selection, truncate_to_int(proposals / interval));
     write_run_head(chain, setting, proposals, interval);
@@ -108,11 +107,11 @@ void gof_run(Chain<Network>& chain, Network& observed, const RunSetting& setting
 }
 
 template <class Network>
-void bayes_gof_run(Chain<Network>& chain, Network& observed, const RunSetting& setting,
-                   const Matrix& parameter_sets, int planned, double burn_in) {
+void bayesian_fit_run(Chain<Network>& chain, Network& observed, const RunSetting& setting,
+                      const Matrix& parameter_sets, int planned, double burn_in) {
     const FitTexts& texts = texts_of(setting);
     random_reseed(chain.random);
-    refresh(observed);
+    refresh_descriptives(observed);
     FitSamples samples = fit_samples_create(observed, setting.selection, parameter_sets.rows);
     {
         TextWriter log = writer_append(setting.paths.gof);
@@ -127,7 +126,7 @@ void bayes_gof_run(Chain<Network>& chain, Network& observed, const RunSetting& s
         progress_step(setting.progress, set, parameter_sets.rows);
         burn_in_run(chain, burn_in, setting.progress);
         recount_uncarried(chain.network, setting.selection);
-        refresh(chain.network);
+        refresh_descriptives(chain.network);
         write_distribution_rows(chain.network, setting.selection, setting.switches, setting.paths);
         if (setting.switches.sample_graphs) {
             write_sample_graph(chain.network, setting.selection, set + 1, setting.paths);
@@ -140,24 +139,9 @@ void bayes_gof_run(Chain<Network>& chain, Network& observed, const RunSetting& s
     write_fit_distance(log, samples, texts, setting.paths.simulation);
 }
 
-}  // namespace
-
-void gof_graph(Chain<Graph>& chain, Graph& observed, const RunSetting& setting, double proposals,
-               double interval) {
-    gof_run(chain, observed, setting, proposals, interval);
-}
-
-void gof_digraph(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
-                 double proposals, double interval) {
-    gof_run(chain, observed, setting, proposals, interval);
-}
-
-void bayes_gof_graph(Chain<Graph>& chain, Graph& observed, const RunSetting& setting,
-                     const Matrix& parameter_sets, int planned, double burn_in) {
-    bayes_gof_run(chain, observed, setting, parameter_sets, planned, burn_in);
-}
-
-void bayes_gof_digraph(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
-                       const Matrix& parameter_sets, int planned, double burn_in) {
-    bayes_gof_run(chain, observed, setting, parameter_sets, planned, burn_in);
-}
+template void fit_run<Graph>(Chain<Graph>&, Graph&, const RunSetting&, double, double);
+template void fit_run<Digraph>(Chain<Digraph>&, Digraph&, const RunSetting&, double, double);
+template void bayesian_fit_run<Graph>(Chain<Graph>&, Graph&, const RunSetting&, const Matrix&, int,
+                                      double);
+template void bayesian_fit_run<Digraph>(Chain<Digraph>&, Digraph&, const RunSetting&, const Matrix&,
+                                        int, double);

@@ -3,22 +3,20 @@
 #pragma once
 
 #include "base/matrix.h"
+#include "report/run_setting.h"
 #include "sampling/chain.h"
-#include "sampling/run_setting.h"
 
 // Simulates `proposals` steps from the chain's network, taking a sample at every `interval`-th, and
 // writes the fit log, the sample table and the switched-on per-sample outputs. Refreshes the
 // observed network's descriptives. With an interval of 0 no sample is taken.
-void gof_graph(Chain<Graph>& chain, Graph& observed, const RunSetting& setting, double proposals,
-               double interval);
-void gof_digraph(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
-                 double proposals, double interval);
+template <class Network>
+void fit_run(Chain<Network>& chain, Network& observed, const RunSetting& setting, double proposals,
+             double interval);
 
 // Takes one sample per row of `parameter_sets` (p columns; `planned` is the number asked for, as
 // the log shows it), after `burn_in` proposals at that row's parameters; the network goes on from
 // one set to the next. Every burn-in reseeds, so sets begun within one second repeat their random
 // sequence.
-void bayes_gof_graph(Chain<Graph>& chain, Graph& observed, const RunSetting& setting,
-                     const Matrix& parameter_sets, int planned, double burn_in);
-void bayes_gof_digraph(Chain<Digraph>& chain, Digraph& observed, const RunSetting& setting,
-                       const Matrix& parameter_sets, int planned, double burn_in);
+template <class Network>
+void bayesian_fit_run(Chain<Network>& chain, Network& observed, const RunSetting& setting,
+                      const Matrix& parameter_sets, int planned, double burn_in);

@@ -8,8 +8,10 @@
 #include "base/sample_summaries.h"
 #include "base/text_writer.h"
 #include "effects/triangle_ties.h"
+#include "measures/clustering.h"
+#include "measures/descriptives.h"
+#include "measures/geodesics.h"
 #include "network/network_files.h"
-#include "report/description.h"
 #include "report/statistics_report.h"
 
 namespace {
@@ -224,14 +226,4 @@ void write_sample_graph(Graph& graph, const EffectSelection& selection, double n
 void write_sample_graph(Digraph& digraph, const EffectSelection& selection, double number,
                         const OutputPaths& paths) {
     write_sample_graph_of(digraph, selection, number, paths);
-}
-
-void recount_uncarried(Graph& graph, const EffectSelection& selection) {
-    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
-        const StructuralEffect& effect = selection.catalogue->effects[id];
-        const int position = selection.structural[id].position;
-        if (!effect.facts.carried && position >= 0) {
-            graph.statistics[static_cast<std::size_t>(position)] = effect.graph.count(graph, {});
-        }
-    }
 }

@@ -33,8 +33,3 @@ void write_sample_graph(Graph& graph, const EffectSelection& selection, double n
                         const OutputPaths& paths);
 void write_sample_graph(Digraph& digraph, const EffectSelection& selection, double number,
                         const OutputPaths& paths);
-
-// Where 0ET and ETNT are selected, sets their statistics from the network: toggles do not carry
-// them.
-void recount_uncarried(Graph& graph, const EffectSelection& selection);
-inline void recount_uncarried(Digraph&, const EffectSelection&) {}

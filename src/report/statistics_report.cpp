@@ -4,8 +4,11 @@
 
 #include "base/sample_summaries.h"
 #include "base/text_writer.h"
+#include "measures/clustering.h"
+#include "measures/descriptives.h"
+#include "measures/geodesics.h"
+#include "measures/triad_census.h"
 #include "network/network_files.h"
-#include "report/description.h"
 
 namespace {
 
@@ -148,7 +151,7 @@ void write_directed_clustering(TextWriter& out, Digraph& digraph,
 }
 
 void write_census(TextWriter& out, Digraph& digraph) {
-    digraph_count_triads(digraph);
+    refresh_triad_census(digraph);
     out.text("Triad Census:\n");
     for (std::size_t place = 0; place < kTriadNames.size(); ++place) {
         out.print("%s\t%.0f\n", kTriadNames[place], digraph.triad_census[place]);
@@ -168,15 +171,6 @@ void write_model_sections(const Network& network, const EffectSelection& selecti
 }
 
 }  // namespace
-
-void refresh_et_ratios(Graph& graph) {
-    for (std::size_t actor = 0; actor < graph.et0.size(); ++actor) {
-        if (graph.et0[actor] != 0) {
-            graph.etnt_ratio[actor] = static_cast<double>(static_cast<float>(graph.etnt[actor]) /
-                                                          static_cast<float>(graph.et0[actor]));
-        }
-    }
-}
 
 void report_statistics(Graph& graph, const EffectSelection& selection, const std::string& path) {
     write_model_sections(graph, selection, path);

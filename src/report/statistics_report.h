@@ -13,6 +13,3 @@
 // recounted, and where an ET effect is selected the ET ratios are set from the counts as last made.
 void report_statistics(Graph& graph, const EffectSelection& selection, const std::string& path);
 void report_statistics(Digraph& digraph, const EffectSelection& selection, const std::string& path);
-
-// etnt / et0 per actor, a single-precision quotient; where et0 is 0 the ratio keeps its value.
-void refresh_et_ratios(Graph& graph);

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "estimation/estimator.h"
 #include "estimation/update_files.h"
 #include "report/change_dump.h"
 #include "report/statistics_report.h"
@@ -25,9 +26,8 @@ void write_log_head(const RunContext& run) {
 template <class Network>
 void start_at_density(const RunContext& run, const Network& network,
                       std::vector<double>& parameters) {
-    const int position =
-        run.selection.structural[static_cast<std::size_t>(KindOf<Network>::first_effect())]
-            .position;
+    const int tie = kDirected<Network> ? digraph_effect::kArc : graph_effect::kEdge;
+    const int position = run.selection.structural[static_cast<std::size_t>(tie)].position;
     if (position >= 0 && parameters[static_cast<std::size_t>(position)] == 0.0) {
         const double d = network_density(network);
         parameters[static_cast<std::size_t>(position)] = std::log(d / (1.0 - d));
@@ -53,9 +53,9 @@ int estimation_runs(RunContext& run, Network& network, AssembledModel<Network>& 
          ++number) {
         writer_append(run.paths.estimation).print("STOCHASTIC APPROXIMATION RUN %d\n\n", number);
         Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
-        converged = KindOf<Network>::estimate(chain, run.setting(), run.settings.estimation,
-                                              model.parameters, scaling_matrix);
-        KindOf<Network>::copy(observed, network);
+        converged = estimate(chain, run.setting(), run.settings.estimation, model.parameters,
+                             scaling_matrix);
+        copy_network(observed, network);
         writer_append(run.paths.estimation).text("\n\n");
         if (converged == 1) {
             write_dump(run, observed, model);

@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "base/conversions.h"
+#include "fit/goodness_of_fit.h"
 #include "fit/parameter_draws.h"
 #include "report/statistics_report.h"
 #include "report/syntax_file.h"
@@ -22,8 +24,8 @@ void burn_in_and_fit(RunContext& run, Chain<Network>& chain, Network& observed, 
                      double proposals, int interval) {
     progress_start(run.progress, RunStage::burn_in, burn_in);
     burn_in_run(chain, burn_in, run.progress);
-    KindOf<Network>::refresh(chain.network);
-    KindOf<Network>::fit(chain, observed, run.setting(), proposals, interval);
+    refresh_descriptives(chain.network);
+    fit_run(chain, observed, run.setting(), proposals, interval);
 }
 
 // Spreads each draw over the places of the full vector that are not exactly 0.0, in order; what
@@ -49,7 +51,7 @@ Matrix spread_draws(const Matrix& draws, const std::vector<double>& full) {
 
 template <class Network>
 void fit_after_estimation(RunContext& run, const std::optional<Network>& free_dyads) {
-    if (KindOf<Network>::kDirected) {
+    if (kDirected<Network>) {
         TextWriter(run.options.console).text("gof!");
     }
     assign_full_model(run.selection);
@@ -88,7 +90,7 @@ void fit_sequence(RunContext& run) {
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
     burn_in_and_fit(run, chain, observed, settings.burn_in, settings.iterations, interval);
     // A directed fit writes no end report.
-    if (!KindOf<Network>::kDirected) {
+    if (!kDirected<Network>) {
         report_statistics(network, run.selection, run.paths.end_statistics);
     }
 }
@@ -109,8 +111,7 @@ void bayesian_fit_sequence(RunContext& run) {
     Network observed = network;
     const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
-    KindOf<Network>::bayesian_fit(chain, observed, run.setting(), sets, settings.sample_count,
-                                  settings.burn_in);
+    bayesian_fit_run(chain, observed, run.setting(), sets, settings.sample_count, settings.burn_in);
     report_statistics(network, run.selection, run.paths.end_statistics);
 }
 

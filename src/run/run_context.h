@@ -5,8 +5,11 @@
 #include <vector>
 
 #include "base/host_options.h"
+#include "effects/cliques.h"
+#include "effects/evaluation.h"
+#include "measures/descriptives.h"
+#include "network/network_verbs.h"
 #include "report/output_paths.h"
-#include "run/network_kind.h"
 #include "run/setup_file.h"
 
 struct RunContext {
@@ -39,7 +42,7 @@ struct AssembledModel {
 // The observed network with the tables of this model.
 template <class Network>
 Network read_observed(const RunContext& run, int p) {
-    return KindOf<Network>::read(run.settings.network_path, run.settings.actor_count, p,
+    return read_network<Network>(run.settings.network_path, run.settings.actor_count, p,
                                  clique_depth(run.selection));
 }
 
@@ -49,14 +52,17 @@ std::optional<Network> read_free_dyads(const RunContext& run) {
     if (run.settings.free_dyads_flag != 1) {
         return std::nullopt;
     }
-    return KindOf<Network>::read(run.settings.free_dyads_path, run.settings.actor_count, 0, 0);
+    return read_network<Network>(run.settings.free_dyads_path, run.settings.actor_count, 0, 0);
 }
 
 // Snapshots and whole-network statistics of a network.
 template <class Network>
 void prepare_network(Network& network, const ActiveModel<Network>& model) {
-    KindOf<Network>::refresh(network);
-    KindOf<Network>::compute(network, model);
+    refresh_descriptives(network);
+    if constexpr (!kDirected<Network>) {
+        graph_count_cliques(network);
+    }
+    compute_statistics(network, model);
 }
 
 template <class Network>

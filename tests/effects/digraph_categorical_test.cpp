@@ -29,7 +29,7 @@ EffectSelection selection_of(const std::vector<Codes>& attributes) {
 std::vector<double> values(const PlainDigraph& plain, const Codes& codes) {
     EffectSelection selection = selection_of({codes});
     Digraph digraph = engine_digraph(plain, 4);
-    digraph_compute_statistics(digraph, active_model<Digraph>(selection));
+    compute_statistics(digraph, active_model<Digraph>(selection));
     return digraph.statistics;
 }
 

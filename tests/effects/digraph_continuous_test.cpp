@@ -55,7 +55,7 @@ EffectSelection selection_of(const std::vector<std::vector<float>>& attributes) 
 std::vector<double> values(const PlainDigraph& plain, const std::vector<float>& z) {
     EffectSelection selection = selection_of({z});
     Digraph digraph = engine_digraph(plain, 13);
-    digraph_compute_statistics(digraph, active_model<Digraph>(selection));
+    compute_statistics(digraph, active_model<Digraph>(selection));
     return digraph.statistics;
 }
 

@@ -62,7 +62,7 @@ TEST(DigraphCovariates, AnArcTakesTheCellOfItsOwnDirection) {
     EffectSelection selection = selection_of({cells});
     Digraph digraph = engine_digraph(reference::make_digraph(3, {{0, 1}, {1, 2}}), 1);
     const ActiveModel<Digraph> model = active_model<Digraph>(selection);
-    digraph_compute_statistics(digraph, model);
+    compute_statistics(digraph, model);
     EXPECT_EQ(digraph.statistics[0], 2.5);
     const double parameter = 1.0;
     double change = 0.0;
@@ -76,7 +76,7 @@ TEST(DigraphCovariates, ACovariateOfZerosGivesNothingAndOneOfOnesTheArcs) {
     EffectSelection selection =
         selection_of({reference::square_table(7, 0.0F), reference::square_table(7, 1.0F)});
     Digraph digraph = engine_digraph(plain, 2);
-    digraph_compute_statistics(digraph, active_model<Digraph>(selection));
+    compute_statistics(digraph, active_model<Digraph>(selection));
     EXPECT_EQ(digraph.statistics[0], 0.0);
     EXPECT_EQ(digraph.statistics[1], reference::arc_count(plain));
 }

@@ -203,7 +203,7 @@ TEST(DigraphSelection, StatisticsFollowTheThirteenRows) {
     selection.table.continuous = {continuous_attribute({2.0F, 5.0F})};
     const ActiveModel<Digraph> model = active_model<Digraph>(selection);
     Digraph digraph = engine_digraph(reference::make_digraph(2, {{0, 1}}), 14);
-    digraph_compute_statistics(digraph, model);
+    compute_statistics(digraph, model);
     EXPECT_EQ(digraph.statistics, (Vector{1, 2, 5, 0, 0, 7, 3, 10, 7, 3, 10, 0, 0, 0}));
 }
 

@@ -234,7 +234,7 @@ TEST(WholeNetworkStatistics, OfAnEmptyNetworkAreZeroButForTheIsolates) {
         engine_graph(reference::empty_graph(kActors), static_cast<int>(model.parameters.size()), 8);
     graph.statistics.assign(graph.statistics.size(), 42.0);
     graph_count_cliques(graph);
-    graph_compute_statistics(graph, model.effects);
+    compute_statistics(graph, model.effects);
     const int isolates = model.selection.structural[graph_effect::kIsolates].position;
     for (std::size_t place = 0; place < graph.statistics.size(); ++place) {
         EXPECT_EQ(graph.statistics[place],
@@ -246,7 +246,7 @@ TEST(WholeNetworkStatistics, KeepWhatAPlaceWithoutAnEffectHolds) {
     const StructuralModel model({"edge"}, 2.0F);
     Graph graph = engine_graph(reference::complete_graph(3), 3);
     graph.statistics = {7.0, 8.0, 9.0};
-    graph_compute_statistics(graph, model.effects);
+    compute_statistics(graph, model.effects);
     EXPECT_EQ(graph.statistics, (std::vector<double>{3.0, 8.0, 9.0}));
 }
 
@@ -258,7 +258,7 @@ TEST(WholeNetworkStatistics, OfEffectsThatShareAPlaceAreThoseOfTheLaterOne) {
     const auto effects = active_model<Graph>(selection);
     const PlainGraph nearly = reference::without_tie(reference::complete_graph(4), 0, 1);
     Graph graph = engine_graph(nearly, 1);
-    graph_compute_statistics(graph, effects);
+    compute_statistics(graph, effects);
     EXPECT_EQ(graph.statistics[0], 1.0);
     // The weighted sum takes both terms.
     const double parameter = 10.0;
@@ -286,7 +286,7 @@ TEST(WholeNetworkStatistics, StayEqualToARecountThroughATrailOfTogglesButForTheN
     const int size = static_cast<int>(model.parameters.size());
     Graph graph = engine_graph(random_graph(random, kActors, 0.8), size, 8);
     graph_count_cliques(graph);
-    graph_compute_statistics(graph, model.effects);
+    compute_statistics(graph, model.effects);
     const std::vector<double> start = graph.statistics;
     std::vector<double> changes(model.parameters.size());
     for (int step = 0; step < 5000; ++step) {
@@ -308,7 +308,7 @@ TEST(WholeNetworkStatistics, StayEqualToARecountThroughATrailOfTogglesButForTheN
     }
     const std::vector<double> carried = graph.statistics;
     graph_count_cliques(graph);
-    graph_compute_statistics(graph, model.effects);
+    compute_statistics(graph, model.effects);
     const auto place_of = [](const char* name) {
         return static_cast<std::size_t>(structural_id(name)) -
                (structural_id(name) > graph_effect::kP0 ? 1U : 0U);

@@ -1,7 +1,7 @@
 // The whole statistics report of small directed networks, worked by hand.
 #include <gtest/gtest.h>
 
-#include "report/description.h"
+#include "measures/descriptives.h"
 #include "report/statistics_report.h"
 #include "support/random_digraphs.h"
 #include "support/scratch_directory.h"
@@ -12,7 +12,7 @@ namespace {
 Digraph small_digraph(int statistics) {
     Digraph digraph = engine_digraph(
         reference::make_digraph(4, {{0, 1}, {1, 0}, {0, 2}, {1, 2}, {2, 3}}), statistics);
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     return digraph;
 }
 
@@ -147,7 +147,7 @@ TEST(DigraphReport, AlwaysShowsTheCurrentCensusButGeodesicsAsLastRefreshed) {
 TEST(DigraphReport, OfOneActorHasFourQuartilesAndAnEmptyCensus) {
     const ScratchDirectory scratch;
     Digraph digraph = digraph_create(1, 0);
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     report_statistics(digraph, selection_create(NetworkKind::directed),
                       (scratch.path() / "report.txt").string());
     std::string report = scratch.read("report.txt");

@@ -1,7 +1,7 @@
 // The whole statistics report of small undirected networks, worked by hand.
 #include <gtest/gtest.h>
 
-#include "report/description.h"
+#include "measures/descriptives.h"
 #include "report/statistics_report.h"
 #include "support/random_networks.h"
 #include "support/scratch_directory.h"
@@ -12,7 +12,7 @@ namespace {
 Graph small_graph(int statistics) {
     Graph graph =
         engine_graph(reference::make_graph(5, {{0, 1}, {0, 2}, {1, 2}, {2, 3}}), statistics);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     return graph;
 }
 
@@ -169,15 +169,6 @@ TEST(GraphReport, ShowsTheEtCountsAsLastMadeWhereEitherIsSelected) {
     }
 }
 
-TEST(GraphReport, RatiosAreSinglePrecisionQuotients) {
-    Graph graph = graph_create(2, 0, 0);
-    graph.et0 = {3, 7};
-    graph.etnt = {1, 5};
-    refresh_et_ratios(graph);
-    EXPECT_EQ(graph.etnt_ratio, (std::vector<double>{static_cast<double>(1.0F / 3.0F),
-                                                     static_cast<double>(5.0F / 7.0F)}));
-}
-
 TEST(GraphReport, ShowsSnapshotsBesideCurrentDistributions) {
     const ScratchDirectory scratch;
     Graph graph = small_graph(0);
@@ -200,7 +191,7 @@ TEST(GraphReport, ShowsSnapshotsBesideCurrentDistributions) {
 TEST(GraphReport, OfOneActorIsWrittenWithoutADyad) {
     const ScratchDirectory scratch;
     Graph graph = graph_create(1, 0, 0);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     report_statistics(graph, selection_create(NetworkKind::undirected),
                       (scratch.path() / "report.txt").string());
     std::string report = scratch.read("report.txt");

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "report/description.h"
+#include "measures/descriptives.h"
 #include "report/statistics_report.h"
 #include "support/catalogue_lists.h"
 #include "support/random_digraphs.h"
@@ -31,7 +31,7 @@ OutputSwitches every_switch() {
 // A triangle 0 1 2 and the pendant 3 at actor 2.
 Graph small_graph() {
     Graph graph = engine_graph(reference::make_graph(4, {{0, 1}, {0, 2}, {1, 2}, {2, 3}}), 2);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     return graph;
 }
 
@@ -39,7 +39,7 @@ Graph small_graph() {
 Digraph small_digraph() {
     Digraph digraph =
         engine_digraph(reference::make_digraph(4, {{0, 1}, {1, 0}, {0, 2}, {1, 2}, {2, 3}}), 1);
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     return digraph;
 }
 
@@ -211,7 +211,7 @@ TEST(Distributions, OfOneActorHaveNoTwoPathCells) {
     const ScratchDirectory scratch;
     const OutputPaths paths = paths_in(scratch);
     Graph graph = graph_create(1, 0, 0);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     write_distribution_heads(graph, every_switch(), paths);
     write_distribution_rows(graph, selection_create(NetworkKind::undirected), every_switch(),
                             paths);
@@ -277,17 +277,6 @@ TEST(SampleGraph, OfADigraphHasNoAsterisks) {
     EXPECT_EQ(scratch.read("pajek_net.paj"),
               "Network " + paths.sample_statistics +
                   "12.txt\nvertices 4\nmatrix\n0 1 1 0 \n1 0 1 0 \n0 0 0 1 \n0 0 0 0 \n\n\n");
-}
-
-TEST(SampleTable, OnlyTheEtStatisticsAreRecounted) {
-    EffectSelection selection = selection_create(NetworkKind::undirected);
-    selection.structural[graph_effect::kEdge].position = 0;
-    selection.structural[graph_effect::kEtnt].position = 1;
-    selection.structural_count = 2;
-    Graph graph = small_graph();
-    graph.statistics = {50, 60};
-    recount_uncarried(graph, selection);
-    EXPECT_EQ(graph.statistics, (std::vector<double>{50, 1}));
 }
 
 }  // namespace

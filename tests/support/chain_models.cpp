@@ -133,10 +133,10 @@ template std::uint32_t code_of_network<Digraph>(const Digraph&);
 
 void count_statistics(Graph& graph, const ActiveModel<Graph>& model) {
     graph_count_cliques(graph);
-    graph_compute_statistics(graph, model);
+    compute_statistics(graph, model);
 }
 void count_statistics(Digraph& digraph, const ActiveModel<Digraph>& model) {
-    digraph_compute_statistics(digraph, model);
+    compute_statistics(digraph, model);
 }
 
 template <class Network>

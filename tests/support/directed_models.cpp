@@ -24,7 +24,7 @@ std::vector<double> DirectedStructuralModel::changes(Digraph& digraph, int i, in
 
 std::vector<double> DirectedStructuralModel::counts(Digraph& digraph) const {
     digraph.statistics.assign(active_.size(), -1e30);
-    digraph_compute_statistics(digraph, active_);
+    compute_statistics(digraph, active_);
     return digraph.statistics;
 }
 

@@ -61,7 +61,7 @@ void expect_group_equals_reference(const reference::PlainDigraph& plain, EffectS
     const auto place = [&](std::size_t row, std::size_t a) { return row * attributes.size() + a; };
 
     Digraph whole = engine_digraph(plain, static_cast<int>(model.size()));
-    digraph_compute_statistics(whole, model);
+    compute_statistics(whole, model);
     for (std::size_t row = 0; row < rows.size(); ++row) {
         for (std::size_t a = 0; a < attributes.size(); ++a) {
             EXPECT_EQ(whole.statistics[place(row, a)], rows[row].count(plain, attributes[a]))
@@ -99,8 +99,8 @@ void for_each_group_difference(const reference::PlainDigraph& plain, EffectSelec
     for_each_ordered_pair(plain.n, [&](int i, int j) {
         Digraph with = engine_digraph(reference::with_arc(plain, i, j), p);
         Digraph without = engine_digraph(reference::without_arc(plain, i, j), p);
-        digraph_compute_statistics(with, model);
-        digraph_compute_statistics(without, model);
+        compute_statistics(with, model);
+        compute_statistics(without, model);
         std::vector<double> change(model.size(), -1e30);
         digraph_evaluate_toggle(without, model, parameters.data(), change.data(), i, j, 1);
         for (std::size_t row = 0; row < model.size(); ++row) {

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "estimation/estimator.h"
@@ -36,11 +35,7 @@ struct EstimationRun {
         chain_prepare(chain);
         RunProgress progress;
         const RunSetting setting{model.selection, paths, {}, nullptr, progress};
-        if constexpr (std::is_same_v<Network, Graph>) {
-            return estimate_graph(chain, setting, settings, parameters, scaling_matrix);
-        } else {
-            return estimate_digraph(chain, setting, settings, parameters, scaling_matrix);
-        }
+        return ::estimate(chain, setting, settings, parameters, scaling_matrix);
     }
 
     std::string log() const { return file_text(paths.estimation); }

@@ -75,7 +75,7 @@ std::vector<double> counts_of(const PlainGraph& plain, const StructuralModel& mo
     Graph graph = engine_graph(plain, static_cast<int>(model.parameters.size()),
                                clique_depth(model.selection));
     graph_count_cliques(graph);
-    graph_compute_statistics(graph, model.effects);
+    compute_statistics(graph, model.effects);
     return graph.statistics;
 }
 

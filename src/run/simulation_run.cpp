@@ -1,7 +1,8 @@
-#include "sampling/simulation.h"
+#include "run/simulation_run.h"
 
 #include "base/text_writer.h"
-#include "report/description.h"
+#include "measures/descriptives.h"
+#include "network/network_verbs.h"
 
 namespace {
 
@@ -26,8 +27,12 @@ constexpr SimulationTexts kDigraphTexts = {
 };
 
 template <class Network>
-void write_heads(const Chain<Network>& chain, const RunSetting& setting,
-                 const SimulationTexts& texts, double iterations, double sample_interval) {
+constexpr const SimulationTexts& kTexts = kDirected<Network> ? kDigraphTexts : kGraphTexts;
+
+template <class Network>
+void write_heads(const Chain<Network>& chain, const RunSetting& setting, double iterations,
+                 double sample_interval) {
+    const SimulationTexts& texts = kTexts<Network>;
     {
         TextWriter out = writer_replace(setting.paths.parameter);
         out.print(texts.parameter_head, chain.network.vertices);
@@ -43,14 +48,13 @@ void write_heads(const Chain<Network>& chain, const RunSetting& setting,
     write_distribution_heads(chain.network, setting.switches, setting.paths);
 }
 
-void refresh_for_sample(Graph& graph, const OutputSwitches& switches) {
-    if (switches.geodesic_distribution || switches.cluster_giant || switches.sample_graphs) {
-        graph_refresh_descriptives(graph);
-    }
-}
-void refresh_for_sample(Digraph& digraph, const OutputSwitches& switches) {
-    if (switches.geodesic_distribution || switches.sample_graphs) {
-        digraph_refresh_descriptives(digraph);
+// Snapshots are refreshed where something written shows them.
+template <class Network>
+void refresh_for_sample(Network& network, const OutputSwitches& switches) {
+    // Directed clustering is of the network as it is now.
+    const bool clustering = switches.cluster_giant && !kDirected<Network>;
+    if (switches.geodesic_distribution || clustering || switches.sample_graphs) {
+        refresh_descriptives(network);
     }
 }
 
@@ -64,11 +68,14 @@ void write_sample(Chain<Network>& chain, const RunSetting& setting, double point
     write_distribution_rows(network, setting.selection, setting.switches, setting.paths);
 }
 
+}  // namespace
+
 template <class Network>
-void simulation_run(Chain<Network>& chain, const RunSetting& setting, const SimulationTexts& texts,
-                    double iterations, double sample_interval) {
+void simulation_run(Chain<Network>& chain, const RunSetting& setting, double iterations,
+                    double sample_interval) {
+    const SimulationTexts& texts = kTexts<Network>;
     random_reseed(chain.random);
-    write_heads(chain, setting, texts, iterations, sample_interval);
+    write_heads(chain, setting, iterations, sample_interval);
     progress_start(setting.progress, RunStage::simulation, iterations);
     double total = 0.0;
     double accepted = 0.0;
@@ -94,14 +101,5 @@ void simulation_run(Chain<Network>& chain, const RunSetting& setting, const Simu
     writer_append(setting.paths.accept).print(texts.accepted, total);
 }
 
-}  // namespace
-
-void graph_simulation_run(Chain<Graph>& chain, const RunSetting& setting, double iterations,
-                          double sample_interval) {
-    simulation_run(chain, setting, kGraphTexts, iterations, sample_interval);
-}
-
-void digraph_simulation_run(Chain<Digraph>& chain, const RunSetting& setting, double iterations,
-                            double sample_interval) {
-    simulation_run(chain, setting, kDigraphTexts, iterations, sample_interval);
-}
+template void simulation_run<Graph>(Chain<Graph>&, const RunSetting&, double, double);
+template void simulation_run<Digraph>(Chain<Digraph>&, const RunSetting&, double, double);

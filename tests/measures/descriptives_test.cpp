@@ -1,11 +1,13 @@
 // Descriptive measures of both kinds of network, against the plain reference and by hand.
-#include "report/description.h"
+#include "measures/descriptives.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "effects/geometric_weights.h"
+#include "measures/clustering.h"
+#include "measures/geodesics.h"
 #include "reference/descriptives.h"
 #include "support/random_digraphs.h"
 #include "support/random_networks.h"
@@ -31,13 +33,13 @@ std::vector<int> quartiles(const Network& network) {
 
 Graph refreshed(const PlainGraph& plain) {
     Graph graph = engine_graph(plain);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     return graph;
 }
 
 Digraph refreshed(const PlainDigraph& plain) {
     Digraph digraph = engine_digraph(plain);
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     return digraph;
 }
 
@@ -175,7 +177,7 @@ TEST(Description, IsASnapshotThatNoToggleTouches) {
     // These two are of the network as it is now.
     EXPECT_EQ(global_clustering(graph), 0.6);
     EXPECT_EQ(network_density(graph), 2.0 * 4 / 12);
-    graph_refresh_descriptives(graph);
+    refresh_descriptives(graph);
     EXPECT_EQ(graph.geodesic_distribution, (std::vector<int>{4, 2, 0, 0}));
     EXPECT_EQ(graph.clustering, (std::vector<double>{1.0, 1.0, 1.0 / 3.0, 0.0}));
 }
@@ -194,6 +196,26 @@ TEST(Description, DirectedClusteringOfASmallNetworkIsWorkedByHand) {
     EXPECT_EQ(clustering.akc_d, 0.5);
     EXPECT_EQ(clustering.akc_u, 1.0);
     EXPECT_EQ(clustering.akc_c, 0.0);
+}
+
+TEST(EtCounts, RatiosAreSinglePrecisionQuotients) {
+    Graph graph = graph_create(2, 0, 0);
+    graph.et0 = {3, 7};
+    graph.etnt = {1, 5};
+    refresh_et_ratios(graph);
+    EXPECT_EQ(graph.etnt_ratio, (std::vector<double>{static_cast<double>(1.0F / 3.0F),
+                                                     static_cast<double>(5.0F / 7.0F)}));
+}
+
+TEST(EtCounts, OnlyTheirStatisticsAreRecounted) {
+    EffectSelection selection = selection_create(NetworkKind::undirected);
+    selection.structural[graph_effect::kEdge].position = 0;
+    selection.structural[graph_effect::kEtnt].position = 1;
+    selection.structural_count = 2;
+    Graph graph = engine_graph(reference::make_graph(4, {{0, 1}, {0, 2}, {1, 2}, {2, 3}}), 2);
+    graph.statistics = {50, 60};
+    recount_uncarried(graph, selection);
+    EXPECT_EQ(graph.statistics, (std::vector<double>{50, 1}));
 }
 
 }  // namespace

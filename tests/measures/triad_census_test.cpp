@@ -3,8 +3,9 @@
 
 #include <numeric>
 
+#include "measures/descriptives.h"
+#include "measures/triad_census.h"
 #include "reference/directed_structural.h"
-#include "report/description.h"
 #include "support/random_digraphs.h"
 
 using reference::PlainDigraph;
@@ -13,7 +14,7 @@ namespace {
 
 std::vector<double> census(const PlainDigraph& plain) {
     Digraph digraph = engine_digraph(plain);
-    digraph_count_triads(digraph);
+    refresh_triad_census(digraph);
     return digraph.triad_census;
 }
 
@@ -89,18 +90,18 @@ TEST(TriadCensus, OfFewerThanThreeActorsIsEmpty) {
 
 TEST(TriadCensus, IsPartOfARefresh) {
     Digraph digraph = engine_digraph(reference::make_digraph(3, {{0, 1}, {1, 2}}));
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     EXPECT_EQ(digraph.triad_census, one_of("021C"));
     digraph_add_tie(digraph, 2, 0);
     EXPECT_EQ(digraph.triad_census, one_of("021C"));
-    digraph_refresh_descriptives(digraph);
+    refresh_descriptives(digraph);
     EXPECT_EQ(digraph.triad_census, one_of("030C"));
 }
 
 TEST(TriadCensus, TheNumberOfTriplesWrapsBeyondThirtyTwoBits) {
     // 1,292 x 1,291 x 1,290 is 2,151,683,880, as a 32-bit integer -2,143,283,416.
     Digraph digraph = digraph_create(1292, 0);
-    digraph_count_triads(digraph);
+    refresh_triad_census(digraph);
     EXPECT_EQ(digraph.triad_census.back(), -357213902.0);
 }
 
