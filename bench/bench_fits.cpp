@@ -1,7 +1,7 @@
 // What a whole fit costs: the full model at 100 actors with three parameters at work, 1,000,000
 // proposals and 1,000 samples, report and distances included.
 #include "bench_models.h"
-#include "fit/goodness_of_fit.h"
+#include "report/fit_report.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ void measure(benchmark::State& state, EffectSelection selection) {
     const BenchModel<Network> model(std::move(selection));
     const OutputPaths paths = discarded_outputs();
     RunProgress progress;
-    const RunSetting setting{model.selection, paths, {}, nullptr, progress};
+    const OutputContext outputs{model.selection, paths, {}, nullptr};
     for (auto iteration : state) {
         (void)iteration;
         Network network = start_network<Network>(kActors, model.selection);
@@ -23,7 +23,9 @@ void measure(benchmark::State& state, EffectSelection selection) {
         RandomSource random = seeded_random();
         Chain<Network> chain{network, model.active, model.parameters.data(), random};
         chain_prepare(chain);
-        fit_run(chain, observed, setting, kProposals, kInterval);
+        const FitSampleFiles<Network> files(outputs, network, kInterval);
+        write_fit_report(outputs, goodness_of_fit(chain, observed, model.selection, kProposals,
+                                                  kInterval, progress, files));
         state.counters["checksum"] = checksum(network);
     }
 }

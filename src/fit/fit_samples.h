@@ -1,40 +1,25 @@
-// The samples of a fit test and the report that compares the observed network with them.
+// The samples of a fit test and how the observed network compares with them.
 #pragma once
 
 #include <array>
-#include <string>
+#include <span>
 #include <vector>
 
 #include "base/matrix.h"
-#include "base/text_writer.h"
 #include "effects/effect_selection.h"
 #include "network/digraph.h"
 #include "network/graph.h"
-#include "report/output_paths.h"
 
-// What the two kinds of network say differently in a fit.
-struct FitTexts {
-    // Names of the descriptive rows that follow the model's statistics.
-    std::vector<const char*> descriptives;
-    const char* run_head;  // two numbers: proposals, interval
-    const char* accepted;  // one number
-    const char* table_head;
-    const char* distance;    // the distance, and for a digraph its square
-    const char* percentage;  // one number
-    bool triads;
-};
-const FitTexts& fit_texts(NetworkKind kind);
-
-// One row per statistic, one column per planned sample: p model statistics, the descriptive rows,
-// and the squared distance of each sample.
+// One row per statistic, one column per planned sample: p model statistics, the descriptive
+// measures, and the squared distance from the samples' mean.
 struct FitSamples {
     int p = 0;
     int descriptives = 0;
     int planned = 0;
     int taken = 0;
     Matrix table;                               // (p + descriptives + 1) x planned
-    std::vector<double> observed;               // p + descriptives + 1, the last unused
-    std::array<std::vector<int>, 4> quartiles;  // planned entries each
+    std::vector<double> observed;               // a value for each row
+    std::array<std::vector<int>, 4> quartiles;  // of the geodesics, planned entries each
     std::array<int, 4> observed_quartiles{};
     Matrix triads;  // 16 x planned, for a digraph
     std::vector<double> observed_triads;
@@ -49,14 +34,19 @@ FitSamples fit_samples_create(Network& observed, const EffectSelection& selectio
 template <class Network>
 void fit_samples_add(FitSamples& samples, Network& network, const EffectSelection& selection);
 
-// The table of effects and descriptive measures, from its opening on.
-void write_fit_table(TextWriter& out, const FitSamples& samples, const EffectSelection& selection,
-                     Output rows);
+// Fills the row of squared Mahalanobis distances, the observed network's too; returns how many
+// samples are closer than it. A statistic that never moved makes the covariance singular; the
+// distances then come out of what the half-done inverse holds.
+int fit_samples_measure(FitSamples& samples);
 
-// The geodesic quartiles (sorts the samples' quartiles), and for a digraph the triads.
-void write_fit_distributions(TextWriter& out, FitSamples& samples, const FitTexts& texts);
+// Mean and standard deviation of a row of samples, and (observed - mean) / deviation.
+struct FitComparison {
+    double mean;
+    double deviation;
+    double t;
+};
+FitComparison fit_compare(double observed, std::span<const double> sampled);
 
-// The Mahalanobis distance of the observed network and of each sample from the samples' mean;
-// appends all columns of the table to the sample table file.
-void write_fit_distance(TextWriter& out, FitSamples& samples, const FitTexts& texts,
-                        const std::string& table_path);
+inline std::span<const double> fit_row(const Matrix& table, int row) {
+    return {table[row], static_cast<std::size_t>(table.columns)};
+}

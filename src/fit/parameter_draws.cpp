@@ -2,18 +2,6 @@
 
 #include <cmath>
 
-#include "base/text_reader.h"
-
-Matrix read_matrix_tab(const std::string& path, int m) {
-    Matrix matrix = matrix_create(m, m, 0.0);
-    TextReader reader = reader_open(path);
-    ReadSequence cells(reader);
-    for (double& cell : matrix.cells) {
-        cells.next(reader_double, cell);
-    }
-    return matrix;
-}
-
 namespace {
 
 // Sweeps at one threshold; a symmetric matrix needs a handful.

@@ -1,14 +1,10 @@
 // Draws from a multivariate normal distribution of parameters.
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "base/matrix.h"
 #include "base/random_source.h"
-
-// Reads m x m numbers in row order; cells that cannot be read stay 0.
-Matrix read_matrix_tab(const std::string& path, int m);
 
 // The symmetric square root by the threshold Jacobi method (Greenstadt 1960): V sqrt(L) V^-1 with
 // the eigenvalues L and eigenvectors V. A negative eigenvalue gives entries that are not numbers.

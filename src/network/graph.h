@@ -8,7 +8,7 @@
 // rejected deletion puts the tie back and has never touched them.
 //
 // Actors are numbered from 0; there are no loops. These functions are the only code that writes the
-// tables, with three exceptions of their own subsystems: descriptive snapshots (report), clique
+// tables, with three exceptions of their own subsystems: descriptive snapshots (measures), clique
 // tables and the ET terms (effects), `statistics` (sampling).
 #pragma once
 

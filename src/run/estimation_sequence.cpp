@@ -1,26 +1,12 @@
 #include <cmath>
 
-#include "estimation/estimator.h"
-#include "estimation/update_files.h"
 #include "report/change_dump.h"
+#include "report/estimation_log.h"
 #include "report/statistics_report.h"
+#include "report/update_files.h"
 #include "run/run_context.h"
 
 namespace {
-
-void write_log_head(const RunContext& run) {
-    const EstimationSettings& settings = run.settings.estimation;
-    TextWriter log = writer_append(run.paths.estimation);
-    log.text("STOCHASTIC ESTIMATION FOR NETWORK " + run.settings.network_name + "\n");
-    log.text("ESTIMATION SETTINGS\n");
-    log.print("Number of sub-phases in estimation (phase 2) = %d\n", settings.sub_phases);
-    log.print("starting a-value in estimation (phase 2) = %f\n",
-              static_cast<double>(settings.a_value));
-    log.print("Multiplication factor for estimation (phase 2) = %d\n",
-              settings.multiplication_factor);
-    log.print("Number of steps in final simulation (phase 3) = %d\n", settings.phase3_steps);
-    log.print("Number of estimation runs = %d\n\n", settings.estimation_runs);
-}
 
 // A tie effect that starts at exactly 0.0 starts at the log-odds of the observed density instead.
 template <class Network>
@@ -41,25 +27,34 @@ void write_dump(RunContext& run, Graph& observed, const AssembledModel<Graph>& m
 // A directed estimation leaves no tables of change statistics.
 void write_dump(RunContext&, Digraph&, const AssembledModel<Digraph>&) {}
 
+// Estimates go back to the selection and, through the update files, to the host.
+void hand_back(RunContext& run, const std::vector<double>& parameters) {
+    store_parameters(run.selection, parameters);
+    write_update_files(run.selection, run.paths);
+}
+
 // Runs until one converges, each from the observed network and from the parameters and the scaling
-// matrix that the run before left behind.
+// matrix that the run before left behind. True when one has converged.
 template <class Network>
-int estimation_runs(RunContext& run, Network& network, AssembledModel<Network>& model,
-                    const std::optional<Network>& free_dyads) {
+bool estimation_runs(RunContext& run, Network& network, AssembledModel<Network>& model,
+                     const std::optional<Network>& free_dyads) {
+    const EstimationSettings& settings = run.settings.estimation;
+    const EstimationLog log(run.outputs());
     Network observed = network;
     Matrix scaling_matrix = matrix_create(model.size(), model.size(), 0.0);
-    int converged = 0;
-    for (int number = 1; number <= run.settings.estimation.estimation_runs && converged == 0;
-         ++number) {
-        writer_append(run.paths.estimation).print("STOCHASTIC APPROXIMATION RUN %d\n\n", number);
+    bool converged = false;
+    for (int number = 1; number <= settings.estimation_runs && !converged; ++number) {
+        write_estimation_run_head(number, run.paths.estimation);
         Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
-        converged = estimate(chain, run.setting(), run.settings.estimation, model.parameters,
-                             scaling_matrix);
+        const EstimationResult found =
+            estimate(chain, settings, model.parameters, scaling_matrix, run.progress, log);
         copy_network(observed, network);
-        writer_append(run.paths.estimation).text("\n\n");
-        if (converged == 1) {
+        write_estimation_run_end(run.paths.estimation);
+        converged = found.verdict == EstimationVerdict::converged;
+        if (converged) {
             write_dump(run, observed, model);
         }
+        hand_back(run, model.parameters);
     }
     return converged;
 }
@@ -71,18 +66,20 @@ void estimation_sequence(RunContext& run) {
     read_attribute_files(run);
     AssembledModel<Network> model(run.selection);
     const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
-    int converged = 0;
+    bool converged = false;
     {
         Network network = read_observed<Network>(run, model.size());
         start_at_density(run, network, model.parameters);
-        write_log_head(run);
+        write_estimation_head(run.settings.estimation, run.settings.network_name,
+                              run.paths.estimation);
         prepare_network(network, model.active);
         report_statistics(network, run.selection, run.paths.start_statistics);
         converged = estimation_runs(run, network, model, free_dyads);
-        store_parameters(run.selection, model.parameters);
     }
-    write_update_files(run.selection, run.paths);
-    if (run.settings.gof_after_estimation == 1 && converged == 1) {
+    if (run.settings.estimation.estimation_runs < 1) {
+        hand_back(run, model.parameters);
+    }
+    if (run.settings.gof_after_estimation == 1 && converged) {
         fit_after_estimation<Network>(run, free_dyads);
     }
 }

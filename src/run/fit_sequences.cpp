@@ -1,8 +1,9 @@
 #include <algorithm>
 
 #include "base/conversions.h"
-#include "fit/goodness_of_fit.h"
+#include "base/matrix_file.h"
 #include "fit/parameter_draws.h"
+#include "report/fit_report.h"
 #include "report/statistics_report.h"
 #include "report/syntax_file.h"
 #include "run/run_context.h"
@@ -25,7 +26,11 @@ void burn_in_and_fit(RunContext& run, Chain<Network>& chain, Network& observed, 
     progress_start(run.progress, RunStage::burn_in, burn_in);
     burn_in_run(chain, burn_in, run.progress);
     refresh_descriptives(chain.network);
-    fit_run(chain, observed, run.setting(), proposals, interval);
+    const OutputContext outputs = run.outputs();
+    write_fit_head(outputs, chain.parameters, proposals, interval);
+    const FitSampleFiles<Network> files(outputs, chain.network, interval);
+    write_fit_report(outputs, goodness_of_fit(chain, observed, run.selection, proposals, interval,
+                                              run.progress, files));
 }
 
 // Spreads each draw over the places of the full vector that are not exactly 0.0, in order; what
@@ -100,8 +105,7 @@ void bayesian_fit_sequence(RunContext& run) {
     const RunSettings& settings = run.settings;
     read_attribute_files(run);
     const std::vector<double> means = assemble_parameters(run.selection);
-    const Matrix covariance =
-        read_matrix_tab(settings.covariance_path, static_cast<int>(means.size()));
+    const Matrix covariance = matrix_read(settings.covariance_path, static_cast<int>(means.size()));
     const Matrix draws = draw_parameters(means, covariance, settings.sample_count, run.random);
     assign_full_model(run.selection);
     write_syntax(run.selection, run.paths.simulation, run.paths.sim);
@@ -111,7 +115,12 @@ void bayesian_fit_sequence(RunContext& run) {
     Network observed = network;
     const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
-    bayesian_fit_run(chain, observed, run.setting(), sets, settings.sample_count, settings.burn_in);
+    const OutputContext outputs = run.outputs();
+    write_bayesian_fit_head(outputs, settings.sample_count, settings.burn_in);
+    const FitSampleFiles<Network> files(outputs, network, std::nullopt);
+    write_bayesian_fit_report(
+        outputs, bayesian_goodness_of_fit(chain, observed, run.selection, sets, settings.burn_in,
+                                          run.progress, files));
     report_statistics(network, run.selection, run.paths.end_statistics);
 }
 

@@ -9,7 +9,7 @@
 #include "effects/evaluation.h"
 #include "measures/descriptives.h"
 #include "network/network_verbs.h"
-#include "report/output_paths.h"
+#include "report/output_context.h"
 #include "run/setup_file.h"
 
 struct RunContext {
@@ -20,9 +20,7 @@ struct RunContext {
     RandomSource random;
     RunProgress& progress;
 
-    RunSetting setting() const {
-        return {selection, paths, settings.switches, options.console, progress};
-    }
+    OutputContext outputs() const { return {selection, paths, settings.switches, options.console}; }
 };
 
 // Reads the attribute files and covariates that the selection counts.

@@ -30,22 +30,22 @@ template <class Network>
 constexpr const SimulationTexts& kTexts = kDirected<Network> ? kDigraphTexts : kGraphTexts;
 
 template <class Network>
-void write_heads(const Chain<Network>& chain, const RunSetting& setting, double iterations,
+void write_heads(const Chain<Network>& chain, const OutputContext& outputs, double iterations,
                  double sample_interval) {
     const SimulationTexts& texts = kTexts<Network>;
     {
-        TextWriter out = writer_replace(setting.paths.parameter);
+        TextWriter out = writer_replace(outputs.paths.parameter);
         out.print(texts.parameter_head, chain.network.vertices);
-        for (const OutputRow& row : output_rows(setting.selection, Output::parameter)) {
+        for (const OutputRow& row : output_rows(outputs.selection, Output::parameter)) {
             out.text(row.label + "\t");
             out.number(row.format, chain.parameters[row.position]);
             out.text("\n");
         }
         out.print(texts.proposed, iterations, sample_interval);
     }
-    write_sample_head(setting.selection, setting.paths.simulation);
-    writer_replace(setting.paths.accept).text(texts.accept_head);
-    write_distribution_heads(chain.network, setting.switches, setting.paths);
+    write_sample_head(outputs.selection, outputs.paths.simulation);
+    writer_replace(outputs.paths.accept).text(texts.accept_head);
+    write_distribution_heads(chain.network, outputs.switches, outputs.paths);
 }
 
 // Snapshots are refreshed where something written shows them.
@@ -59,47 +59,49 @@ void refresh_for_sample(Network& network, const OutputSwitches& switches) {
 }
 
 template <class Network>
-void write_sample(Chain<Network>& chain, const RunSetting& setting, double point) {
+void write_sample(Chain<Network>& chain, const OutputContext& outputs, double point) {
     Network& network = chain.network;
-    TextWriter(setting.console).print("%.0f\t", point);
-    recount_uncarried(network, setting.selection);
-    write_sample_row(setting.selection, network.statistics, point, setting.paths.simulation);
-    refresh_for_sample(network, setting.switches);
-    write_distribution_rows(network, setting.selection, setting.switches, setting.paths);
+    TextWriter(outputs.console).print("%.0f\t", point);
+    recount_uncarried(network, outputs.selection);
+    write_sample_row(outputs.selection, network.statistics, point, outputs.paths.simulation);
+    refresh_for_sample(network, outputs.switches);
+    write_distribution_rows(network, outputs.selection, outputs.switches, outputs.paths);
 }
 
 }  // namespace
 
 template <class Network>
-void simulation_run(Chain<Network>& chain, const RunSetting& setting, double iterations,
-                    double sample_interval) {
+void simulation_run(Chain<Network>& chain, const OutputContext& outputs, RunProgress& progress,
+                    double iterations, double sample_interval) {
     const SimulationTexts& texts = kTexts<Network>;
     random_reseed(chain.random);
-    write_heads(chain, setting, iterations, sample_interval);
-    progress_start(setting.progress, RunStage::simulation, iterations);
+    write_heads(chain, outputs, iterations, sample_interval);
+    progress_start(progress, RunStage::simulation, iterations);
     double total = 0.0;
     double accepted = 0.0;
     double sample_point = sample_interval;
     for (double counter = 1.0; counter < iterations + 1.0; counter += 1.0) {
         accepted += chain_step(chain);
-        progress_work(setting.progress, counter);
+        progress_work(progress, counter);
         if (counter != sample_point) {
             continue;
         }
-        write_sample(chain, setting, sample_point);
-        writer_append(setting.paths.accept)
+        write_sample(chain, outputs, sample_point);
+        writer_append(outputs.paths.accept)
             .print("%8.0f\t%8.4f\n", sample_point, accepted / sample_interval);
         total += accepted;
         accepted = 0.0;
-        if (setting.switches.sample_graphs) {
-            write_sample_graph(chain.network, setting.selection, sample_point, setting.paths);
+        if (outputs.switches.sample_graphs) {
+            write_sample_graph(chain.network, outputs.selection, sample_point, outputs.paths);
         }
         sample_point += sample_interval;
     }
-    TextWriter(setting.console).print("Accepted %.0f changes.\n", total);
-    writer_append(setting.paths.parameter).print(texts.accepted, total);
-    writer_append(setting.paths.accept).print(texts.accepted, total);
+    TextWriter(outputs.console).print("Accepted %.0f changes.\n", total);
+    writer_append(outputs.paths.parameter).print(texts.accepted, total);
+    writer_append(outputs.paths.accept).print(texts.accepted, total);
 }
 
-template void simulation_run<Graph>(Chain<Graph>&, const RunSetting&, double, double);
-template void simulation_run<Digraph>(Chain<Digraph>&, const RunSetting&, double, double);
+template void simulation_run<Graph>(Chain<Graph>&, const OutputContext&, RunProgress&, double,
+                                    double);
+template void simulation_run<Digraph>(Chain<Digraph>&, const OutputContext&, RunProgress&, double,
+                                      double);

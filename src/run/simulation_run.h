@@ -1,7 +1,7 @@
 // The simulation run: a chain that is sampled at regular proposals.
 #pragma once
 
-#include "report/run_setting.h"
+#include "report/output_context.h"
 #include "sampling/chain.h"
 
 // Makes `iterations` proposals and records a sample at every `sample_interval`-th: rows of the
@@ -11,5 +11,5 @@
 // sample point, so an interval of 0 never samples; proposals behind the last sample are in no
 // acceptance total.
 template <class Network>
-void simulation_run(Chain<Network>& chain, const RunSetting& setting, double iterations,
-                    double sample_interval);
+void simulation_run(Chain<Network>& chain, const OutputContext& outputs, RunProgress& progress,
+                    double iterations, double sample_interval);

@@ -41,7 +41,7 @@ void simulation_sequence(RunContext& run) {
     progress_start(run.progress, RunStage::burn_in, settings.burn_in);
     burn_in_run(chain, settings.burn_in, run.progress);
     refresh_descriptives(network);
-    simulation_run(chain, run.setting(), settings.iterations, sample_interval);
+    simulation_run(chain, run.outputs(), run.progress, settings.iterations, sample_interval);
     report_statistics(network, run.selection, run.paths.end_statistics);
 }
 

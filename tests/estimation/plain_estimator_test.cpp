@@ -21,7 +21,7 @@ class PlainEstimator {
         scaling = matrix_create(model_.size(), model_.size(), 0.0);
     }
 
-    int estimate(std::uint32_t clock, const EstimationSettings& settings, int proposal_kind) {
+    bool estimate(std::uint32_t clock, const EstimationSettings& settings, int proposal_kind) {
         Network network = observed_;
         RandomSource random{clock, {}};
         Chain<Network> chain = test_chain(network, model_, random, proposal_kind);

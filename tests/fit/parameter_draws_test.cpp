@@ -7,8 +7,6 @@
 #include <cmath>
 #include <random>
 
-#include "support/scratch_directory.h"
-
 namespace {
 
 // A symmetric matrix with the given eigenvalues, by random rotations.
@@ -202,14 +200,6 @@ TEST(ParameterDraws, OfNoParametersOrNoRowsAreEmpty) {
     const Matrix covariance = symmetric_matrix({0.5}, 3);
     EXPECT_TRUE(draw_parameters({1.0}, covariance, 0, random).cells.empty());
     EXPECT_TRUE(draw_parameters({1.0}, covariance, -3, random).cells.empty());
-}
-
-TEST(CovarianceFile, MissingCellsStayZero) {
-    const ScratchDirectory scratch;
-    const Matrix read = read_matrix_tab(scratch.write("c.txt", "1.5\t0.25\n-2e-1\t"), 2);
-    EXPECT_EQ(read.cells, std::vector<double>({1.5, 0.25, -0.2, 0.0}));
-    const Matrix none = read_matrix_tab((scratch.path() / "absent.txt").string(), 2);
-    EXPECT_EQ(none.cells, std::vector<double>(4, 0.0));
 }
 
 }  // namespace

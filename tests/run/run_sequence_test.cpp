@@ -4,8 +4,11 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
+#include <vector>
 
+#include "run/run.h"
 #include "support/run_outputs.h"
 #include "support/scratch_directory.h"
 #include "support/setup_text.h"
@@ -124,6 +127,29 @@ TEST(EstimationSequence, WithoutConvergenceEveryRunIsMadeAndTheUpdatesAreWritten
     EXPECT_FALSE(outputs.files.contains("gof_net.txt"));
     EXPECT_FALSE(outputs.files.contains("end_statistics_net.txt"));
     EXPECT_FALSE(outputs.files.contains("change_statistics_net.txt"));
+}
+
+TEST(EstimationSequence, TheUpdatesAndTheLogAreWholeAtEveryStage) {
+    const ScratchDirectory scratch;
+    scratch.write("run.setup", setup_text(degenerate(kUndirected)));
+    scratch.write("network.txt", sparse_network(kUndirected));
+    const CurrentDirectory inside(scratch.path());
+    std::filesystem::create_directory("out");
+    std::vector<bool> updated;
+    std::vector<int> runs_logged;
+    HostOptions options;
+    options.path_separator = '/';
+    options.updates_beside_outputs = true;
+    options.console = nullptr;
+    // Read at the start of each of the three runs.
+    options.clock_seconds = [&] {
+        updated.push_back(!file_text("out/stupdate.ovri").empty());
+        runs_logged.push_back(count_of(file_text("out/estimation_net.txt"), "Degenerate Model!\n"));
+        return 20000;
+    };
+    run_setup_file("run.setup", options);
+    EXPECT_EQ(updated, std::vector<bool>({false, true, true}));
+    EXPECT_EQ(runs_logged, std::vector<int>({0, 1, 2}));
 }
 
 TEST(EstimationSequence, UndirectedUpdatesOfSectionsThatAreOffStayEmpty) {

@@ -84,8 +84,6 @@ template std::vector<ActorPair> all_dyads<Digraph>(int);
 
 bool is_tied(const Graph& graph, int i, int j) { return graph_has_edge(graph, i, j); }
 bool is_tied(const Digraph& digraph, int i, int j) { return digraph_has_arc(digraph, i, j); }
-int tie_count(const Graph& graph) { return graph.edges; }
-int tie_count(const Digraph& digraph) { return digraph.arcs; }
 void tie(Graph& graph, int i, int j) { graph_add_tie(graph, i, j); }
 void tie(Digraph& digraph, int i, int j) { digraph_add_tie(digraph, i, j); }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "effects/evaluation.h"
+#include "network/network_verbs.h"
 #include "sampling/chain.h"
 
 struct ModelTerm {
@@ -43,8 +44,6 @@ std::vector<ActorPair> all_dyads(int n);
 
 bool is_tied(const Graph& graph, int i, int j);
 bool is_tied(const Digraph& digraph, int i, int j);
-int tie_count(const Graph& graph);
-int tie_count(const Digraph& digraph);
 void tie(Graph& graph, int i, int j);
 void tie(Digraph& digraph, int i, int j);
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "estimation/estimator.h"
+#include "report/estimation_log.h"
 #include "support/chain_models.h"
 #include "support/scratch_directory.h"
 
@@ -25,8 +25,13 @@ struct EstimationRun {
     EstimationRun(const EstimationRun&) = delete;
     EstimationRun& operator=(const EstimationRun&) = delete;
 
-    // The result of the run; the network starts from the observed one.
-    int estimate(std::int64_t clock) {
+    // A run from the observed network, logged; whether it converged.
+    bool estimate(std::int64_t clock) {
+        found = estimate(clock, EstimationLog({model.selection, paths, {}, nullptr}));
+        return found.verdict == EstimationVerdict::converged;
+    }
+
+    EstimationResult estimate(std::int64_t clock, const EstimationObserver& observer) {
         network = observed;
         RandomSource random{1, [clock] { return clock; }};
         Chain<Network> chain{network, model.active, parameters.data(), random};
@@ -34,8 +39,7 @@ struct EstimationRun {
         chain.free_dyads = free_dyads;
         chain_prepare(chain);
         RunProgress progress;
-        const RunSetting setting{model.selection, paths, {}, nullptr, progress};
-        return ::estimate(chain, setting, settings, parameters, scaling_matrix);
+        return ::estimate(chain, settings, parameters, scaling_matrix, progress, observer);
     }
 
     std::string log() const { return file_text(paths.estimation); }
@@ -48,6 +52,8 @@ struct EstimationRun {
     ScratchDirectory scratch;
     OutputPaths paths;
     EstimationSettings settings;
+    // What the last logged run found.
+    EstimationResult found;
     int proposal_kind = 0;
     const Network* free_dyads = nullptr;
 };

@@ -1,5 +1,5 @@
 // The small files through which estimates go back to the host, whole for both kinds of network.
-#include "estimation/update_files.h"
+#include "report/update_files.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
-#include "fit/fit_samples.h"
+#include "report/fit_report.h"
 #include "support/scratch_directory.h"
 
 namespace {
@@ -31,9 +32,11 @@ Written distance_report(FitSamples samples, NetworkKind kind) {
     const ScratchDirectory scratch;
     const std::string log = (scratch.path() / "log").string();
     const std::string table = (scratch.path() / "table").string();
+    const int closer = fit_samples_measure(samples);
+    write_fit_columns(samples, table);
     {
         TextWriter out = writer_append(log);
-        write_fit_distance(out, samples, fit_texts(kind), table);
+        write_fit_distance(out, {.samples = std::move(samples), .closer = closer}, kind);
     }
     return {file_text(log), file_text(table)};
 }
@@ -100,7 +103,7 @@ std::string quartile_report(const std::vector<int>& sampled, int observed) {
     const std::string log = (scratch.path() / "log").string();
     {
         TextWriter out = writer_append(log);
-        write_fit_distributions(out, samples, fit_texts(NetworkKind::undirected));
+        write_fit_distributions(out, samples, NetworkKind::undirected);
     }
     return file_text(log);
 }

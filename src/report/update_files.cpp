@@ -1,4 +1,4 @@
-#include "estimation/update_files.h"
+#include "report/update_files.h"
 
 #include "base/text_writer.h"
 

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "support/estimation_runs.h"
 
@@ -45,7 +47,7 @@ std::string result_row(const EstimationRun<Graph>& run) {
 
 TEST(EstimationLog, AModelThatNeverMovesIsDegenerate) {
     EstimationRun<Graph> run({{"edge", 0.0}, {"7-clique", 0.0}}, small_graph());
-    EXPECT_EQ(run.estimate(5), 0);
+    EXPECT_FALSE(run.estimate(5));
     EXPECT_TRUE(run.log().ends_with("Degenerate Model!\n"));
     EXPECT_FALSE(contains(run.log(), "Phase 2"));
     EXPECT_FALSE(contains(run.log(), "END PHASE1"));
@@ -56,7 +58,7 @@ TEST(EstimationLog, AModelThatNeverMovesIsDegenerate) {
 TEST(EstimationLog, AnEmptyAndACompleteNetworkMakeNoProposalAndAreDegenerate) {
     for (const std::uint32_t code : {0U, 0b1111111111U}) {
         EstimationRun<Graph> run({{"edge", 0.5}}, network_of_code<Graph>(5, code));
-        EXPECT_EQ(run.estimate(5), 0);
+        EXPECT_FALSE(run.estimate(5));
         EXPECT_TRUE(contains(run.log(), "num of iterations in each step = 0.000000\n"));
         EXPECT_TRUE(run.log().ends_with("Degenerate Model!\n"));
         EXPECT_EQ(code_of_network(run.network), code);
@@ -107,7 +109,7 @@ TEST(EstimationLog, WithoutParametersSubPhasesEndAtTheFirstChance) {
     EstimationRun<Graph> run({}, small_graph());
     run.settings.sub_phases = 3;
     run.settings.phase3_steps = 5;
-    EXPECT_EQ(run.estimate(5), 1);
+    EXPECT_TRUE(run.estimate(5));
     // The smallest whole numbers above 7 x 2^(4k/3).
     EXPECT_TRUE(contains(run.log(), "Subphase 0 has gone up to 8 steps\n"));
     EXPECT_TRUE(contains(run.log(), "Subphase 1 has gone up to 18 steps\n"));
@@ -145,12 +147,12 @@ TEST(EstimationLog, AStarNeedsAnEstimateBeyondTwoStandardErrors) {
     for (const double estimate : {4.0, -4.0}) {
         EstimationRun<Graph> at({{"edge", estimate}}, small_graph());
         hold_still(at, 4.0);
-        EXPECT_EQ(at.estimate(5), 1);
+        EXPECT_TRUE(at.estimate(5));
         EXPECT_EQ(at.scaling_matrix[0][0], 4.0);
         EXPECT_FALSE(result_row(at).ends_with("*")) << result_row(at);
         EstimationRun<Graph> beyond({{"edge", estimate * 1.0000001}}, small_graph());
         hold_still(beyond, 4.0);
-        EXPECT_EQ(beyond.estimate(5), 1);
+        EXPECT_TRUE(beyond.estimate(5));
         EXPECT_TRUE(result_row(beyond).ends_with("\t*")) << result_row(beyond);
     }
 }
@@ -167,7 +169,7 @@ TEST(EstimationLog, ARowHoldsEstimateErrorAndRatio) {
 TEST(EstimationLog, ARatioThatIsNotANumberLeavesTheRunConvergedAndUnstarred) {
     EstimationRun<Graph> run({{"edge", 9.0}}, small_graph());
     hold_still(run, -4.0);
-    EXPECT_EQ(run.estimate(5), 1);
+    EXPECT_TRUE(run.estimate(5));
     EXPECT_TRUE(contains(result_row(run), "nan")) << result_row(run);
     EXPECT_FALSE(contains(result_row(run), "*"));
 }
@@ -176,7 +178,7 @@ TEST(EstimationLog, ARatioOfATenthOrMoreGetsNoStarAndDoesNotConverge) {
     // At a parameter far off, phase 3 lies far from the observation.
     EstimationRun<Graph> run({{"edge", 3.0}}, small_graph());
     run.settings.sub_phases = 0;
-    EXPECT_EQ(run.estimate(5), 0);
+    EXPECT_FALSE(run.estimate(5));
     EXPECT_FALSE(contains(result_row(run), "*"));
 }
 
@@ -188,6 +190,52 @@ TEST(EstimationLog, TheCovarianceFileIsReplacedByEachRun) {
     const std::string second = file_text(run.paths.covariance);
     EXPECT_NE(first, second);
     EXPECT_EQ(std::count(second.begin(), second.end(), '\n'), 2);
+}
+
+// The numbers of a log line behind its opening text, tabs between them.
+std::vector<double> numbers_behind(const std::string& log, const std::string& opening) {
+    std::istringstream line(log.substr(log.find(opening) + opening.size()));
+    std::vector<double> numbers;
+    for (double number = 0.0; line.peek() != '\n' && line >> number;) {
+        numbers.push_back(number);
+        line.get();
+    }
+    return numbers;
+}
+
+void expect_near(const std::vector<double>& written, const std::vector<double>& found,
+                 double tolerance) {
+    ASSERT_EQ(written.size(), found.size());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        EXPECT_NEAR(written[i], found[i], tolerance);
+    }
+}
+
+TEST(EstimationLog, ShowsTheNumbersOfTheRecord) {
+    EstimationRun<Graph> run({{"edge", 0.0}, {"2-star", 0.0}}, small_graph());
+    run.settings.sub_phases = 3;
+    run.estimate(5);
+    const EstimationResult& found = run.found;
+    expect_near(numbers_behind(run.log(), "original statistics:"), found.observed, 5e-7);
+    expect_near(numbers_behind(run.log(), "starting parameters:"), found.start, 5e-7);
+    expect_near(numbers_behind(run.log(), "statistics in phase1:"), found.phase1.means, 5e-7);
+    expect_near(numbers_behind(run.log(), "END PHASE2 parameter:"), found.parameters, 5e-7);
+    expect_near(numbers_behind(run.log(), "statistics in phase3:"), found.phase3.means, 5e-7);
+    ASSERT_EQ(found.sub_phases.size(), 3U);
+    for (std::size_t k = 0; k < found.sub_phases.size(); ++k) {
+        const std::string number = std::to_string(k);
+        const SubPhase& sub_phase = found.sub_phases[k];
+        expect_near(numbers_behind(run.log(), "Subphase " + number + " started with a valued "),
+                    {sub_phase.gain}, 5e-7);
+        EXPECT_TRUE(contains(run.log(), "Subphase " + number + " has gone up to " +
+                                            std::to_string(sub_phase.path.rows) + " steps\n"));
+        expect_near(numbers_behind(run.log(), "Parameter after Subphase " + number + ":"),
+                    sub_phase.parameters, 5e-6);
+    }
+    expect_near(numbers_behind(run.log(), "\nedge\t"),
+                {found.parameters[0], std::sqrt(found.covariance[0][0]), found.t_ratios[0]}, 5e-6);
+    expect_near(numbers_behind(run.log(), "Covariance Matrix\n"),
+                {found.covariance[0][0], found.covariance[0][1]}, 5e-7);
 }
 
 }  // namespace

@@ -1,17 +1,16 @@
-// What every driver of a run works with beside its chain, lent by the run.
+// What the writers of a run's files share, lent by the run.
 #pragma once
 
 #include <cstdio>
 
-#include "base/host_options.h"
 #include "effects/effect_selection.h"
 #include "report/output_paths.h"
 #include "report/sample_tables.h"
 
-struct RunSetting {
+struct OutputContext {
     const EffectSelection& selection;
     const OutputPaths& paths;
     OutputSwitches switches;
+    // Takes the console text; null for none.
     std::FILE* console;
-    RunProgress& progress;
 };
