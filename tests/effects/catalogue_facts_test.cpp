@@ -179,9 +179,9 @@ class EveryEffect {
     static void clear_bits(Digraph& digraph, int i, int j) { digraph_remove_arc(digraph, i, j); }
     void count(Graph& graph) const {
         graph_count_cliques(graph);
-        graph_compute_statistics(graph, model_);
+        compute_statistics(graph, model_);
     }
-    void count(Digraph& digraph) const { digraph_compute_statistics(digraph, model_); }
+    void count(Digraph& digraph) const { compute_statistics(digraph, model_); }
     void evaluate(Graph& graph, std::vector<double>& changes, int i, int j, int adding) const {
         graph_evaluate_toggle(graph, model_, parameters_.data(), changes.data(), i, j, adding);
     }
