@@ -87,11 +87,11 @@ Network random_start(const EffectSelection& selection, int mean_degree) {
     if constexpr (std::is_same_v<Network, Graph>) {
         Graph graph = random_graph(actors, mean_degree, model.size(), clique_depth(selection));
         graph_count_cliques(graph);
-        graph_compute_statistics(graph, model.active);
+        compute_statistics(graph, model.active);
         return graph;
     } else {
         Digraph digraph = random_digraph(actors, mean_degree, model.size());
-        digraph_compute_statistics(digraph, model.active);
+        compute_statistics(digraph, model.active);
         return digraph;
     }
 }
