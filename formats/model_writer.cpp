@@ -61,7 +61,7 @@ void write_network(ModelText& out, const ModelFile& model, const std::string& di
 }
 
 std::string column_text(const ColumnOption& option) {
-    const std::string type = option.type ? toml_text(attribute_type_name(*option.type)) : "";
+    std::string type = option.type ? toml_text(attribute_type_name(*option.type)) : "";
     if (!option.keep_missing) {
         return type;
     }

@@ -13,7 +13,8 @@ void append(const Problems& problems, StudyFiles& files) {
 
 void append(const std::string& about, const std::vector<std::string>& notes, StudyFiles& files) {
     for (const std::string& note : notes) {
-        files.notes.push_back(about + ": " + note);
+        files.notes.push_back(about);
+        files.notes.back().append(": ").append(note);
     }
 }
 

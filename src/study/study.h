@@ -17,6 +17,7 @@
 struct ActorTie {
     int from = 0;
     int to = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the comparison that the compiler writes
     friend auto operator<=>(const ActorTie&, const ActorTie&) = default;
 };
 
