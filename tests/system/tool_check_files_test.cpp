@@ -79,11 +79,11 @@ TEST_F(ToolCheckFiles, TooFewCellsAreAnErrorWithTheSizeThatWouldFit) {
     expect_error("network file", "may be meant to be 4");
 }
 
-TEST_F(ToolCheckFiles, TooManyCellsAreSurprising) {
+TEST_F(ToolCheckFiles, TooManyCellsAreAnError) {
     check_network("0 1 0 0 0 0\n1 0 0 0 0 0\n0 0 0 1 0 0\n0 0 1 0 0 0\n0 0 0 0 0 0\n0 0 0 0 0 0\n");
-    expect_warning("network file", "11 cells more than are read");
-    expect_warning("network file", "its first line holds 6 numbers");
-    expect_warning("network file", "may be meant to be 6");
+    expect_error("network file", "11 cells more than are read");
+    expect_error("network file", "its first line holds 6 numbers");
+    expect_error("network file", "may be meant to be 6");
 }
 
 TEST_F(ToolCheckFiles, TextInAMatrixIsAnErrorWithItsPlace) {
@@ -93,8 +93,69 @@ TEST_F(ToolCheckFiles, TextInAMatrixIsAnErrorWithItsPlace) {
 }
 
 TEST_F(ToolCheckFiles, ACellThatIsSwallowedRepeatsTheOneBefore) {
-    check_network("0 1 1 0 0\n1 0 - 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
-    expect_error("network file", "\"-\" in row 2, column 3; it cannot be read and repeats");
+    check_network("0 1 1 0 0\n1 0 -x 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "\"-x\" in row 2, column 3");
+}
+
+TEST_F(ToolCheckFiles, MissingCellsAreCountedAndAnswered) {
+    check_network("0 1 NA 0 0\n1 0 1 0 0\nNA 1 0 NA 0\n0 0 NA 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "network.txt:1: error");
+    expect_error("network file", "\"NA\" in row 1, column 3 and in 3 more cells");
+    expect_error("network file", "a network file has no missing values");
+    check_network("0 1 9999 0 0\n1 0 1 0 0\n9999 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "a network file has no missing values");
+}
+
+TEST_F(ToolCheckFiles, TruthValuesAreAnsweredWithTheirDigits) {
+    check_network("F T T F F\nT F T F F\nT T F T F\nF F T F F\nF F F F F\n");
+    expect_error("network file", "write 0 for \"F\", and 1 for a tie");
+    check_network("0 TRUE 1 0 0\n1 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "\"TRUE\" in row 1, column 2");
+    expect_error("network file", "write 1 for \"TRUE\"");
+}
+
+TEST_F(ToolCheckFiles, AnEdgeListIsCalledAnEdgeList) {
+    for (const char* list :
+         {"1 2\n1 3\n2 3\n3 4\n", "anna bert\nanna carl\n", "1 2 1\n1 3 1\n2 3 1\n",
+          "1 2\n1 3\n1 4\n1 5\n2 3\n2 4\n2 5\n3 4\n3 5\n4 5\n2 1\n3 1\n4 1\n"}) {
+        check_network(list);
+        expect_error("network file", "network.txt:1: error");
+        expect_error("network file", "an edge list");
+        EXPECT_NE(result.out.find(" 1 error, 0 warnings"), std::string::npos) << result.out;
+    }
+    check_network("*Vertices 5\n1 \"a\"\n*Edges\n1 2\n");
+    expect_error("network file", "a Pajek file");
+}
+
+TEST_F(ToolCheckFiles, AByteOrderMarkIsCalledByItsName) {
+    const std::string matrix = scratch.read("network.txt");
+    check_network("\xEF\xBB\xBF" + matrix);
+    expect_error("network file", "a byte order mark (BOM)");
+    check_network("\xFF\xFE" + matrix);
+    expect_error("network file", "UTF-16");
+    scratch.write("network.txt", matrix);
+    check_wealth("\xEF\xBB\xBFwealth\n1\n2\n3\n4\n5\n");
+    expect_warning("continuous attribute file", "the mark becomes part of the first name");
+}
+
+TEST_F(ToolCheckFiles, AShortRowIsReportedAtItsOwnLineAndRow) {
+    check_network("\n0 1 1 0 0\n1 0 1 0 0\n\n1 1 0 1\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "network.txt:5: error");
+    expect_error("network file", "row 3 holds 4 cells");
+    expect_error("network file", "write the missing 1 cell");
+    check_network("0 1 1 0 0\n1 0 1 0 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "network.txt:2: error");
+    expect_error("network file", "remove 1 cell from the row");
+    // Rows may be broken anywhere while their cells are complete.
+    check_network("0 1 1\n0 0\n1 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_nothing();
+}
+
+TEST_F(ToolCheckFiles, HalfAMatrixIsAnErrorOfAnUndirectedNetwork) {
+    check_network("0 1 1 0 0\n0 0 1 0 0\n0 0 0 1 0\n0 0 0 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "write each tie below the diagonal too");
+    check_network("0 0 0 0 0\n1 0 0 0 0\n1 1 0 0 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "this network has no tie");
 }
 
 TEST_F(ToolCheckFiles, AHeadLineInAMatrixIsExplained) {
@@ -112,9 +173,9 @@ TEST_F(ToolCheckFiles, TextBehindAMatrixIsSurprising) {
     expect_warning("network file", "\"end\" behind the last cell");
 }
 
-TEST_F(ToolCheckFiles, CellsOtherThanZeroAndOneAreSurprising) {
+TEST_F(ToolCheckFiles, CellsOtherThanZeroAndOneAreErrors) {
     check_network("0 2 1 0 0\n0 0 1 0 3\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
-    expect_warning("network file", "\"2\" in row 1, column 2 and 1 more cell");
+    expect_error("network file", "\"2\" in row 1, column 2 and 1 more cell");
 }
 
 TEST_F(ToolCheckFiles, TiesOnTheDiagonalAreSurprising) {
@@ -122,11 +183,11 @@ TEST_F(ToolCheckFiles, TiesOnTheDiagonalAreSurprising) {
     expect_warning("network file", "a tie of actor 2 to itself and 1 more such cell");
 }
 
-TEST_F(ToolCheckFiles, AnAsymmetricMatrixIsSurprisingForAnUndirectedNetworkOnly) {
+TEST_F(ToolCheckFiles, AnAsymmetricMatrixIsAnErrorOfAnUndirectedNetworkOnly) {
     const std::string matrix = "0 1 1 0 0\n0 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n";
     check_network(matrix);
-    expect_warning("network file", "network.txt:2: warning");
-    expect_warning("network file", "row 2, column 1 differs from its mirror cell");
+    expect_error("network file", "network.txt:2: error");
+    expect_error("network file", "row 2, column 1 differs from its mirror cell");
     check({.kind = 2, .effects = {{"arc", "1 0.0"}}});
     expect_nothing();
 }
@@ -175,7 +236,8 @@ TEST_F(ToolCheckFiles, AMissingLineOfNamesIsExplained) {
 
 TEST_F(ToolCheckFiles, TooFewAttributeValuesAreAnError) {
     check_binary("old,tall\n0 1\n1 0\n1\n1 1\n0 0\n");
-    expect_error("binary attribute file", "after 9 values; line 4 holds 1 value");
+    expect_error("binary attribute file", "binary.txt:4: error");
+    expect_error("binary attribute file", "after 9 values; row 3 holds 1 value");
 }
 
 TEST_F(ToolCheckFiles, TooManyAttributeValuesAreSurprising) {
@@ -195,8 +257,15 @@ TEST_F(ToolCheckFiles, AttributeValuesThatAreNoNumbersAreErrors) {
     // A word that begins like a number that is none is swallowed, and reading goes on behind it.
     expect_error("continuous attribute file",
                  "\"NA\" where value 1 of actor 3 is read; it cannot be read and stays 0");
+    expect_error("continuous attribute file", "9999 stands for a missing value");
     check_wealth("wealth\n1\n2\n?\n4\n5\n");
     expect_error("continuous attribute file", "\"?\" where value 1 of actor 3 is read; this and 2");
+    check_wealth("wealth\n1\nNA\nNA\n4\n5\n");
+    expect_error("continuous attribute file", "for each of the 2 missing values: 9999");
+    check_binary("old,tall\n0 TRUE\n1 0\n1 0\n1 1\n0 0\n");
+    expect_error("binary attribute file", "write 1 for \"TRUE\"");
+    check_group("group\n1\nNA\n2\n3\n1\n");
+    expect_error("categorical attribute file", "a code that no other has");
 }
 
 TEST_F(ToolCheckFiles, BinaryValuesOtherThanZeroOneAndMissingAreSurprising) {
@@ -239,6 +308,19 @@ TEST_F(ToolCheckFiles, ACovariateWithTooFewRowsIsFoundByTheNextName) {
 TEST_F(ToolCheckFiles, ACovariateWithTooManyRowsIsFoundByItsNumbersForAName) {
     check_covariates(std::string("near\n") + kSquare + "5 4 3 2 1\nfar\n" + kSquare);
     expect_error("covariate 2 of 2", "remove the rows that covariate 1 has more than 5");
+}
+
+TEST_F(ToolCheckFiles, AShortRowOfACovariateIsReportedAtItsOwnLine) {
+    const std::string short_row = with(kSquare, "2 1 0 1 2", "2 1 0 1");
+    check_covariates("near\n" + short_row + "far\n" + kSquare);
+    expect_error("covariate 1 of 2", "covariates.txt:4: error");
+    expect_error("covariate 1 of 2", "row 3 holds 4 values");
+}
+
+TEST_F(ToolCheckFiles, MissingValuesOfACovariateAreCountedAndAnswered) {
+    check_covariates("near\n" + with(with(kSquare, "2 1 0", "NA 1 0"), "0 1 2 3", "0 1 NA 3") +
+                     "far\n" + kSquare);
+    expect_error("covariate 1 of 2", "for each of the 2 missing values");
 }
 
 TEST_F(ToolCheckFiles, ACovariateFileThatEndsEarlyIsAnError) {

@@ -96,9 +96,23 @@ TEST_F(ToolCheckSetup, AMissingRowIsFoundByItsNeighboursLabel) {
     expect_error("AS flag", "line 23 is labelled \"Q20\", but the effect read there is \"Q10\"");
 }
 
-TEST_F(ToolCheckSetup, RowsOutOfOrderAreSurprising) {
+TEST_F(ToolCheckSetup, ALabelThatNamesAnotherRowIsAnError) {
     check_text(with(with(ToolSetup().text(), "2-star", "x"), "3-star", "2-star"));
-    expect_warning("3-star flag", "is labelled \"2-star\"");
+    expect_error("3-star flag", "is labelled \"2-star\"");
+}
+
+TEST_F(ToolCheckSetup, ALabelOfAnAttributeThatNamesAnotherRowIsAnError) {
+    const std::string block =
+        "Attributes 1\nBinary 0\nContinuous 1\n1\nFile wealth.txt\nw_sum 1 0\nw_diff 0 0\n"
+        "w_prod 0 0\nCategorical 0";
+    scratch.write("wealth.txt", "wealth\n1\n2\n3\n4\n5\n");
+    check({.attributes = block});
+    expect_nothing();
+    check({.attributes = with(block, "w_sum", "w_prod")});
+    expect_error("continuous attribute 1: _sum_of_Continuous flag", "is labelled \"w_prod\"");
+    // A label of no row is free.
+    check({.attributes = with(block, "w_sum", "product_of_wealth_and_more")});
+    expect_nothing();
 }
 
 TEST_F(ToolCheckSetup, ANumberTooManyIsFoundOnItsLine) {

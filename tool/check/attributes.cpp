@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "check/checks.h"
+#include "check/file_text.h"
 #include "check/files.h"
 #include "check/numbers.h"
 
@@ -100,6 +101,13 @@ void check_names(const Subject& subject, const std::vector<std::string>& names,
     }
 }
 
+void check_mark(const Subject& subject, Findings& findings) {
+    if (const auto trouble = foreign_encoding(line_of_file(subject.path, 1))) {
+        add_warning(findings, subject.where(trouble->line), trouble->found, "plain text",
+                    trouble->mend + ": the mark becomes part of the first name");
+    }
+}
+
 // The first line of values that does not hold one value per attribute; 0 when all do.
 int odd_line(const Subject& subject) {
     const std::string text = bytes_of_file(subject.path);
@@ -136,24 +144,43 @@ NumberBlock<double> read_values(const Subject& subject, TextReader& reader) {
     return {{block.values.begin(), block.values.end()}, block.end, block.begin};
 }
 
-void report_break(const Subject& subject, const Breakoff& end, Findings& findings) {
-    const Where where = subject.where(end.place.line);
-    if (end.at_end) {
-        add_error(
-            findings, where,
-            "the end of the file after " + counted(end.index, "value") + odd_line_text(subject),
-            subject.shape(),
-            "write the missing " + counted(end.unread, "value") +
-                ", or correct the counts in the setup file");
-        return;
+// What to write in the place of a word that is no value.
+std::string mend_word(const Subject& subject, const std::string& word) {
+    const bool categorical = subject.kind.group == AttributeGroup::categorical;
+    if (stands_for_missing(word)) {
+        const long long count = count_missing(bytes_of_file(subject.path));
+        return (count > 1 ? "write a number for each of the " + counted(count, "missing value")
+                          : std::string("write a number")) +
+               (categorical ? ": a category has no code for missing values, so give each unknown "
+                              "actor a code that no other has"
+                            : ": 9999 stands for a missing value");
     }
-    const std::string& word = end.place.word;
-    std::string mend = "write a number there; 9999 stands for a missing value";
+    if (const char digit = digit_of_truth(word); digit != 0) {
+        return "write " + std::string(1, digit) + " for " + quoted(word);
+    }
     if (!word.empty() && (word[0] == '.' || word[0] == ',')) {
-        mend = subject.kind.group == AttributeGroup::continuous
+        return subject.kind.group == AttributeGroup::continuous
                    ? "write a decimal point, and blanks between values"
                    : "write whole numbers, with blanks between them";
     }
+    return categorical ? "write the code of a category there"
+                       : "write a number there; 9999 stands for a missing value";
+}
+
+void report_break(const Subject& subject, const Breakoff& end, Findings& findings) {
+    const Where where = subject.where(end.place.line);
+    if (end.at_end) {
+        const std::optional<OddRow> odd =
+            first_odd_row(bytes_of_file(subject.path), 2, subject.count, 0);
+        add_error(findings, odd ? subject.where(odd->line) : where,
+                  "the end of the file after " + counted(end.index, "value") +
+                      (odd ? "; " + describe_odd_row(*odd, "value") : odd_line_text(subject)),
+                  subject.shape(),
+                  "write the missing " + counted(end.unread, "value") +
+                      ", or correct the counts in the setup file");
+        return;
+    }
+    const std::string& word = end.place.word;
     const std::string what = end.unread > 1 ? "this and " + counted(end.unread - 1, "more value") +
                                                   " cannot be read and stay 0"
                                             : std::string("it cannot be read and stays 0");
@@ -161,7 +188,7 @@ void report_break(const Subject& subject, const Breakoff& end, Findings& finding
               quoted(word) + " where value " + std::to_string(end.index % subject.count + 1) +
                   " of actor " + std::to_string(end.index / subject.count + 1) + " is read; " +
                   what,
-              subject.kind.expected, mend);
+              subject.kind.expected, mend_word(subject, word));
 }
 
 bool is_strange(const Subject& subject, double value) {
@@ -226,6 +253,7 @@ void check_values_file(const Subject& subject, Findings& findings) {
         return;
     }
     check_names(subject, names, findings);
+    check_mark(subject, findings);
     TextReader reader = reader_open(subject.path);
     reader_line(reader);
     const NumberBlock<double> block = read_values(subject, reader);

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "check/checks.h"
+#include "check/file_text.h"
 #include "check/files.h"
 #include "check/numbers.h"
 
@@ -35,31 +36,47 @@ struct Subject {
     }
 };
 
-void report_break(const Subject& subject, const CovariateScan& scan, Findings& findings) {
-    const long long n = subject.actors;
-    const std::string expected =
-        "a line with the name, then " + squared(subject.actors) + " values";
+// A row of the covariate that is too short or too long, before the place where reading ended.
+std::optional<OddRow> odd_row(const Subject& subject, const CovariateScan& scan) {
+    const std::optional<OddRow> odd = first_odd_row(bytes_of_file(subject.path), scan.name_line + 1,
+                                                    subject.actors, subject.actors);
     const Breakoff& end = scan.block.end;
-    const Where where = subject.where(end.place.line);
+    return odd && (end.at_end || odd->line < end.place.line) ? odd : std::nullopt;
+}
+
+std::string mend_break(const Subject& subject, const CovariateScan& scan) {
+    const Breakoff& end = scan.block.end;
     if (end.at_end) {
-        add_error(
-            findings, where,
-            "the end of the file after " + counted(end.index, "value") + " of " + quoted(scan.name),
-            expected,
-            "write the missing values, or correct the covariate count and the actor count in "
-            "the setup file");
-        return;
+        return "write the missing values, or correct the covariate count and the actor count in "
+               "the setup file";
     }
-    const bool next_name = subject.number < subject.count && end.index % n == 0;
-    const std::string what = end.unread > 1 ? "; nothing behind it can be read as meant"
-                                            : "; it cannot be read and stays 0";
-    add_error(findings, where,
-              quoted(end.place.word) + " after " + counted(end.index, "value") + " of " +
-                  quoted(scan.name) + what,
-              expected,
-              next_name ? "write the missing " + counted(n - end.index / n, "row") +
-                              ", if this is the name of the next covariate"
-                        : "write a number there, with a decimal point and blanks between values");
+    if (stands_for_missing(end.place.word)) {
+        return "write a number for each of the " +
+               counted(count_missing(bytes_of_file(subject.path)), "missing value") +
+               " of the file: a covariate has none";
+    }
+    const long long n = subject.actors;
+    if (subject.number < subject.count && end.index % n == 0) {
+        return "write the missing " + counted(n - end.index / n, "row") +
+               ", if this is the name of the next covariate";
+    }
+    return "write a number there, with a decimal point and blanks between values";
+}
+
+void report_break(const Subject& subject, const CovariateScan& scan, Findings& findings) {
+    const Breakoff& end = scan.block.end;
+    const std::optional<OddRow> odd = odd_row(subject, scan);
+    std::string found = (end.at_end ? "the end of the file" : quoted(end.place.word)) + " after " +
+                        counted(end.index, "value") + " of " + quoted(scan.name);
+    if (odd) {
+        found += "; " + describe_odd_row(*odd, "value");
+    } else if (!end.at_end) {
+        found += end.unread > 1 ? "; nothing behind it can be read as meant"
+                                : "; it cannot be read and stays 0";
+    }
+    add_error(findings, subject.where(odd ? odd->line : end.place.line), found,
+              "a line with the name, then " + squared(subject.actors) + " values",
+              mend_break(subject, scan));
 }
 
 // True when the line that should be a name is a row of numbers.

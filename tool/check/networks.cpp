@@ -1,5 +1,6 @@
 #include "base/text_reader.h"
 #include "check/checks.h"
+#include "check/file_text.h"
 #include "check/files.h"
 #include "check/numbers.h"
 
@@ -48,11 +49,15 @@ std::string size_hint(long long numbers, int actors) {
                : "";
 }
 
+std::string expected_cells(const Subject& subject) {
+    return counted(subject.wanted(), "cell") + " (" + squared(subject.actors) +
+           " for the actor count of " + std::to_string(subject.actors) + ")";
+}
+
 void report_break(const Subject& subject, Findings& findings) {
     const Breakoff& end = subject.block.end;
     const int n = subject.actors;
-    const std::string expected = counted(subject.wanted(), "cell") + " (" + squared(n) +
-                                 " for the actor count of " + std::to_string(n) + ")";
+    const std::string expected = expected_cells(subject);
     if (end.at_end) {
         add_error(findings, subject.where(end.place.line),
                   "the end of the file after " + counted(end.index, "cell"), expected,
@@ -76,10 +81,10 @@ void report_surplus(const Subject& subject, TextReader& reader, Findings& findin
                                      ? "; its first line holds " + counted(width, "number") +
                                            ", so rows are read across lines"
                                      : "";
-        add_warning(findings, subject.where(0),
-                    counted(surplus, "cell") + " more than are read" + rows, expected,
-                    "remove them or correct the actor count; they are ignored" +
-                        size_hint(subject.wanted() + surplus, subject.actors));
+        add_error(findings, subject.where(0),
+                  counted(surplus, "cell") + " more than are read" + rows, expected,
+                  "remove them or correct the actor count" +
+                      size_hint(subject.wanted() + surplus, subject.actors));
     }
     if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(subject.path, reader_offset(reader));
@@ -123,16 +128,21 @@ std::string more_of(const Sample& sample, const std::string& what) {
 void check_values(const Subject& subject, Findings& findings) {
     const Sample strange = sample_cells(subject, [&subject](int i, int j) {
         const int value = subject.cell(i, j);
-        return (subject.directed ? i != j : i < j) && value != 0 && value != 1;
+        return i != j && value != 0 && value != 1;
     });
     if (strange.count > 0) {
-        add_warning(findings, where_sample(subject, strange),
-                    quoted(std::to_string(subject.cell(strange.row, strange.column))) + " in " +
-                        place_text(strange.row, strange.column) + more_of(strange, "cell"),
-                    "0 or 1", "write 1 for a tie: any other number is read as no tie");
+        const int value = subject.cell(strange.row, strange.column);
+        add_error(findings, where_sample(subject, strange),
+                  quoted(std::to_string(value)) + " in " + place_text(strange.row, strange.column) +
+                      more_of(strange, "cell"),
+                  "0 or 1",
+                  value == kMissing || value < 0
+                      ? "write 1 or 0: a network file has no missing values, and any number but 1 "
+                        "is read as no tie"
+                      : "write 1 for a tie and 0 for none: any other number is read as no tie");
     }
     const Sample loops = sample_cells(
-        subject, [&subject](int i, int j) { return i == j && subject.cell(i, j) == 1; });
+        subject, [&subject](int i, int j) { return i == j && subject.cell(i, j) != 0; });
     if (loops.count > 0) {
         add_warning(findings, where_sample(subject, loops),
                     "a tie of actor " + std::to_string(loops.row + 1) + " to itself" +
@@ -141,17 +151,34 @@ void check_values(const Subject& subject, Findings& findings) {
     }
 }
 
+std::string mend_symmetry(const Subject& subject) {
+    const auto ties = [&subject](bool above) {
+        return sample_cells(subject,
+                            [&subject, above](int i, int j) {
+                                return (above ? i < j : j < i) && subject.cell(i, j) == 1;
+                            })
+            .count;
+    };
+    if (ties(true) == 0) {
+        return "write each tie above the diagonal too: only that half is read, so this network "
+               "has no tie";
+    }
+    return ties(false) == 0
+               ? "write each tie below the diagonal too"
+               : "make both cells equal: only the cell above the diagonal is read. Arcs that may "
+                 "stand alone make a directed network (network kind 2)";
+}
+
 void check_symmetry(const Subject& subject, Findings& findings) {
     const Sample uneven = sample_cells(subject, [&subject](int i, int j) {
         return j < i && (subject.cell(i, j) == 1) != (subject.cell(j, i) == 1);
     });
     if (!subject.directed && uneven.count > 0) {
-        add_warning(
+        add_error(
             findings, where_sample(subject, uneven),
             place_text(uneven.row, uneven.column) + " differs from its mirror cell" +
                 (uneven.count > 1 ? ", and so do " + counted(uneven.count - 1, "more pair") : ""),
-            "a symmetric matrix for an undirected network",
-            "make both cells equal: only the cell above the diagonal is used");
+            "a symmetric matrix for an undirected network", mend_symmetry(subject));
     }
 }
 
@@ -184,12 +211,22 @@ std::optional<Ties> check_network(const SetupView& view, SetupId id, const std::
     const NumberBlock<int> block =
         read_numbers<int>(reader, path, static_cast<long long>(actors) * actors, reader_cell);
     const Subject subject = {path, name_of(view, id), actors, is_directed(view), block};
+    Findings own;
     if (!block.complete()) {
-        report_break(subject, findings);
-        return std::nullopt;
+        report_break(subject, own);
+    } else {
+        check_values(subject, own);
+        check_symmetry(subject, own);
+        report_surplus(subject, reader, own);
     }
-    check_values(subject, findings);
-    check_symmetry(subject, findings);
-    report_surplus(subject, reader, findings);
-    return make_ties(subject);
+    const bool fine = count_findings(own, Severity::error) == 0;
+    if (const auto trouble =
+            fine ? std::nullopt : explain_matrix_text(bytes_of_file(path), actors)) {
+        // What explains them all stands for what follows from it.
+        own.list.clear();
+        add_error(own, subject.where(trouble->line), trouble->found, expected_cells(subject),
+                  trouble->mend);
+    }
+    findings.list.insert(findings.list.end(), own.list.begin(), own.list.end());
+    return fine ? std::optional(make_ties(subject)) : std::nullopt;
 }

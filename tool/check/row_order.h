@@ -1,7 +1,7 @@
-// Structural rows that stand in another place than their labels say.
+// Rows of effects that stand in another place than their labels say.
 //
-// The engine reads labels for nothing, so a label that names another effect than the one read there
-// proves nothing; but whoever wrote it will hardly have meant it.
+// The engine reads labels for nothing: a row whose label is the name of another row of its section
+// would silently be that other effect.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 #include "check/setup_view.h"
 
-// The first structural row whose label names another effect than the one read there.
+// The first row whose label names another effect than the one read there.
 std::optional<std::size_t> first_misplaced_row(const SetupView& view);
 
 // A sentence that tells which effect is read there and what the label says.

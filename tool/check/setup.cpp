@@ -166,10 +166,9 @@ void check_rows(const SetupView& view, Findings& findings) {
     const std::optional<std::size_t> row = first_misplaced_row(view);
     if (row && *row < view.sound_items && is_sound(view)) {
         const ReadItem& item = view.trace.items[*row];
-        add_warning(findings,
-                    {view.path, line_at(view, item.label_offset), name_of(view, item.key)},
-                    describe_misplaced_row(view, *row), "the rows in their order",
-                    "put the rows in order: labels are for people, only the place of a row counts");
+        add_error(findings, {view.path, line_at(view, item.label_offset), name_of(view, item.key)},
+                  describe_misplaced_row(view, *row), "the rows in their order",
+                  "put the rows in order: labels are for people, only the place of a row counts");
     }
 }
 
