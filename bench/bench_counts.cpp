@@ -2,7 +2,7 @@
 // every directed one and the triad census at 500 actors and mean out-degree 3.
 #include "bench_support.h"
 #include "effects/cliques.h"
-#include "measures/descriptives.h"
+#include "measures/triad_census.h"
 
 namespace {
 

@@ -78,16 +78,6 @@ void write_et_row(Graph& graph, const EffectSelection& selection, const std::str
     out.text("\n");
 }
 
-template <class Network>
-void write_sample_graph_of(Network& network, const EffectSelection& selection, double number,
-                           const OutputPaths& paths) {
-    std::array<char, 400> digits{};
-    std::snprintf(digits.data(), digits.size(), "%.0f", number);
-    const std::string path = paths.sample_statistics + digits.data() + ".txt";
-    report_statistics(network, selection, path);
-    write_pajek_record(network, path, paths.pajek);
-}
-
 }  // namespace
 
 void write_sample_head(const EffectSelection& selection, const std::string& path) {
@@ -219,11 +209,16 @@ void write_distribution_rows(Digraph& digraph, const EffectSelection& selection,
     }
 }
 
-void write_sample_graph(Graph& graph, const EffectSelection& selection, double number,
+template <class Network>
+void write_sample_graph(Network& network, const EffectSelection& selection, double number,
                         const OutputPaths& paths) {
-    write_sample_graph_of(graph, selection, number, paths);
+    std::array<char, 400> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.0f", number);
+    const std::string path = paths.sample_statistics + digits.data() + ".txt";
+    report_statistics(network, selection, path);
+    write_pajek_record(network, path, paths.pajek);
 }
-void write_sample_graph(Digraph& digraph, const EffectSelection& selection, double number,
-                        const OutputPaths& paths) {
-    write_sample_graph_of(digraph, selection, number, paths);
-}
+
+template void write_sample_graph<Graph>(Graph&, const EffectSelection&, double, const OutputPaths&);
+template void write_sample_graph<Digraph>(Digraph&, const EffectSelection&, double,
+                                          const OutputPaths&);

@@ -29,7 +29,6 @@ void write_distribution_rows(Digraph& digraph, const EffectSelection& selection,
                              const OutputSwitches& switches, const OutputPaths& paths);
 
 // The statistics report of a sample under the prefix with its number, and its Pajek record.
-void write_sample_graph(Graph& graph, const EffectSelection& selection, double number,
-                        const OutputPaths& paths);
-void write_sample_graph(Digraph& digraph, const EffectSelection& selection, double number,
+template <class Network>
+void write_sample_graph(Network& network, const EffectSelection& selection, double number,
                         const OutputPaths& paths);
