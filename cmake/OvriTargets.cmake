@@ -51,3 +51,23 @@ function(ovri_folder name)
     target_link_libraries(ovri_${name} PUBLIC ovri_${used})
   endforeach()
 endfunction()
+
+# ovri_headers(NAME FOLDER folder PROBE file PACKAGE package)
+#
+# A library that is nothing but headers, as the target ovri_NAME. Its folder is seen through an
+# include root of its own, so that it serves a cross build too: none of its neighbours is seen.
+function(ovri_headers name)
+  cmake_parse_arguments(HEADERS "" "FOLDER;PROBE;PACKAGE" "" ${ARGN})
+  find_path(OVRI_${name}_INCLUDE "${HEADERS_FOLDER}/${HEADERS_PROBE}" NO_CMAKE_FIND_ROOT_PATH)
+  mark_as_advanced(OVRI_${name}_INCLUDE)
+  if(NOT OVRI_${name}_INCLUDE)
+    message(FATAL_ERROR "${HEADERS_FOLDER}/${HEADERS_PROBE} was not found. "
+                        "On Debian: apt-get install ${HEADERS_PACKAGE}. Elsewhere: install ${name} and "
+                        "name its directory by CMAKE_PREFIX_PATH.")
+  endif()
+  set(root "${PROJECT_BINARY_DIR}/include-roots/${name}")
+  file(MAKE_DIRECTORY "${root}")
+  file(CREATE_LINK "${OVRI_${name}_INCLUDE}/${HEADERS_FOLDER}" "${root}/${HEADERS_FOLDER}" SYMBOLIC)
+  add_library(ovri_${name} INTERFACE)
+  target_include_directories(ovri_${name} SYSTEM INTERFACE "${root}")
+endfunction()

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/native_path.h"
 #include "base/open_file.h"
 
 namespace fs = std::filesystem;
@@ -20,18 +21,6 @@ constexpr std::size_t kBlock = std::size_t{1} << 20U;
 constexpr std::size_t kLargestFile = std::size_t{1} << 32U;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr const char* kTextExpected = "text in UTF-8";
-
-fs::path to_path(const std::string& path) {
-#ifdef _WIN32
-    const std::u16string units = path_to_utf16(path);
-    if (!units.empty()) {
-        return {units};
-    }
-    return {path};
-#else
-    return {path_joining_surrogates(path)};
-#endif
-}
 
 void fail(TextFile& file, std::string found, std::string expected, std::string mend) {
     file.text.clear();
@@ -164,7 +153,7 @@ bool check_block(TextFile& file, std::string_view block, bool first) {
 // True when there is something to open.
 bool check_kind(TextFile& file) {
     std::error_code problem;
-    const fs::file_status status = fs::status(to_path(file.path), problem);
+    const fs::file_status status = fs::status(native_path(file.path), problem);
     if (fs::is_directory(status)) {
         fail(file, "a directory", "a file", "name a file in it");
         return false;
@@ -256,7 +245,7 @@ bool write_text_file(const std::string& path, const std::string& text) {
     }
     if (!written) {
         std::error_code problem;
-        fs::remove(to_path(path), problem);
+        fs::remove(native_path(path), problem);
     }
     return written;
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 
+#include "run/java_path.h"
 #include "run/run.h"
 
 namespace {
@@ -24,7 +25,7 @@ using ReleaseStringUtfChars = void (*)(JavaEnvironment*, JavaString, const char*
 
 void run_path(const char* path) {
     try {
-        run_setup_file(path, HostOptions());
+        run_setup_file(path_from_java(path), HostOptions());
     } catch (...) {
         // Memory ran out: the host reads what was written so far.
     }

@@ -1,6 +1,9 @@
 // "ovri run" and the command line, driven as a person would.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <sstream>
 
 #include "support/tool_runner.h"
 
@@ -217,7 +220,7 @@ TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
          {std::vector<std::string>{"help"}, {"--help"}, {"-h"}}) {
         const ToolResult result = ovri(words);
         EXPECT_EQ(result.status, 0);
-        EXPECT_NE(result.out.find("ovri check SETUP"), std::string::npos);
+        EXPECT_NE(result.out.find("\n  check           explain"), std::string::npos);
         EXPECT_EQ(result.err, "");
     }
     for (const std::string command : {"run", "check"}) {
@@ -231,26 +234,75 @@ TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
     EXPECT_TRUE(version.out.starts_with("ovri 1.")) << version.out;
 }
 
+TEST(ToolCommandLine, APageBeginsWithExamplesAndListsEveryOption) {
+    const std::string page = ovri({"help", "run"}).out;
+    EXPECT_LT(page.find("  ovri run examples/"), page.find("Usage:"));
+    for (const char* option :
+         {"  SETUP  ", "  --seed N  ", "  --clock N  ", "  -o, --output DIR\n", "  -q, --quiet  ",
+          "  --no-check  ", "  --color WHEN  ", "  -h, --help  "}) {
+        EXPECT_NE(page.find(option), std::string::npos) << option;
+    }
+    std::istringstream lines(page);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LE(line.size(), 81U) << line;
+    }
+}
+
+TEST(ToolCommandLine, EveryExampleOfAPageIsUnderstood) {
+    for (const std::string command : {"run", "check"}) {
+        std::istringstream lines(ovri({"help", command}).out);
+        int examples = 0;
+        for (std::string line; std::getline(lines, line) && line != "Usage:";) {
+            if (line.starts_with("  ovri ")) {
+                std::istringstream text(line.substr(7, line.find('>') - 7));
+                std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+                // A setup file that is not there is status 1, not 2.
+                words[1] = "nowhere.setup";
+                EXPECT_EQ(ovri(words).status, 1) << line;
+                ++examples;
+            }
+        }
+        EXPECT_GE(examples, 2) << command;
+    }
+}
+
+TEST_F(ToolRun, ColourIsForTerminalsAndForThoseWhoAskForIt) {
+    const std::string red = "\033[1;31merror\033[0m";
+    const std::string path = scratch.write("net.setup", ToolSetup{.network = "nowhere.txt"}.text());
+    EXPECT_EQ(ovri({"check", path}).out.find('\033'), std::string::npos);
+    EXPECT_NE(ovri({"check", path, "--color", "always"}).out.find(red), std::string::npos);
+    EXPECT_NE(run_tool_on_terminal({"run", path}).err.find(red), std::string::npos);
+    EXPECT_EQ(run_tool_on_terminal({"run", path, "--color=never"}).err.find('\033'),
+              std::string::npos);
+    ::setenv("NO_COLOR", "1", 1);
+    EXPECT_EQ(run_tool_on_terminal({"run", path}).err.find('\033'), std::string::npos);
+    ::unsetenv("NO_COLOR");
+}
+
 TEST(ToolCommandLine, WhatIsNotUnderstoodEndsWithStatusTwoAndAMessage) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> mistakes = {
         {{}, "a command is missing"},
-        {{"frob"}, "there is no command 'frob'"},
-        {{"--frob"}, "there is no option '--frob'"},
-        {{"help", "frob"}, "there is no command 'frob'"},
-        {{"run"}, "takes a setup file"},
-        {{"check"}, "takes a setup file"},
-        {{"check", "a", "b"}, "'b' is one too many"},
-        {{"run", "a", "--frob"}, "there is no option '--frob'"},
-        {{"run", "a", "-x"}, "there is no option '-x'"},
-        {{"check", "a", "--clock", "1"}, "there is no option '--clock'"},
-        {{"run", "a", "--clock"}, "the option '--clock' takes a value"},
-        {{"run", "a", "--clock", "soon"}, "--clock takes a whole number"},
-        {{"run", "a", "--clock", "-1"}, "--clock takes a whole number"},
-        {{"run", "a", "--clock", "1.5"}, "--clock takes a whole number"},
-        {{"run", "a", "--seed", "4294967296"}, "--seed takes a whole number"},
-        {{"run", "a", "--seed", ""}, "--seed takes a whole number"},
-        {{"run", "a", "--seed", "1", "--clock", "1"}, "exclude each other"},
-        {{"run", "a", "--output", ""}, "--output takes the name of a directory"},
+        {{"frob"}, "unknown command `frob`; `ovri help` lists all"},
+        {{"chekc", "a"}, "unknown command `chekc`; a similar one is `check`"},
+        {{"--frob"}, "unknown option `--frob`; `ovri help` lists all"},
+        {{"help", "chek"}, "unknown command `chek`; a similar one is `check`"},
+        {{"run"}, "SETUP is missing; the command line is `ovri run SETUP [options]`"},
+        {{"check"}, "SETUP is missing"},
+        {{"check", "a", "b"}, "`b` is one word too many"},
+        {{"run", "a", "--frob"}, "unknown option `--frob`; `ovri help run` lists all"},
+        {{"run", "--sed", "5", "a"}, "unknown option `--sed`; a similar one is `--seed`"},
+        {{"run", "a", "--ouptut=b"}, "unknown option `--ouptut`; a similar one is `--output`"},
+        {{"run", "a", "-x"}, "unknown option `-x`"},
+        {{"check", "a", "--clock", "1"}, "unknown option `--clock`"},
+        {{"run", "a", "--clock"}, "`--clock` takes a value"},
+        {{"run", "a", "--clock", "soon"}, "`--clock` takes a whole number"},
+        {{"run", "a", "--clock", "-1"}, "`--clock` takes a whole number"},
+        {{"run", "a", "--clock", "1.5"}, "`--clock` takes a whole number"},
+        {{"run", "a", "--seed", "4294967296"}, "`--seed` takes a whole number"},
+        {{"run", "a", "--seed", ""}, "`--seed` takes a whole number"},
+        {{"run", "a", "--seed", "1", "--clock", "1"}, "--seed excludes --clock"},
+        {{"run", "a", "--output", ""}, "`--output` takes the name of a directory"},
+        {{"run", "a", "--color", "red"}, "`--color` takes auto, always or never, not `red`"},
     };
     for (const auto& [words, message] : mistakes) {
         const ToolResult result = ovri(words);

@@ -203,6 +203,14 @@ TEST_F(UnderWine, PathsWithBlanksAndCharactersOfEveryScriptAreFound) {
         EXPECT_TRUE(fs::exists(scratch_.path() / output / "gof_net.txt")) << name;
         EXPECT_EQ(file_text(scratch_.path() / output / "start_statistics_net.txt").find("nan"),
                   std::string::npos);
+        // The tool takes them as its words, and names them in its messages.
+        const std::string own = name + "/own " + name;
+        fs::create_directory(scratch_.path() / own);
+        const ChildResult tool = run_wine(scratch_.path(), "ovri.exe",
+                                          {"run", name + "/run.setup", "--seed", "1", "-o", own});
+        EXPECT_EQ(tool.status, 0) << tool.errors;
+        EXPECT_TRUE(fs::exists(scratch_.path() / own / "gof_net.txt")) << name;
+        EXPECT_NE(tool.errors.find(own), std::string::npos) << tool.errors;
     }
 }
 

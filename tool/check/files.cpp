@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/native_path.h"
 #include "base/open_file.h"
 
 #ifdef _WIN32
@@ -21,18 +22,6 @@ namespace {
 // Names longer than this are no words of a text file.
 constexpr std::size_t kLongestWord = 200;
 
-fs::path to_path(const std::string& path) {
-#ifdef _WIN32
-    const std::u16string units = path_to_utf16(path);
-    if (!units.empty()) {
-        return {units};
-    }
-    return {path};
-#else
-    return {path_joining_surrogates(path)};
-#endif
-}
-
 bool may_write(const fs::path& path) {
 #ifdef _WIN32
     return _waccess(path.c_str(), 2) == 0;
@@ -45,7 +34,7 @@ bool may_write(const fs::path& path) {
 
 FileKind file_kind(const std::string& path) {
     std::error_code problem;
-    const fs::file_status status = fs::status(to_path(path), problem);
+    const fs::file_status status = fs::status(native_path(path), problem);
     if (fs::is_directory(status)) {
         return FileKind::directory;
     }
@@ -61,7 +50,7 @@ std::string open_problem(const std::string& path) {
     return file != nullptr ? "" : std::strerror(errno);
 }
 
-bool is_writable(const std::string& path) { return may_write(to_path(path)); }
+bool is_writable(const std::string& path) { return may_write(native_path(path)); }
 
 std::string parent_directory(const std::string& path) {
     std::size_t end = path.find_last_of('/');
@@ -80,7 +69,7 @@ std::string beside(const std::string& file, const std::string& path) {
 
 FileStamp file_stamp(const std::string& path) {
     std::error_code problem;
-    const fs::path file = to_path(path);
+    const fs::path file = native_path(path);
     FileStamp stamp;
     stamp.exists = fs::is_regular_file(file, problem);
     if (stamp.exists) {

@@ -1,7 +1,8 @@
 #include "check/findings.h"
 
 #include <algorithm>
-#include <array>
+
+#include "terminal/print.h"
 
 namespace {
 
@@ -9,20 +10,20 @@ constexpr std::size_t kMostCharacters = 200;
 
 void print_line(std::FILE* out, const char* head, const std::string& text) {
     if (!text.empty()) {
-        std::fprintf(out, "    %-9s %s\n", head, text.c_str());
+        print(out, "    {:<9} {}\n", head, text);
     }
 }
 
-void print_finding(const Finding& finding, std::FILE* out) {
-    const char* severity = finding.severity == Severity::error ? "error" : "warning";
-    std::fputs(finding.where.file.c_str(), out);
-    if (finding.where.line > 0) {
-        std::fprintf(out, ":%d", finding.where.line);
-    }
-    std::fprintf(out, ": %s: %s\n", severity, finding.where.field.c_str());
-    print_line(out, "found:", finding.found);
-    print_line(out, "expected:", finding.expected);
-    print_line(out, "to mend:", finding.mend);
+void print_finding(const Finding& finding, const Screen& out) {
+    const Where& where = finding.where;
+    const std::string severity = finding.severity == Severity::error
+                                     ? painted(out, Colour::red, "error")
+                                     : painted(out, Colour::yellow, "warning");
+    print(out.stream, "{}{}: {}: {}\n", where.file,
+          where.line > 0 ? fmt::format(":{}", where.line) : "", severity, where.field);
+    print_line(out.stream, "found:", finding.found);
+    print_line(out.stream, "expected:", finding.expected);
+    print_line(out.stream, "to mend:", finding.mend);
 }
 
 std::string escape(unsigned char character) {
@@ -33,11 +34,8 @@ std::string escape(unsigned char character) {
             return "\\n";
         case '\t':
             return "\\t";
-        default: {
-            std::array<char, 8> text{};
-            std::snprintf(text.data(), text.size(), "\\x%02X", character);
-            return text.data();
-        }
+        default:
+            return fmt::format("\\x{:02X}", character);
     }
 }
 
@@ -64,7 +62,7 @@ std::string findings_summary(const Findings& findings) {
            counted(count_findings(findings, Severity::warning), "warning");
 }
 
-void print_findings(const Findings& findings, bool with_warnings, std::FILE* out) {
+void print_findings(const Findings& findings, bool with_warnings, const Screen& out) {
     for (const Severity severity : {Severity::error, Severity::warning}) {
         for (const Finding& finding : findings.list) {
             if (finding.severity == severity && (with_warnings || severity == Severity::error)) {

@@ -1,9 +1,10 @@
 // What a check has to say, and how it is printed.
 #pragma once
 
-#include <cstdio>
 #include <string>
 #include <vector>
+
+#include "terminal/terminal.h"
 
 enum class Severity { error, warning };
 
@@ -37,7 +38,7 @@ int count_findings(const Findings& findings, Severity severity);
 std::string findings_summary(const Findings& findings);
 
 // Each finding as "FILE:LINE: error: FIELD" and three indented lines.
-void print_findings(const Findings& findings, bool with_warnings, std::FILE* out);
+void print_findings(const Findings& findings, bool with_warnings, const Screen& out);
 
 // The text in quotation marks, shortened, characters that do not print as escapes.
 std::string quoted(const std::string& text);

@@ -1,18 +1,71 @@
-#include <cstdio>
+#include <CLI/CLI.hpp>
 
 #include "check/checks.h"
 #include "check/overview.h"
 #include "commands/commands.h"
+#include "commands/options.h"
+#include "terminal/print.h"
 
-int check_command(const Arguments& arguments) {
-    SetupView view = read_view(arguments.setup, arguments.output);
+namespace {
+
+struct CheckOptions {
+    std::string setup;
+    // Stands for the setup file's output directory when not empty.
+    std::string output;
+    ColourChoice colour = ColourChoice::automatic;
+};
+
+int check(const CheckOptions& options) {
+    SetupView view = read_view(options.setup, options.output);
     const Findings findings = check_view(view);
     if (const std::string text = describe_setup(view); !text.empty()) {
-        std::printf("%s: %s\n", view.path.c_str(), text.c_str());
+        print(stdout, "{}: {}\n", view.path, text);
     }
-    print_findings(findings, true, stdout);
-    std::printf(
-        "%s: %s\n", view.path.c_str(),
-        findings.list.empty() ? "no errors, no warnings" : findings_summary(findings).c_str());
+    print_findings(findings, true, screen_on(stdout, options.colour));
+    print(stdout, "{}: {}\n", view.path,
+          findings.list.empty() ? "no errors, no warnings" : findings_summary(findings));
     return count_findings(findings, Severity::error) > 0 ? kErrorsFound : kDone;
 }
+
+std::function<int()> declare_check(CLI::App& app) {
+    const auto options = std::make_shared<CheckOptions>();
+    add_setup(app, options->setup);
+    add_output(app, options->output,
+               "Check DIR as the output directory, as `ovri run --output DIR` would use it.");
+    add_colour(app, options->colour);
+    return [options] { return check(*options); };
+}
+
+}  // namespace
+
+extern const Command kCheckCommand = {
+    .name = "check",
+    .summary = "explain what is wrong or surprising in a setup file",
+    .examples = R"(
+  ovri check examples/florentine/florentine.setup
+  ovri check examples/florentine/florentine.setup --output /tmp
+)",
+    .details = R"(
+Reads the setup file and every file it names just as a run reads them, and writes
+nothing. A setup file is read by position: each value stands behind a label of
+one word, and the label is for people only. So a label with a blank in it, a
+number too few or a row too many moves everything behind it to the wrong place,
+and the run itself would not notice.
+
+Each finding tells file, line and item, then what was found, what is expected and
+how to mend it:
+
+  error      the run would not do what the file says: files that are missing,
+             values that cannot be read, counts that do not match, an output
+             directory that cannot be written, settings under which the network
+             could never change
+  warning    legal but surprising: cells that are ignored, a lambda that switches
+             its effect off, settings that give no samples
+
+Findings go to standard output. `ovri run` makes the same check first.
+)",
+    .statuses = R"(
+Exit status: 0 no errors (there may be warnings); 1 errors; 2 the command line
+was not understood.
+)",
+    .declare = declare_check};

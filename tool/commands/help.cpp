@@ -1,108 +1,136 @@
 #include "commands/help.h"
 
+#include <CLI/CLI.hpp>
+
+#include "commands/commands.h"
+#include "terminal/print.h"
+
 namespace {
 
-constexpr const char* kOverview =
-    R"(ovri - simulate, estimate and test exponential random graph models
-
-Usage:
-  ovri run SETUP [options]     perform the run that a setup file describes
-  ovri check SETUP [options]   explain what is wrong or surprising in a setup file
-  ovri help [COMMAND]          show this page, or the page of a command
-  ovri --version               show the version
-
-A setup file names a network, a model and a kind of run: a simulation, an
-estimation, a goodness of fit or a Bayesian goodness of fit. Results are text
-files in its output directory. For a first run, from the root of the source tree:
-
+constexpr const char* kExamples =
+    R"(
   mkdir -p results
   ovri check examples/florentine/florentine.setup
   ovri run examples/florentine/florentine.setup
+)";
 
+constexpr const char* kDetails =
+    R"(
+A setup file names a network, a model and a kind of run: a simulation, an
+estimation, a goodness of fit or a Bayesian goodness of fit. Results are text
+files in its output directory.
+)";
+
+constexpr const char* kStatuses =
+    R"(
 Exit status: 0 done; 1 the check found errors; 2 the command line was not
 understood; 3 a run began and could not be completed.
 )";
 
-constexpr const char* kRun =
-    R"(ovri run SETUP - perform the run that a setup file describes
+constexpr std::size_t kWidth = 80;
+constexpr std::size_t kIndent = 18;
 
-Usage:
-  ovri run SETUP [--clock N | --seed N] [--output DIR] [--quiet] [--no-check]
+// "-o, --output DIR", or the name of a word that stands without an option.
+std::string option_head(const CLI::Option& option) {
+    if (!option.nonpositional()) {
+        return option.get_name(true);
+    }
+    std::string head;
+    for (const std::string& name : option.get_snames()) {
+        head += "-" + name + ", ";
+    }
+    head += "--" + option.get_lnames().front();
+    return option.get_expected_max() > 0 ? head + " " + option.get_type_name() : head;
+}
 
-The setup file and every file it names are checked first (see 'ovri help check').
-Errors stop the run before anything is written; warnings are shown and stop
-nothing. Then the run writes its results into the output directory, and the files
-with the estimates (update files) beside them. Some results are added to the end
-of a file that an earlier run has left; the summary names every file.
+// Behind the head, or below it when that is long, the text in lines of the page's width.
+std::string entry(const std::string& head, const std::string& text) {
+    std::string page;
+    std::string line = "  " + head;
+    if (line.size() >= kIndent) {
+        page = line + "\n";
+        line.clear();
+    }
+    line.resize(kIndent - 1, ' ');
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        if (line.size() + 1 + word.size() > kWidth) {
+            page += line + "\n";
+            line.assign(kIndent - 1, ' ');
+        }
+        line += " " + word;
+    }
+    return page + line + "\n";
+}
 
-Options:
-  --seed N        Draw from seed N. A run reseeds its random numbers several
-                  times: the first time with N, then with N + 1, and so on, so
-                  its parts do not repeat each other. The seed is always shown.
-  --clock N       Hold the clock at second N: every reseeding uses N.
-  -o, --output DIR
-                  Write into the directory DIR, which must exist, in place of
-                  the one the setup file names. Files that are read stay where
-                  they are.
-  -q, --quiet     Show no warnings, no progress and no summary; errors and the
-                  seed of --seed are shown all the same.
-  --no-check      Run without the check. Values that cannot be read then keep
-                  their defaults, silently.
-  -h, --help      Show this page.
+// The entries of what the command takes: words first, the option of help last.
+std::string options_text(const CLI::App& app) {
+    std::vector<const CLI::Option*> options = app.get_options();
+    const auto place = [&](const CLI::Option* option) {
+        return option->get_positional() ? 0 : option == app.get_help_ptr() ? 2 : 1;
+    };
+    std::stable_sort(options.begin(), options.end(),
+                     [&](const auto* one, const auto* other) { return place(one) < place(other); });
+    std::string text;
+    for (const CLI::Option* option : options) {
+        text += entry(option_head(*option), option->get_description());
+    }
+    return text;
+}
 
-N is a whole number from 0 to 4294967295. With neither --seed nor --clock every
-reseeding takes the second of the real clock. The same setup, data and --seed (or
---clock) give the same results.
+std::string overview(const CLI::App& tool) {
+    std::string commands;
+    for (const Command* command : command_table()) {
+        commands += entry(command->name, command->summary);
+    }
+    return fmt::format(
+        "ovri - simulate, estimate and test exponential random graph models\n\n"
+        "From the root of the source tree:{}\nUsage:\n  {}\n\nCommands:\n{}{}\nOptions:\n{}{}",
+        kExamples, usage(tool), commands, kDetails, options_text(tool), kStatuses);
+}
 
-The run's own text goes to standard output, and nothing else does. Warnings,
-errors, progress and the summary go to standard error; progress is shown only
-when that is a terminal. With the run's text on a terminal too, it comes at the
-end.
-
-Exit status: 0 the run is done; 1 the check found errors; 2 the command line was
-not understood; 3 the run could not be completed (memory ran out, or nothing
-could be written).
-)";
-
-constexpr const char* kCheck =
-    R"(ovri check SETUP - explain what is wrong or surprising in a setup file
-
-Usage:
-  ovri check SETUP [--output DIR]
-
-Reads the setup file and every file it names just as a run reads them, and writes
-nothing. A setup file is read by position: each value stands behind a label of
-one word, and the label is for people only. So a label with a blank in it, a
-number too few or a row too many moves everything behind it to the wrong place,
-and the run itself would not notice.
-
-Each finding tells file, line and item, then what was found, what is expected and
-how to mend it:
-
-  error      the run would not do what the file says: files that are missing,
-             values that cannot be read, counts that do not match, an output
-             directory that cannot be written, settings under which the network
-             could never change
-  warning    legal but surprising: cells that are ignored, a lambda that switches
-             its effect off, settings that give no samples
-
-Findings go to standard output. 'ovri run' makes the same check first.
-
-Options:
-  -o, --output DIR
-                  Check DIR as the output directory, as 'ovri run --output DIR'
-                  would use it.
-  -h, --help      Show this page.
-
-Exit status: 0 no errors (there may be warnings); 1 errors; 2 the command line
-was not understood.
-)";
+std::function<int()> declare_help(CLI::App& app) {
+    auto topic = std::make_shared<std::string>();
+    app.add_option("COMMAND", *topic, "The command that help is wanted on.");
+    return [tool = app.get_parent(), topic] {
+        if (!topic->empty() && find_command(*topic) == nullptr) {
+            print(stderr, "ovri: {}\n", unknown_command(*topic));
+            return kNotUnderstood;
+        }
+        print(stdout, "{}", help_page(topic->empty() ? *tool : *tool->get_subcommand(*topic)));
+        return kDone;
+    };
+}
 
 }  // namespace
 
-void print_help(const std::string& topic, std::FILE* out) {
-    const char* page = topic == "run" ? kRun : topic == "check" ? kCheck : kOverview;
-    std::fputs(page, out);
+extern const Command kHelpCommand = {.name = "help",
+                                     .summary = "show the page of a command, or the overview",
+                                     .examples = "\n  ovri help\n  ovri help run\n",
+                                     .details = "",
+                                     .statuses = "",
+                                     .declare = declare_help};
+
+std::string usage(const CLI::App& app) {
+    if (app.get_parent() == nullptr) {
+        return "ovri COMMAND [options]";
+    }
+    std::string line = "ovri " + app.get_name();
+    for (const CLI::Option* option : app.get_options()) {
+        if (option->get_positional()) {
+            const std::string name = option->get_name(true);
+            line += option->get_required() ? " " + name : " [" + name + "]";
+        }
+    }
+    return line + " [options]";
 }
 
-void print_version(std::FILE* out) { std::fprintf(out, "ovri %s\n", OVRI_VERSION); }
+std::string help_page(const CLI::App& app) {
+    const Command* command = find_command(app.get_name());
+    if (command == nullptr) {
+        return overview(app);
+    }
+    return fmt::format("ovri {} - {}\n\nExamples:{}\nUsage:\n  {}\n{}\nOptions:\n{}{}",
+                       command->name, command->summary, command->examples, usage(app),
+                       command->details, options_text(app), command->statuses);
+}

@@ -1,10 +1,14 @@
-// The help pages.
+// The help pages, made of the rows of the command table and of the options that are declared.
 #pragma once
 
-#include <cstdio>
 #include <string>
 
-// The page of a command, or the overview for an empty topic.
-void print_help(const std::string& topic, std::FILE* out);
+namespace CLI {
+class App;
+}
 
-void print_version(std::FILE* out);
+// The page of a command; the overview for the tool itself.
+std::string help_page(const CLI::App& app);
+
+// "ovri run SETUP [options]".
+std::string usage(const CLI::App& app);

@@ -3,37 +3,36 @@
 #include <system_error>
 
 #include "commands/commands.h"
+#include "terminal/print.h"
 
 namespace {
 
 std::string count_text(std::size_t files) {
     return files == 0   ? "no file was written"
            : files == 1 ? "1 file was written"
-                        : std::to_string(files) + " files were written";
+                        : fmt::format("{} files were written", files);
 }
 
 void list(std::FILE* out, const std::vector<std::string>& paths) {
     for (const std::string& path : paths) {
-        std::fprintf(out, "  %s\n", path.c_str());
+        print(out, "  {}\n", path);
     }
 }
 
 void tell_failures(const Outcome& outcome, const std::string& setup,
                    const std::vector<std::string>& written, std::FILE* out) {
-    std::fprintf(out, "%s: not everything could be written\n", setup.c_str());
+    print(out, "{}: not everything could be written\n", setup);
     for (const WriteFailure& failure : outcome.failures.files) {
-        std::fprintf(out, "  %s: %s\n", failure.path.c_str(),
-                     std::generic_category().message(failure.error).c_str());
+        print(out, "  {}: {}\n", failure.path, std::generic_category().message(failure.error));
     }
     if (outcome.failures.further > 0) {
-        std::fprintf(out, "  and %zu more\n", outcome.failures.further);
+        print(out, "  and {} more\n", outcome.failures.further);
     }
     if (outcome.console_lost) {
-        std::fprintf(out, "  standard output\n");
+        print(out, "  standard output\n");
     }
-    std::fprintf(out,
-                 "What is there of these files ends with the last section that could be written "
-                 "whole.\n");
+    print(out,
+          "What is there of these files ends with the last section that could be written whole.\n");
     std::vector<std::string> complete;
     for (const std::string& path : written) {
         if (!has_write_failure(outcome.failures, path)) {
@@ -41,7 +40,7 @@ void tell_failures(const Outcome& outcome, const std::string& setup,
         }
     }
     if (outcome.end == Outcome::End::complete && !complete.empty()) {
-        std::fprintf(out, "Complete are:\n");
+        print(out, "Complete are:\n");
         list(out, complete);
     }
 }
@@ -59,18 +58,17 @@ int exit_status(const Outcome& outcome) {
 
 void tell_outcome(const Outcome& outcome, const std::string& setup,
                   const std::vector<std::string>& written, std::FILE* out) {
-    const char* name = setup.c_str();
     switch (outcome.end) {
         case Outcome::End::interrupted:
-            std::fprintf(out, "%s: interrupted; %s, each closed behind its last whole line\n", name,
-                         count_text(written.size()).c_str());
+            print(out, "{}: interrupted; {}, each closed behind its last whole line\n", setup,
+                  count_text(written.size()));
             break;
         case Outcome::End::no_memory:
-            std::fprintf(out, "%s: memory ran out; what is written so far is incomplete\n", name);
+            print(out, "{}: memory ran out; what is written so far is incomplete\n", setup);
             break;
         case Outcome::End::broken_off:
-            std::fprintf(out, "%s: the run broke off: %s; what is written so far is incomplete\n",
-                         name, outcome.reason.c_str());
+            print(out, "{}: the run broke off: {}; what is written so far is incomplete\n", setup,
+                  outcome.reason);
             break;
         case Outcome::End::complete:
             break;

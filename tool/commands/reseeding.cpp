@@ -1,9 +1,8 @@
 #include "commands/reseeding.h"
 
-#include <cinttypes>
 #include <ctime>
 
-Reseeding::Reseeding(const Arguments& arguments) : clock_(arguments.clock), seed_(arguments.seed) {}
+#include "terminal/print.h"
 
 ClockSeconds Reseeding::clock() {
     return [this] { return next(); };
@@ -26,8 +25,7 @@ std::int64_t Reseeding::next() {
 
 void Reseeding::announce(std::FILE* out) const {
     if (seed_) {
-        std::fprintf(out, "Seed %" PRIu32 " (--seed %" PRIu32 " repeats this run)\n", *seed_,
-                     *seed_);
+        print(out, "Seed {0} (--seed {0} repeats this run)\n", *seed_);
     }
 }
 
@@ -36,19 +34,18 @@ void Reseeding::summarise(std::FILE* out) const {
         return;
     }
     if (clock_) {
-        std::fprintf(out, "Random numbers: clock held at second %" PRIu32 "\n", *clock_);
+        print(out, "Random numbers: clock held at second {}\n", *clock_);
     } else if (seed_) {
-        std::fprintf(out, "Random numbers: seed %" PRIu32 ", the first of %" PRId64 "\n", *seed_,
-                     count_);
+        print(out, "Random numbers: seed {}, the first of {}\n", *seed_, count_);
     } else if (first_ == last_) {
-        std::fprintf(out,
-                     "Random numbers: real clock, every reseeding in second %" PRId64
-                     " (--clock %" PRId64 " repeats this run)\n",
-                     first_, first_);
+        print(out,
+              "Random numbers: real clock, every reseeding in second {0} (--clock {0} repeats this "
+              "run)\n",
+              first_);
     } else {
-        std::fprintf(out,
-                     "Random numbers: real clock, reseeded %" PRId64 " times from second %" PRId64
-                     " to %" PRId64 " (no option repeats this run; --seed makes one that can be)\n",
-                     count_, first_, last_);
+        print(out,
+              "Random numbers: real clock, reseeded {} times from second {} to {} (no option "
+              "repeats this run; --seed makes one that can be)\n",
+              count_, first_, last_);
     }
 }

@@ -6,12 +6,13 @@
 #include <optional>
 
 #include "base/random_source.h"
-#include "commands/arguments.h"
 
 // Keeps count of the reseedings of one run; it must outlive the clock that it lends.
 class Reseeding {
   public:
-    explicit Reseeding(const Arguments& arguments);
+    // At most one of the two is set.
+    Reseeding(std::optional<std::uint32_t> clock, std::optional<std::uint32_t> seed)
+        : clock_(clock), seed_(seed) {}
 
     // The clock of the run: held at N by --clock, N + k - 1 at reseeding k by --seed, else real.
     ClockSeconds clock();

@@ -1,3 +1,4 @@
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -9,11 +10,13 @@
 #include "check/checks.h"
 #include "check/overview.h"
 #include "commands/commands.h"
+#include "commands/options.h"
 #include "commands/outcome.h"
 #include "commands/reseeding.h"
 #include "commands/results.h"
 #include "run/run.h"
 #include "terminal/interrupt.h"
+#include "terminal/print.h"
 #include "terminal/progress.h"
 #include "terminal/terminal.h"
 
@@ -25,14 +28,26 @@ constexpr char kSeparator = '\\';
 constexpr char kSeparator = '/';
 #endif
 
+struct RunOptions {
+    std::string setup;
+    // Stands for the setup file's output directory when not empty.
+    std::string output;
+    // At most one of the two is set.
+    std::optional<std::uint32_t> clock;
+    std::optional<std::uint32_t> seed;
+    bool quiet = false;
+    bool unchecked = false;
+    ColourChoice colour = ColourChoice::automatic;
+};
+
 // False when errors forbid the run.
-bool check_first(SetupView& view, const Arguments& arguments) {
+bool check_first(SetupView& view, const RunOptions& options) {
     const Findings findings = check_view(view);
     const bool fine = count_findings(findings, Severity::error) == 0;
-    print_findings(findings, !arguments.quiet, stderr);
+    print_findings(findings, !options.quiet, screen_on(stderr, options.colour));
     if (!fine) {
-        std::fprintf(stderr, "%s: %s; nothing was run and nothing was written\n", view.path.c_str(),
-                     findings_summary(findings).c_str());
+        print(stderr, "{}: {}; nothing was run and nothing was written\n", view.path,
+              findings_summary(findings));
     }
     return fine;
 }
@@ -42,8 +57,7 @@ bool can_begin(const SetupView& view) {
     if (view.setup.selection.catalogue != nullptr) {
         return true;
     }
-    std::fprintf(stderr, "%s: the setup file cannot be read far enough to know what to run\n",
-                 view.path.c_str());
+    print(stderr, "{}: the setup file cannot be read far enough to know what to run\n", view.path);
     return false;
 }
 
@@ -63,7 +77,7 @@ void copy_to_output(std::FILE* console) {
 }
 
 // Performs the run, with a progress line on a terminal.
-Outcome perform(const Arguments& arguments, HostOptions options, bool with_progress) {
+Outcome perform(const std::string& setup, HostOptions options, bool with_progress) {
     Outcome outcome;
     RunProgress progress;
     options.progress = &progress;
@@ -78,7 +92,7 @@ Outcome perform(const Arguments& arguments, HostOptions options, bool with_progr
             display.emplace(progress, stderr);
         }
         try {
-            run_setup_file(arguments.setup, options);
+            run_setup_file(setup, options);
             if (progress.stage.load() != RunStage::done && progress.stop.load()) {
                 outcome.end = Outcome::End::interrupted;
             }
@@ -102,46 +116,98 @@ Outcome perform(const Arguments& arguments, HostOptions options, bool with_progr
 void summarise(const SetupView& view, const Results& results, const Reseeding& reseeding,
                const std::vector<std::string>& written) {
     const std::string what = describe_setup(view);
-    std::fprintf(stderr, "Done%s%s\n", what.empty() ? "" : ": ", what.c_str());
+    print(stderr, "Done{}{}\n", what.empty() ? "" : ": ", what);
     reseeding.summarise(stderr);
-    std::fprintf(stderr, "Results:\n");
+    print(stderr, "Results:\n");
     for (const std::string& path : written) {
         const char* earlier = results.earlier_file(path);
-        std::fprintf(stderr, earlier == nullptr ? "  %s\n" : "  %s (%s)\n", path.c_str(), earlier);
+        print(stderr, "  {}{}\n", path, earlier == nullptr ? "" : fmt::format(" ({})", earlier));
     }
     if (!results.sample_prefix().empty()) {
-        std::fprintf(stderr, "  %s*.txt (one report for each sample)\n",
-                     results.sample_prefix().c_str());
+        print(stderr, "  {}*.txt (one report for each sample)\n", results.sample_prefix());
     }
 }
 
-}  // namespace
-
-int run_command(const Arguments& arguments) {
-    SetupView view = read_view(arguments.setup, arguments.output);
-    if ((arguments.check_first && !check_first(view, arguments)) || !can_begin(view)) {
+int run(const RunOptions& options) {
+    SetupView view = read_view(options.setup, options.output);
+    if ((!options.unchecked && !check_first(view, options)) || !can_begin(view)) {
         return kErrorsFound;
     }
-    Reseeding reseeding(arguments);
-    HostOptions options;
-    options.path_separator = kSeparator;
-    options.output_directory = arguments.output;
-    options.updates_beside_outputs = true;
-    options.clock_seconds = reseeding.clock();
+    Reseeding reseeding(options.clock, options.seed);
+    HostOptions host;
+    host.path_separator = kSeparator;
+    host.output_directory = options.output;
+    host.updates_beside_outputs = true;
+    host.clock_seconds = reseeding.clock();
     reseeding.announce(stderr);
     const Results results(view, kSeparator);
-    const Outcome outcome = perform(arguments, options, !arguments.quiet && is_terminal(stderr));
+    const Outcome outcome = perform(options.setup, host, !options.quiet && is_terminal(stderr));
     const std::vector<std::string> written = results.written();
     tell_outcome(outcome, view.path, written, stderr);
     if (written.empty()) {
-        std::fprintf(stderr, "%s: the run left no results in %s\n", view.path.c_str(),
-                     output_directory(view).c_str());
+        print(stderr, "{}: the run left no results in {}\n", view.path, output_directory(view));
     }
     if (exit_status(outcome) != kDone || written.empty()) {
         return outcome.end == Outcome::End::interrupted ? kInterrupted : kNotCompleted;
     }
-    if (!arguments.quiet) {
+    if (!options.quiet) {
         summarise(view, results, reseeding, written);
     }
     return kDone;
 }
+
+std::function<int()> declare_run(CLI::App& app) {
+    const auto options = std::make_shared<RunOptions>();
+    add_setup(app, options->setup);
+    CLI::Option& seed = add_number(
+        app, "--seed", options->seed,
+        "Draw from seed N. A run reseeds its random numbers several times: the first time with N, "
+        "then with N + 1, and so on, so its parts do not repeat each other. The seed is always "
+        "shown.");
+    add_number(app, "--clock", options->clock,
+               "Hold the clock at second N: every reseeding uses N.")
+        .excludes(&seed);
+    add_output(app, options->output,
+               "Write into the directory DIR, which must exist, in place of the one the setup file "
+               "names. Files that are read stay where they are.");
+    app.add_flag("-q,--quiet", options->quiet,
+                 "Show no warnings, no progress and no summary; errors and the seed of --seed are "
+                 "shown all the same.");
+    app.add_flag("--no-check", options->unchecked,
+                 "Run without the check. Values that cannot be read then keep their defaults, "
+                 "silently.");
+    add_colour(app, options->colour);
+    return [options] { return run(*options); };
+}
+
+}  // namespace
+
+extern const Command kRunCommand = {.name = "run",
+                                    .summary = "perform the run that a setup file describes",
+                                    .examples = R"(
+  ovri run examples/florentine/florentine.setup
+  ovri run examples/florentine/florentine.setup --seed 1 --output /tmp
+  ovri run examples/karate/karate_fit.setup --quiet > console.txt
+)",
+                                    .details = R"(
+The setup file and every file it names are checked first (see `ovri help check`).
+Errors stop the run before anything is written; warnings are shown and stop
+nothing. Then the run writes its results into the output directory, and the files
+with the estimates (update files) beside them. Some results are added to the end
+of a file that an earlier run has left; the summary names every file.
+
+N is a whole number from 0 to 4294967295. With neither --seed nor --clock every
+reseeding takes the second of the real clock. The same setup, data and --seed (or
+--clock) give the same results.
+
+The run's own text goes to standard output, and nothing else does. Warnings,
+errors, progress and the summary go to standard error; progress is shown only
+when that is a terminal. With the run's text on a terminal too, it comes at the
+end.
+)",
+                                    .statuses = R"(
+Exit status: 0 the run is done; 1 the check found errors; 2 the command line was
+not understood; 3 the run could not be completed (memory ran out, or not everything
+could be written); 130 it was interrupted by Ctrl-C.
+)",
+                                    .declare = declare_run};

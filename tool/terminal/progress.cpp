@@ -1,8 +1,9 @@
 #include "terminal/progress.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
+
+#include "terminal/print.h"
 
 namespace {
 
@@ -58,14 +59,8 @@ double share_done(const RunProgress& progress, RunStage stage) {
 
 std::string time_text(double seconds) {
     const auto whole = static_cast<long>(std::min(seconds, 360000.0));
-    std::array<char, 32> text{};
-    if (whole >= 3600) {
-        std::snprintf(text.data(), text.size(), "%ld:%02ld:%02ld", whole / 3600, whole / 60 % 60,
-                      whole % 60);
-    } else {
-        std::snprintf(text.data(), text.size(), "%ld:%02ld", whole / 60, whole % 60);
-    }
-    return text.data();
+    return whole >= 3600 ? fmt::format("{}:{:02}:{:02}", whole / 3600, whole / 60 % 60, whole % 60)
+                         : fmt::format("{}:{:02}", whole / 60, whole % 60);
 }
 
 }  // namespace
@@ -124,7 +119,7 @@ void ProgressDisplay::show_until_ended() {
 // Blanks cover what is left of a longer line: not every terminal can erase.
 void ProgressDisplay::show(const std::string& line) {
     const std::size_t cover = shown_ > line.size() ? shown_ - line.size() : 0;
-    std::fprintf(out_, "\r%s%s", line.c_str(), std::string(cover, ' ').c_str());
+    print(out_, "\r{}{}", line, std::string(cover, ' '));
     std::fflush(out_);
     shown_ = line.size();
 }

@@ -1,0 +1,6 @@
+// The words a person typed, from the table of commands to an exit status.
+#pragma once
+
+// Performs the command that the words name. A command line that cannot be understood ends in a
+// message on standard error and status 2.
+int obey(int argc, char** argv);

@@ -1,0 +1,33 @@
+#include "commands/commands.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "terminal/similar.h"
+
+extern const Command kRunCommand;
+extern const Command kCheckCommand;
+extern const Command kHelpCommand;
+
+namespace {
+
+constexpr std::array kCommands = {&kRunCommand, &kCheckCommand, &kHelpCommand};
+
+}  // namespace
+
+std::span<const Command* const> command_table() { return kCommands; }
+
+const Command* find_command(const std::string& name) {
+    const auto place = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const Command* each) { return each->name == name; });
+    return place != kCommands.end() ? *place : nullptr;
+}
+
+std::string unknown_command(const std::string& name) {
+    std::vector<std::string> names;
+    for (const Command* command : kCommands) {
+        names.emplace_back(command->name);
+    }
+    return unknown_word("command", name, names, "`ovri help` lists all");
+}

@@ -1,0 +1,51 @@
+#include "commands/options.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <map>
+
+void add_setup(CLI::App& app, std::string& path) {
+    app.add_option("SETUP", path, "The setup file.")->required();
+}
+
+void add_output(CLI::App& app, std::string& directory, const std::string& text) {
+    app.add_option("-o,--output", directory, text)
+        ->type_name("DIR")
+        ->check([](const std::string& name) {
+            return name.empty() ? "takes the name of a directory" : "";
+        });
+}
+
+void add_colour(CLI::App& app, ColourChoice& choice) {
+    static const std::map<std::string, ColourChoice> kChoices = {{"auto", ColourChoice::automatic},
+                                                                 {"always", ColourChoice::always},
+                                                                 {"never", ColourChoice::never}};
+    const auto take = [&choice](const std::string& word) {
+        const auto place = kChoices.find(word);
+        if (place == kChoices.end()) {
+            throw CLI::ValidationError("--color",
+                                       "takes auto, always or never, not `" + word + "`");
+        }
+        choice = place->second;
+    };
+    app.add_option_function<std::string>(
+           "--color", take,
+           "Colour the words error and warning: auto (on a terminal, unless NO_COLOR is set), "
+           "always or never.")
+        ->type_name("WHEN");
+}
+
+CLI::Option& add_number(CLI::App& app, const std::string& name,
+                        std::optional<std::uint32_t>& number, const std::string& text) {
+    const auto take = [&number, name](const std::string& word) {
+        std::uint32_t value = 0;
+        const char* end = word.data() + word.size();
+        const auto read = std::from_chars(word.data(), end, value);
+        if (read.ec != std::errc() || read.ptr != end) {
+            throw CLI::ValidationError(
+                name, "takes a whole number from 0 to 4294967295, not `" + word + "`");
+        }
+        number = value;
+    };
+    return *app.add_option_function<std::string>(name, take, text)->type_name("N");
+}
