@@ -23,6 +23,12 @@ void random_reseed(RandomSource& random);
 // How many different draws there are.
 constexpr int kDraws = 32768;
 
+// What reseeding `k` (from 0) of a run takes from the run's seed: a number of 32 bits in which
+// every bit depends on every bit of both, so that the streams of neighbouring seeds and those of
+// one seed have nothing to do with each other. Steele, Lea and Flood (2014), Fast splittable
+// pseudorandom number generators: the finaliser of SplitMix64.
+std::uint32_t mixed_seed(std::uint32_t seed, std::uint32_t k);
+
 // One draw, 0..32767: bits 16 to 30 of the next state.
 inline int random_draw(RandomSource& random) {
     random.state = random.state * 214013U + 2531011U;

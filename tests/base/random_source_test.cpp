@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
+#include <set>
 #include <vector>
 
 namespace {
@@ -135,6 +137,43 @@ TEST(RandomSource, TwoReseedingsWithinOneSecondRepeatTheStream) {
     random_draw(random);
     random_reseed(random);
     EXPECT_EQ(random_draw(random), first);
+}
+
+TEST(MixedSeed, IsTheUpperHalfOfTheKnownMixer) { EXPECT_EQ(mixed_seed(0, 0), 0xE220A839U); }
+
+TEST(MixedSeed, EverySeedAndReseedingHasAStreamOfItsOwn) {
+    // The highest bit of the state never reaches a draw.
+    std::set<std::uint32_t> streams;
+    for (std::uint32_t seed = 0; seed < 200; ++seed) {
+        for (std::uint32_t k = 0; k < 20; ++k) {
+            streams.insert(mixed_seed(seed, k) & 0x7FFFFFFFU);
+        }
+    }
+    EXPECT_EQ(streams.size(), 4000U);
+}
+
+double correlation_of_streams(std::uint32_t one, std::uint32_t other) {
+    constexpr int kDraws = 20000;
+    RandomSource first = seeded(one);
+    RandomSource second = seeded(other);
+    double product = 0.0;
+    for (int draw = 0; draw < kDraws; ++draw) {
+        product += (random_uniform(first) - 0.5) * (random_uniform(second) - 0.5);
+    }
+    return product / kDraws * 12.0;
+}
+
+TEST(MixedSeed, StreamsOfNeighbouringSeedsDoNotCorrelate) {
+    // One standard error of independent draws is 0.007.
+    for (std::uint32_t seed = 0; seed < 50; ++seed) {
+        for (std::uint32_t k = 1; k < 4; ++k) {
+            const std::uint32_t here = mixed_seed(seed, k);
+            for (const std::uint32_t there :
+                 {mixed_seed(seed + 1, k - 1), mixed_seed(seed + 1, k), mixed_seed(seed, k - 1)}) {
+                EXPECT_LT(std::abs(correlation_of_streams(here, there)), 0.04) << seed << " " << k;
+            }
+        }
+    }
 }
 
 }  // namespace

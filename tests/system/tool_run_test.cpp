@@ -5,6 +5,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "base/random_source.h"
+#include "support/child_process.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -87,26 +89,74 @@ TEST_F(ToolRun, TheSameClockGivesTheSameResults) {
     EXPECT_NE(output("a", "simulation_net.txt"), output("c", "simulation_net.txt"));
 }
 
-TEST_F(ToolRun, ASeedGivesEachReseedingItsOwnNumber) {
+TEST_F(ToolRun, ASeedGivesEachReseedingANumberMixedOfBoth) {
     run(simulation(), {"--seed", "7"}, "a");
     EXPECT_TRUE(says("Seed 7")) << result.err;
     run(simulation(), {"--seed", "7"}, "b");
-    run(simulation(), {"--clock", "7"}, "c");
+    run(simulation(), {"--clock", std::to_string(mixed_seed(7, 0))}, "c");
+    run(simulation(), {"--seed", "8"}, "d");
+    EXPECT_EQ(output("a", "simulation_net.txt"), output("b", "simulation_net.txt"));
     // The start network is drawn after the first reseeding, the samples after later ones.
     EXPECT_EQ(output("a", "start_statistics_net.txt"), output("c", "start_statistics_net.txt"));
-    EXPECT_EQ(output("a", "simulation_net.txt"), output("b", "simulation_net.txt"));
     EXPECT_NE(output("a", "simulation_net.txt"), output("c", "simulation_net.txt"));
+    EXPECT_NE(output("a", "simulation_net.txt"), output("d", "simulation_net.txt"));
 }
 
-TEST_F(ToolRun, TheLargestSeedWrapsAround) {
+TEST_F(ToolRun, TheLargestSeedIsTaken) {
     run(simulation(), {"--seed", "4294967295"});
     EXPECT_EQ(result.status, 0) << result.err;
 }
 
-TEST_F(ToolRun, WithoutAnOptionTheRealClockIsReported) {
-    run(simulation());
+TEST_F(ToolRun, WithoutAnOptionTheSeedIsOfEachRunAloneAndRepeatsIt) {
+    const auto shown_seed = [&] { return result.err.substr(5, result.err.find(" (") - 5); };
+    run(simulation(), {"--quiet"}, "a");
     EXPECT_EQ(result.status, 0);
-    EXPECT_TRUE(says("Random numbers: real clock")) << result.err;
+    const std::string seed = shown_seed();
+    EXPECT_EQ(result.err, "Seed " + seed + " (--seed " + seed + " repeats this run)\n");
+    run(simulation(), {"--seed", seed}, "b");
+    EXPECT_EQ(output("a", "simulation_net.txt"), output("b", "simulation_net.txt"));
+    run(simulation(), {"--quiet"}, "c");
+    EXPECT_NE(shown_seed(), seed);
+}
+
+TEST_F(ToolRun, ASetupFileMayComeThroughAPipe) {
+    scratch.write("net.setup", simulation().text());
+    const std::string tool = OVRI_TOOL_PATH;
+    const auto shell = [&](const std::string& command) {
+        return run_child(
+            {{"/bin/bash", "-c", command}, scratch.path(), {{"TMPDIR", scratch.path().string()}}});
+    };
+    for (const std::string& command :
+         {"cat net.setup | " + tool + " run - --clock 7", tool + " run - --clock 7 < net.setup",
+          tool + " run <(cat net.setup) --clock 7"}) {
+        fs::remove_all(scratch.path() / "out");
+        fs::create_directory(scratch.path() / "out");
+        const ChildResult child = shell(command);
+        EXPECT_EQ(child.status, 0) << child.errors;
+        EXPECT_FALSE(output("out", "simulation_net.txt").empty());
+    }
+    const ChildResult wrong = shell("echo Name | " + tool + " check -");
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_TRUE(wrong.output.starts_with("standard input:")) << wrong.output;
+    EXPECT_EQ(shell("ls ovri-*.setup").output, "");
+    const ChildResult full = run_child({{"/bin/bash", "-c", tool + " run - < net.setup"},
+                                        scratch.path(),
+                                        {{"TMPDIR", "/proc/self"}}});
+    EXPECT_EQ(full.status, 3);
+    EXPECT_NE(full.errors.find("TMPDIR names another directory"), std::string::npos) << full.errors;
+}
+
+TEST_F(ToolRun, WhatIsPrintedIntoAFullDiskIsNotDone) {
+    scratch.write("net.setup", simulation().text());
+    for (const std::string words :
+         {"check net.setup", "check nowhere.setup", "help run", "--version"}) {
+        const ChildResult child = run_child(
+            {{"/bin/sh", "-c", std::string(OVRI_TOOL_PATH) + " " + words + " > /dev/full"},
+             scratch.path(),
+             {}});
+        EXPECT_EQ(child.status, 3) << words;
+        EXPECT_NE(child.errors.find("standard output"), std::string::npos) << child.errors;
+    }
 }
 
 TEST_F(ToolRun, QuietShowsTheSeedAndNothingElse) {

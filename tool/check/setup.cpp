@@ -12,9 +12,8 @@ constexpr int kShownFlags = 3;
 
 bool check_text_file(const SetupView& view, Findings& findings) {
     const Where whole = {view.path, 0, "setup file"};
-    const std::string problem = open_problem(view.path);
-    if (!problem.empty()) {
-        add_error(findings, whole, "the file cannot be opened: " + problem, "a setup file",
+    if (!view.problem.empty()) {
+        add_error(findings, whole, "the file cannot be opened: " + view.problem, "a setup file",
                   "correct the path; relative paths start at the current directory");
         return false;
     }

@@ -22,9 +22,10 @@ bool can_begin_number(const std::string& word) { return !word.empty() && !is_bla
 
 }  // namespace
 
-SetupView read_view(const std::string& path, const std::string& output) {
+SetupView read_view(const std::string& path, const std::string& output, const std::string& name) {
     SetupView view;
-    view.path = path;
+    view.path = name;
+    view.problem = open_problem(path);
     view.output = output;
     view.text = bytes_of_file(path);
     view.line_starts = find_lines(view.text);

@@ -9,7 +9,10 @@
 #include "run/setup_file.h"
 
 struct SetupView {
+    // As messages name it.
     std::string path;
+    // Why the file cannot be opened; empty when it can.
+    std::string problem;
     // The bytes of the file, and the offset at which each line begins.
     std::string text;
     std::vector<long> line_starts;
@@ -24,7 +27,8 @@ struct SetupView {
     std::string output;
 };
 
-SetupView read_view(const std::string& path, const std::string& output);
+// Reads the file at `path`, which messages call `name`.
+SetupView read_view(const std::string& path, const std::string& output, const std::string& name);
 
 const std::string& output_directory(const SetupView& view);
 

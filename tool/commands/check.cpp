@@ -4,6 +4,7 @@
 #include "check/overview.h"
 #include "commands/commands.h"
 #include "commands/options.h"
+#include "commands/setup_source.h"
 #include "terminal/print.h"
 
 namespace {
@@ -16,7 +17,8 @@ struct CheckOptions {
 };
 
 int check(const CheckOptions& options) {
-    SetupView view = read_view(options.setup, options.output);
+    const SetupSource source(options.setup);
+    SetupView view = read_view(source.path(), options.output, source.name());
     const Findings findings = check_view(view);
     if (const std::string text = describe_setup(view); !text.empty()) {
         print(stdout, "{}: {}\n", view.path, text);
@@ -44,6 +46,7 @@ extern const Command kCheckCommand = {
     .examples = R"(
   ovri check examples/florentine/florentine.setup
   ovri check examples/florentine/florentine.setup --output /tmp
+  sed s/results/elsewhere/ examples/florentine/florentine.setup | ovri check -
 )",
     .details = R"(
 Reads the setup file and every file it names just as a run reads them, and writes

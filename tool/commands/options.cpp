@@ -5,7 +5,7 @@
 #include <map>
 
 void add_setup(CLI::App& app, std::string& path) {
-    app.add_option("SETUP", path, "The setup file.")->required();
+    app.add_option("SETUP", path, "The setup file; - stands for standard input.")->required();
 }
 
 void add_output(CLI::App& app, std::string& directory, const std::string& text) {

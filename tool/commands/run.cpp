@@ -14,6 +14,7 @@
 #include "commands/outcome.h"
 #include "commands/reseeding.h"
 #include "commands/results.h"
+#include "commands/setup_source.h"
 #include "run/run.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
@@ -129,7 +130,8 @@ void summarise(const SetupView& view, const Results& results, const Reseeding& r
 }
 
 int run(const RunOptions& options) {
-    SetupView view = read_view(options.setup, options.output);
+    const SetupSource source(options.setup);
+    SetupView view = read_view(source.path(), options.output, source.name());
     if ((!options.unchecked && !check_first(view, options)) || !can_begin(view)) {
         return kErrorsFound;
     }
@@ -141,7 +143,7 @@ int run(const RunOptions& options) {
     host.clock_seconds = reseeding.clock();
     reseeding.announce(stderr);
     const Results results(view, kSeparator);
-    const Outcome outcome = perform(options.setup, host, !options.quiet && is_terminal(stderr));
+    const Outcome outcome = perform(source.path(), host, !options.quiet && is_terminal(stderr));
     const std::vector<std::string> written = results.written();
     tell_outcome(outcome, view.path, written, stderr);
     if (written.empty()) {
@@ -161,9 +163,9 @@ std::function<int()> declare_run(CLI::App& app) {
     add_setup(app, options->setup);
     CLI::Option& seed = add_number(
         app, "--seed", options->seed,
-        "Draw from seed N. A run reseeds its random numbers several times: the first time with N, "
-        "then with N + 1, and so on, so its parts do not repeat each other. The seed is always "
-        "shown.");
+        "Draw from seed N. A run reseeds its random numbers several times, each time with a number "
+        "mixed of N and of how often it has done so: neither its parts nor runs of neighbouring "
+        "seeds share anything. The seed is always shown.");
     add_number(app, "--clock", options->clock,
                "Hold the clock at second N: every reseeding uses N.")
         .excludes(&seed);
@@ -171,8 +173,8 @@ std::function<int()> declare_run(CLI::App& app) {
                "Write into the directory DIR, which must exist, in place of the one the setup file "
                "names. Files that are read stay where they are.");
     app.add_flag("-q,--quiet", options->quiet,
-                 "Show no warnings, no progress and no summary; errors and the seed of --seed are "
-                 "shown all the same.");
+                 "Show no warnings, no progress and no summary; errors and the seed are shown all "
+                 "the same.");
     app.add_flag("--no-check", options->unchecked,
                  "Run without the check. Values that cannot be read then keep their defaults, "
                  "silently.");
@@ -196,8 +198,8 @@ nothing. Then the run writes its results into the output directory, and the file
 with the estimates (update files) beside them. Some results are added to the end
 of a file that an earlier run has left; the summary names every file.
 
-N is a whole number from 0 to 4294967295. With neither --seed nor --clock every
-reseeding takes the second of the real clock. The same setup, data and --seed (or
+N is a whole number from 0 to 4294967295. With neither --seed nor --clock the
+seed is taken from the system's entropy. The same setup, data and --seed (or
 --clock) give the same results.
 
 The run's own text goes to standard output, and nothing else does. Warnings,
@@ -207,7 +209,7 @@ end.
 )",
                                     .statuses = R"(
 Exit status: 0 the run is done; 1 the check found errors; 2 the command line was
-not understood; 3 the run could not be completed (memory ran out, or not everything
-could be written); 130 it was interrupted by Ctrl-C.
+not understood; 3 the run could not be completed (memory ran out, or not
+everything could be written); 130 it was interrupted by Ctrl-C.
 )",
                                     .declare = declare_run};
