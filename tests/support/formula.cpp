@@ -1,5 +1,6 @@
 #include "support/formula.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstddef>
@@ -12,6 +13,12 @@ class Evaluation {
   public:
     Evaluation(const std::string& text, const FormulaData& data)
         : text_(text), data_(data), n_(static_cast<int>(data.ties.size())) {}
+
+    // Binds i and j; sums leave them out from now on.
+    void bind(int i, int j) {
+        places_ = {{'i', i}, {'j', j}};
+        bound_ = {i, j};
+    }
 
     double whole() {
         const double value = sum_of_terms();
@@ -49,7 +56,7 @@ class Evaluation {
     }
 
     double sum_of_terms() {
-        double value = product();
+        double value = take("-") ? -product() : product();
         for (;;) {
             if (take("+")) {
                 value += product();
@@ -178,7 +185,7 @@ class Evaluation {
             return;
         }
         for (int actor = 0; actor < n_; ++actor) {
-            bool allowed = true;
+            bool allowed = std::find(bound_.begin(), bound_.end(), actor) == bound_.end();
             for (std::size_t before = 0; before < depth; ++before) {
                 const int other = places_[indices.letters[before]];
                 allowed = allowed && (indices.ascending ? other < actor : other != actor);
@@ -207,6 +214,9 @@ class Evaluation {
         expect("_");
         if (name == "K") {
             return cliques(static_cast<int>(number()), 0, {});
+        }
+        if (name == "L" && !bound_.empty()) {
+            return cliques(static_cast<int>(number()), 0, bound_);
         }
         const int i = index();
         const bool of_pair =
@@ -299,10 +309,17 @@ class Evaluation {
     std::size_t at_ = 0;
     bool inside_bars_ = false;
     std::map<char, int> places_;
+    std::vector<int> bound_;
 };
 
 }  // namespace
 
 double formula_value(const std::string& formula, const FormulaData& data) {
     return Evaluation(formula, data).whole();
+}
+
+double change_formula_value(const std::string& formula, const FormulaData& data, int i, int j) {
+    Evaluation evaluation(formula, data);
+    evaluation.bind(i, j);
+    return evaluation.whole();
 }

@@ -15,3 +15,7 @@ struct FormulaData {
 
 // The value of a formula; throws std::invalid_argument where it is not in the notation.
 double formula_value(const std::string& formula, const FormulaData& data);
+
+// The value of the formula of a change: i and j are bound, and sums leave them out. The ties are
+// those without the tie (i, j).
+double change_formula_value(const std::string& formula, const FormulaData& data, int i, int j);
