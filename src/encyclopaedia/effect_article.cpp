@@ -237,6 +237,8 @@ std::vector<std::string> oddities(const EffectEntry& entry) {
 
 int first_weight(WeightLaw law) { return law == WeightLaw::alternating ? 4 : 1; }
 
+int drawn_weights(WeightLaw law) { return law == WeightLaw::alternating ? 5 : 6; }
+
 std::vector<std::string> lambda_lines(const LambdaWeights& lambda) {
     constexpr double kBar = 10.0;
     constexpr std::size_t kColumn = 20;
@@ -248,8 +250,7 @@ std::vector<std::string> lambda_lines(const LambdaWeights& lambda) {
     lines.push_back(head.substr(0, head.find_last_not_of(' ') + 1));
     const double longest = lambda.law == WeightLaw::rising ? kDrawnLambdas.back() : 1.0;
     const int first = first_weight(lambda.law);
-    const int count = lambda.law == WeightLaw::alternating ? 5 : kDrawnWeights;
-    for (int k = first; k < first + count; ++k) {
+    for (int k = first; k < first + drawn_weights(lambda.law); ++k) {
         std::string line = padded(std::to_string(k), 4);
         for (const double value : kDrawnLambdas) {
             const double weight = lambda_weight(lambda.law, value, k);

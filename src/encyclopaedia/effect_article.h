@@ -39,11 +39,11 @@ std::string dependence_text(const EffectEntry& entry);
 // Where count and change part, what is not carried, what lambda must be, and the page's own.
 std::vector<std::string> oddities(const EffectEntry& entry);
 
-// The lambdas that are drawn, and how many weights of each.
+// The lambdas whose weights are drawn.
 constexpr std::array<double, 3> kDrawnLambdas = {1.5, 2.0, 4.0};
-constexpr int kDrawnWeights = 6;
-// The k of the first weight of the law.
+// The k of the law's first weight, and how many are drawn.
 int first_weight(WeightLaw law);
+int drawn_weights(WeightLaw law);
 
 // A table of bars: the weight of the k-th for each drawn lambda.
 std::vector<std::string> lambda_lines(const LambdaWeights& lambda);

@@ -236,10 +236,15 @@ std::vector<const EffectEntry*> find_entries(std::string_view name,
             return found;
         }
     }
+    if (auto found = entries_with(
+            kind, [&](const EffectEntry& entry) { return any_matches(other_terms(entry), name); });
+        !found.empty()) {
+        return found;
+    }
     return entries_with(kind, [&](const EffectEntry& entry) {
         const std::vector<std::string> terms = other_terms(entry);
         return std::any_of(terms.begin(), terms.end(), [&](const std::string& term) {
-            return names_match(term, name) || names_match(bare_term(term), bare);
+            return names_match(bare_term(term), bare);
         });
     });
 }

@@ -50,9 +50,8 @@ TEST(EffectEntries, AreFoundByTheTermsOfOtherPackages) {
     EXPECT_EQ(names(find_entries("gwesp(0.5)", NetworkKind::undirected)),
               Names{"undirected AT(lambda)"});
     EXPECT_EQ(find_entries("gwesp", NetworkKind::directed).size(), 4U);
-    EXPECT_EQ(names(find_entries("kstar(3)", kBoth)),
-              (Names{"undirected 2-star", "undirected 3-star", "undirected 4-star",
-                     "undirected 5-star"}));
+    EXPECT_EQ(names(find_entries("kstar(3)", kBoth)), Names{"undirected 3-star"});
+    EXPECT_EQ(find_entries("kstar", kBoth).size(), 4U);
     EXPECT_EQ(names(find_entries("mutual", kBoth)).front(), "directed reciprocity");
 }
 
