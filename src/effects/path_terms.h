@@ -59,11 +59,15 @@ class UnorderedSum {
     template <class Cell>
     void add_cells(const Members& members, int size, int without, const std::uint64_t* any,
                    Cell cell) {
-        zeros_ += members.has(without) ? size - 1 : size;
+        double sum = 0.0;
+        int largest = 0;
+        int zeros = members.has(without) ? size - 1 : size;
         const auto visit = [&](int k) {
             if (k != without) {
-                add(cell(k));
-                --zeros_;
+                const int value = cell(k);
+                largest = std::max(largest, value);
+                sum += term_(value);
+                --zeros;
             }
         };
         if (members.listed()) {
@@ -73,8 +77,14 @@ class UnorderedSum {
                 }
             }
         } else {
-            row_and_for_each(members.row(), any, members.rows.words_per_row, visit);
+            const std::uint64_t* row = members.row();
+            for (int word = 0; word < members.rows.words_per_row; ++word) {
+                word_for_each_unordered(row[word] & any[word], word * 64, visit);
+            }
         }
+        sum_ += sum;
+        zeros_ += zeros;
+        largest_ = std::max(largest_, largest);
     }
 
     bool exact() const { return term_.exact(largest_); }

@@ -84,6 +84,20 @@ inline void word_for_each(std::uint64_t ordered_word, int first_actor, Visit vis
     }
 }
 
+// Calls visit(actor) for each actor of a word in memory order, in an order of no meaning: cheaper
+// where the order cannot be seen in the result.
+template <class Visit>
+inline void word_for_each_unordered(std::uint64_t memory_word, int first_actor, Visit visit) {
+    if constexpr (std::endian::native != std::endian::little) {
+        word_for_each(memory_word, first_actor, visit);
+    } else {
+        // Bytes are in actor order already, their bits are not.
+        for (; memory_word != 0; memory_word &= memory_word - 1) {
+            visit(first_actor + (std::countr_zero(memory_word) ^ 7));
+        }
+    }
+}
+
 template <class Visit>
 inline void row_for_each(const std::uint64_t* row, int words, Visit visit) {
     for (int word = 0; word < words; ++word) {

@@ -20,7 +20,7 @@ bool is_free(const Network* free_dyads, int i, int j) {
 
 // How actors are drawn in this chain.
 template <class Network>
-Remainder actor_remainder(Chain<Network>& chain) {
+const Remainder& actor_remainder(Chain<Network>& chain) {
     if (chain.actors.divisor() != chain.network.vertices) {
         chain.actors = Remainder(chain.network.vertices);
     }
@@ -73,22 +73,12 @@ inline bool scan_sender_swaps(const Chain<Digraph>& chain) {
     return false;
 }
 
-// Draws the dyad of a single toggle. False when none is eligible.
+// Draws a dyad that may be proposed where not all may. False when there is none.
 template <class Network>
-bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
-    if (chain.network.vertices < 2) {
-        chain.stuck = true;
-        return false;
-    }
+bool draw_free_dyad(Chain<Network>& chain, Dyad& dyad) {
     RandomSource& random = chain.random;
     const Remainder actors = actor_remainder(chain);
     dyad.i = draw_actor(random, actors);
-    if (chain.free_dyads == nullptr) {
-        do {
-            dyad.j = draw_actor(random, actors);
-        } while (dyad.j == dyad.i);
-        return true;
-    }
     dyad.j = dyad.i;
     for (int failures = 0; dyad.i == dyad.j || !has_tie(*chain.free_dyads, dyad.i, dyad.j);) {
         if (++failures > kProposalPatience) {
@@ -102,6 +92,24 @@ bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
         dyad.i = draw_actor(random, actors);
         dyad.j = draw_actor(random, actors);
     }
+    return true;
+}
+
+// Draws the dyad of a single toggle. False when none is eligible.
+template <class Network>
+inline bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
+    if (chain.network.vertices < 2) {
+        chain.stuck = true;
+        return false;
+    }
+    if (chain.free_dyads != nullptr) {
+        return draw_free_dyad(chain, dyad);
+    }
+    const Remainder& actors = actor_remainder(chain);
+    dyad.i = draw_actor(chain.random, actors);
+    do {
+        dyad.j = draw_actor(chain.random, actors);
+    } while (dyad.j == dyad.i);
     return true;
 }
 

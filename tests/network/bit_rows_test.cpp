@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -126,6 +127,19 @@ TEST(BitRows, RowsOfAMatrixDoNotTouchEachOther) {
     EXPECT_EQ(row_count(matrix[2], 2), 0);
     EXPECT_EQ(BitMatrix(0).words.size(), 0U);
     EXPECT_EQ(BitMatrix(-4).actors, 0);
+}
+
+TEST(BitRows, AnUnorderedWalkOfAWordMeetsTheSameActors) {
+    std::mt19937 random(5);
+    for (const int actors : {1, 7, 8, 63, 64}) {
+        for (const unsigned share : {0U, 10U, 50U, 100U}) {
+            const Row row = random_row(random, actors, share);
+            std::vector<int> met;
+            word_for_each_unordered(row.set.row()[0], 0, [&](int actor) { met.push_back(actor); });
+            std::sort(met.begin(), met.end());
+            EXPECT_EQ(met, members(row.plain));
+        }
+    }
 }
 
 }  // namespace
