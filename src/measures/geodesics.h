@@ -1,5 +1,5 @@
-// Shortest paths between all actors, their distribution and its quartiles. Snapshots: a toggle
-// never touches them.
+// The distribution of the shortest paths between all actors, and its quartiles. Snapshots: a toggle
+// never touches them. The paths themselves are not kept.
 #pragma once
 
 #include <array>
@@ -7,10 +7,11 @@
 #include "network/digraph.h"
 #include "network/graph.h"
 
+// A path of this length counts as none, as it always has.
 constexpr int kUnreachable = 9999;
 
-// Recomputes `geodesics`, `geodesic_distribution` and, for a Graph, `largest_component`.
-// Breadth-first over bit rows: O(n (n + ties) n / 64) at worst.
+// Recomputes `geodesic_distribution` and, for a Graph, `largest_component`. Breadth-first from 64
+// actors at a time: O(n (n + ties) / 64) for each level of the search at worst.
 void refresh_geodesics(Graph& graph);
 void refresh_geodesics(Digraph& digraph);
 

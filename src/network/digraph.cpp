@@ -84,7 +84,6 @@ Digraph digraph_create(int vertices, int statistic_count) {
     digraph.adjacency_in = BitMatrix(vertices);
     digraph.receivers = NeighbourLists(vertices);
     digraph.senders = NeighbourLists(vertices);
-    digraph.geodesics = IntTable(vertices, vertices, 9999);
     digraph.in_degree.assign(actors, 0);
     digraph.out_degree.assign(actors, 0);
     digraph.mutual_degree.assign(actors, 0);

@@ -23,8 +23,6 @@ struct Digraph {
     // The rows of the two as sorted lists where they are short.
     NeighbourLists receivers;
     NeighbourLists senders;
-    // Directed shortest paths, 9999 without a path; a snapshot.
-    IntTable geodesics;
     std::vector<int> in_degree;
     std::vector<int> out_degree;
     // Mutual dyads of each actor.

@@ -55,6 +55,10 @@ void change_two_paths(Graph& graph, int of, int end, int by) {
 
 void change_triangles(Graph& graph, int actor, int by) {
     int& triangles = graph.triangles[static_cast<std::size_t>(actor)];
+    const auto after = static_cast<std::size_t>(triangles + by);
+    if (after >= graph.triangle_distribution.size()) {
+        graph.triangle_distribution.resize(after + 1, 0);
+    }
     move_count(graph.triangle_distribution, triangles, triangles + by);
     triangles += by;
 }
@@ -71,7 +75,6 @@ Graph graph_create(int vertices, int statistic_count, int clique_depth) {
     graph.neighbours = NeighbourLists(vertices);
     graph.two_paths = CountTable(vertices, vertices);
     graph.any_two_paths = BitMatrix(vertices);
-    graph.geodesics = IntTable(vertices, vertices, 9999);
     graph.degree_distribution.assign(actors, 0);
     graph.degree.assign(actors, 0);
     graph.et0.assign(actors, 0);
@@ -79,7 +82,7 @@ Graph graph_create(int vertices, int statistic_count, int clique_depth) {
     graph.etnt_ratio.assign(actors, 0.0);
     graph.two_path_distribution.assign(size_of(n - 1), 0);
     graph.triangles.assign(actors, 0);
-    graph.triangle_distribution.assign(size_of((n - 1) * (n - 2) / 2 + 1), 0);
+    graph.triangle_distribution.assign(1, vertices);
     graph.geodesic_distribution.assign(actors, 0);
     graph.clustering.assign(actors, 0.0);
     graph.statistics.assign(size_of(statistic_count), 0.0);
@@ -90,9 +93,6 @@ Graph graph_create(int vertices, int statistic_count, int clique_depth) {
                               0);
     if (!graph.degree_distribution.empty()) {
         graph.degree_distribution[0] = vertices;
-    }
-    if (!graph.triangle_distribution.empty()) {
-        graph.triangle_distribution[0] = vertices;
     }
     if (!graph.two_path_distribution.empty()) {
         graph.two_path_distribution[0] = static_cast<int>(n * (n - 1) / 2);
@@ -142,6 +142,13 @@ void graph_copy(const Graph& source, Graph& target) {
     const int vertices = target.vertices;
     target = source;
     target.vertices = vertices;
+}
+
+std::vector<int> graph_triangle_histogram(const Graph& graph) {
+    const std::int64_t n = graph.vertices;
+    std::vector<int> histogram = graph.triangle_distribution;
+    histogram.resize(size_of((n - 1) * (n - 2) / 2 + 1), 0);
+    return histogram;
 }
 
 double network_density(const Graph& graph) {

@@ -34,8 +34,6 @@ struct Graph {
     // Bit (a, b): two_paths[a][b] is not 0. Most pairs of a sparse network have no common
     // neighbour, and 64 of them are told by one word.
     BitMatrix any_two_paths;
-    // Shortest-path lengths, 9999 without a path, 0 on the diagonal; a snapshot.
-    IntTable geodesics;
     // [d] = actors of degree d; n entries.
     std::vector<int> degree_distribution;
     std::vector<int> degree;
@@ -48,7 +46,8 @@ struct Graph {
     std::vector<int> two_path_distribution;
     // Triangles through each actor.
     std::vector<int> triangles;
-    // [t] = actors with t triangles; (n - 1)(n - 2) / 2 + 1 entries.
+    // [t] = actors with t triangles, up to the largest number there has been;
+    // graph_triangle_histogram gives all the entries that the files show.
     std::vector<int> triangle_distribution;
     // Entry d - 1 counts unordered pairs at distance d, the last entry unreachable pairs; a
     // snapshot.
@@ -75,8 +74,8 @@ inline std::uint64_t* graph_working_set(const Graph& graph, int index) {
            static_cast<std::ptrdiff_t>(index) * graph.adjacency.words_per_row;
 }
 
-// An empty network: every table zero but the histograms' entries 0 (all actors, all dyads) and
-// `geodesics` (9999). Sizes below zero count as zero.
+// An empty network: every table zero but the histograms' entries 0 (all actors, all dyads). Sizes
+// below zero count as zero.
 Graph graph_create(int vertices, int statistic_count, int clique_depth);
 
 inline bool graph_has_edge(const Graph& graph, int i, int j) { return graph.adjacency.has(i, j); }
@@ -94,6 +93,10 @@ void graph_add_tie(Graph& graph, int i, int j);
 
 // Copies everything but `vertices`; both records have the same n.
 void graph_copy(const Graph& source, Graph& target);
+
+// `triangle_distribution` with its zeros up to the most triangles that an actor may have:
+// (n - 1)(n - 2) / 2 + 1 entries. Half of n^2 integers, so it is made for a file and not kept.
+std::vector<int> graph_triangle_histogram(const Graph& graph);
 
 // 2 x edges / (n (n - 1)), in double.
 double network_density(const Graph& graph);

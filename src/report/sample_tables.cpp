@@ -167,7 +167,7 @@ void write_distribution_rows(Graph& graph, const EffectSelection& selection,
     }
     if (switches.triangle_distribution) {
         TextWriter out = writer_append(paths.triangle_distribution);
-        out.cells(graph.triangle_distribution);
+        out.cells(graph_triangle_histogram(graph));
         write_int_summary(out, graph.triangles);
         out.text("\n");
     }

@@ -80,7 +80,7 @@ void write_two_paths(TextWriter& out, const Graph& graph) {
 
 void write_triangles(TextWriter& out, const Graph& graph) {
     out.text("Triangle Distribution:(range[0..(n-2)*(n-1)/2])\n");
-    out.cells(graph.triangle_distribution);
+    out.cells(graph_triangle_histogram(graph));
     out.text("\nMean of triangle distribution = ");
     out.print("%.6f\n", mean_int(graph.triangles));
     out.text("Standard deviation of triangle distribution = ");

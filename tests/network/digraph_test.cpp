@@ -74,7 +74,6 @@ TEST(DigraphRecord, OfNoActorsOrANegativeNumberHasEmptyTables) {
         EXPECT_EQ(digraph.mutual_dyads, 0);
         EXPECT_TRUE(digraph.adjacency.words.empty());
         EXPECT_TRUE(digraph.adjacency_in.words.empty());
-        EXPECT_TRUE(digraph.geodesics.cells.empty());
         EXPECT_TRUE(digraph.two_paths.cells.empty());
         EXPECT_TRUE(digraph.shared_receivers.cells.empty());
         EXPECT_TRUE(digraph.shared_senders.cells.empty());
@@ -97,9 +96,6 @@ TEST(DigraphRecord, ANewOneIsEmpty) {
     EXPECT_EQ(digraph.out_degree_distribution, (std::vector<int>{9, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(digraph.statistics, (std::vector<double>{0, 0, 0}));
     EXPECT_EQ(digraph.triad_census, std::vector<double>(16, 0.0));
-    for (const int cell : digraph.geodesics.cells) {
-        EXPECT_EQ(cell, 9999);
-    }
     expect_first_half(digraph, reference::empty_digraph(9));
     expect_second_half(digraph, reference::empty_digraph(9));
 }
@@ -233,14 +229,14 @@ TEST(DigraphRecord, ACopyTakesEverythingButTheNumberOfActors) {
     const PlainDigraph plain = reference::make_digraph(4, {{0, 1}, {1, 0}, {2, 3}});
     Digraph source = engine_digraph(plain, 2);
     source.statistics = {1.5, -2.0};
-    source.geodesics[0][3] = 7;
+    source.geodesic_distribution[2] = 7;
     source.triad_census[4] = 9.0;
     Digraph target = digraph_create(4, 2);
     digraph_copy(source, target);
     expect_first_half(target, plain);
     expect_second_half(target, plain);
     EXPECT_EQ(target.statistics, source.statistics);
-    EXPECT_EQ(target.geodesics[0][3], 7);
+    EXPECT_EQ(target.geodesic_distribution[2], 7);
     EXPECT_EQ(target.triad_census[4], 9.0);
     digraph_remove_arc(target, 0, 1);
     EXPECT_TRUE(digraph_has_arc(source, 0, 1));
