@@ -61,6 +61,7 @@ install_tools() {
             'x86_64-w64-mingw32-g++-posix?g++-mingw-w64-x86-64-posix'
             'x86_64-w64-mingw32-objdump?binutils-mingw-w64-x86-64'
             'wine?wine'
+            'valgrind?valgrind'
         )
     fi
     install_missing "${packages[@]}"
@@ -131,6 +132,8 @@ else
     build asan
     step "Tests under AddressSanitizer and UndefinedBehaviorSanitizer"
     run_tests asan build-asan
+    step "Instructions of a proposal, for information"
+    bench/instructions.sh --compare
 fi
 
 step ''

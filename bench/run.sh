@@ -1,19 +1,16 @@
 #!/usr/bin/env bash
-# What a proposal, a sample and a whole job cost, in one go. Build first:
+# What a proposal, a sample and a fit cost, in one go. Build first:
 #
 #   cmake --preset release && cmake --build --preset release
-#   bench/run.sh             proposals at 50 to 3000 actors, samples; some minutes
+#   bench/run.sh             proposals at 50 to 3000 actors, samples, fits; some minutes
 #   bench/run.sh --large     and at 10,000 actors
-#   bench/run.sh --jobs      and whole jobs of 100 to 2000 actors through the tool
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 large=no
-jobs=no
 for argument in "$@"; do
     case $argument in
         --large) large=yes ;;
-        --jobs) jobs=yes ;;
         *) echo "bench/run.sh: unknown argument $argument" >&2; exit 1 ;;
     esac
 done
@@ -29,7 +26,5 @@ fi
 echo "== Samples: refreshing the measures, without and with their rows"
 build/bench/bench_samples --benchmark_min_time=0.2
 
-if [ $jobs = yes ]; then
-    echo "== Whole jobs"
-    bench/jobs.sh
-fi
+echo "== Whole fits at 100 actors"
+build/bench/bench_fits

@@ -1,31 +1,44 @@
 #include "measures/geodesics.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <vector>
 
 #include "base/sample_summaries.h"
 
 namespace {
 
-// Counts of pairs by distance, from 64 sources at a time: bit s of a word stands for source s, and
-// one step of the search moves all sources that stand at an actor on to its neighbours.
+// Sources of one search: bit s of the words stands for the s-th of them.
+constexpr int kSources = 256;
+constexpr int kSourceWords = kSources / 64;
+using Sources = std::array<std::uint64_t, kSourceWords>;
+
+// Counts of pairs by distance, from many sources at a time: one step of the search moves all
+// sources that stand at an actor on to its neighbours.
 class DistanceCounts {
   public:
     DistanceCounts(const BitMatrix& adjacency, const NeighbourLists& lists)
-        : adjacency_(adjacency),
-          lists_(lists),
-          seen_(actors(), 0),
-          at_(actors(), 0),
-          next_(actors(), 0) {}
+        : actors_(adjacency.actors), seen_(size()), at_(size()), next_(size()) {
+        first_.reserve(size() + 1);
+        for (int actor = 0; actor < actors_; ++actor) {
+            first_.push_back(neighbours_.size());
+            members_for_each(lists, adjacency, actor,
+                             [&](int neighbour) { neighbours_.push_back(neighbour); });
+        }
+        first_.push_back(neighbours_.size());
+    }
 
     // Entry d - 1: ordered pairs at distance d; the last entry: pairs without a path.
     std::vector<std::int64_t> count() {
-        std::vector<std::int64_t> pairs(actors(), 0);
+        std::vector<std::int64_t> pairs(size(), 0);
         if (pairs.empty()) {
             return pairs;
         }
-        const auto n = static_cast<std::int64_t>(actors());
+        const auto n = static_cast<std::int64_t>(actors_);
         std::int64_t apart = n * (n - 1);
-        for (int first = 0; first < adjacency_.actors; first += 64) {
+        for (int first = 0; first < actors_; first += kSources) {
             start(first);
             for (int distance = 1; !standing_.empty(); ++distance) {
                 const std::int64_t reached = step();
@@ -40,56 +53,64 @@ class DistanceCounts {
     }
 
   private:
-    std::size_t actors() const { return static_cast<std::size_t>(adjacency_.actors); }
+    std::size_t size() const { return static_cast<std::size_t>(actors_); }
 
     void start(int first) {
-        std::fill(seen_.begin(), seen_.end(), 0);
+        std::fill(seen_.begin(), seen_.end(), Sources{});
         standing_.clear();
-        for (int source = first; source < std::min(first + 64, adjacency_.actors); ++source) {
+        for (int source = first; source < std::min(first + kSources, actors_); ++source) {
             const auto index = static_cast<std::size_t>(source);
-            seen_[index] = at_[index] = std::uint64_t{1} << static_cast<unsigned>(source - first);
+            const auto place = static_cast<std::size_t>(source - first);
+            at_[index] = Sources{};
+            at_[index][place / 64] = std::uint64_t{1} << (place % 64);
+            seen_[index] = at_[index];
             standing_.push_back(source);
         }
     }
 
     // Moves every source one tie on; the number of pairs reached for the first time.
     std::int64_t step() {
-        met_.clear();
         for (const int actor : standing_) {
-            const std::uint64_t sources = at_[static_cast<std::size_t>(actor)];
-            members_for_each(lists_, adjacency_, actor, [&](int neighbour) {
-                std::uint64_t& arriving = next_[static_cast<std::size_t>(neighbour)];
-                if (arriving == 0) {
-                    met_.push_back(neighbour);
+            const auto index = static_cast<std::size_t>(actor);
+            const Sources sources = at_[index];
+            for (std::size_t tie = first_[index]; tie < first_[index + 1]; ++tie) {
+                Sources& arriving = next_[static_cast<std::size_t>(neighbours_[tie])];
+                for (std::size_t word = 0; word < kSourceWords; ++word) {
+                    arriving[word] |= sources[word];
                 }
-                arriving |= sources;
-            });
+            }
         }
         standing_.clear();
         std::int64_t reached = 0;
-        for (const int actor : met_) {
-            const auto index = static_cast<std::size_t>(actor);
-            const std::uint64_t fresh = next_[index] & ~seen_[index];
-            next_[index] = 0;
-            if (fresh != 0) {
-                seen_[index] |= fresh;
-                at_[index] = fresh;
-                standing_.push_back(actor);
-                reached += std::popcount(fresh);
+        for (std::size_t index = 0; index < size(); ++index) {
+            std::uint64_t any = 0;
+            for (std::size_t word = 0; word < kSourceWords; ++word) {
+                const std::uint64_t fresh = next_[index][word] & ~seen_[index][word];
+                next_[index][word] = 0;
+                seen_[index][word] |= fresh;
+                at_[index][word] = fresh;
+                any |= fresh;
+            }
+            if (any != 0) {
+                standing_.push_back(static_cast<int>(index));
+                for (const std::uint64_t fresh : at_[index]) {
+                    reached += std::popcount(fresh);
+                }
             }
         }
         return reached;
     }
 
-    const BitMatrix& adjacency_;
-    const NeighbourLists& lists_;
+    int actors_;
+    // The neighbours of all actors one after the other, and where those of each begin.
+    std::vector<int> neighbours_;
+    std::vector<std::size_t> first_;
     // Sources that have been at each actor, that stand at it, and that arrive there.
-    std::vector<std::uint64_t> seen_;
-    std::vector<std::uint64_t> at_;
-    std::vector<std::uint64_t> next_;
-    // Actors where a source stands, and those where one arrives.
+    std::vector<Sources> seen_;
+    std::vector<Sources> at_;
+    std::vector<Sources> next_;
+    // Actors where a source stands.
     std::vector<int> standing_;
-    std::vector<int> met_;
 };
 
 // Actors of the largest connected component; 1 without any.

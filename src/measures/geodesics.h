@@ -10,7 +10,7 @@
 // A path of this length counts as none, as it always has.
 constexpr int kUnreachable = 9999;
 
-// Recomputes `geodesic_distribution` and, for a Graph, `largest_component`. Breadth-first from 64
+// Recomputes `geodesic_distribution` and, for a Graph, `largest_component`. Breadth-first from 256
 // actors at a time: O(n (n + ties) / 64) for each level of the search at worst.
 void refresh_geodesics(Graph& graph);
 void refresh_geodesics(Digraph& digraph);
