@@ -113,38 +113,59 @@ inline bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
     return true;
 }
 
+// Draws two dyads, one of them tied and one not, until both may be proposed. The usual case by
+// itself, as most of the time of a swap in a sparse network goes here. False after
+// kProposalPatience draws.
+template <class Network>
+bool draw_unlike_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
+    RandomSource& random = chain.random;
+    const Remainder actors = actor_remainder(chain);
+    const BitMatrix& tied = chain.network.adjacency;
+    for (int draws = 0; draws < kProposalPatience; ++draws) {
+        first.i = draw_actor(random, actors);
+        second.i = draw_actor(random, actors);
+        first.j = draw_actor(random, actors);
+        second.j = draw_actor(random, actors);
+        // No actor is tied to itself, so a pair of one actor counts as untied here.
+        if (tied.has(first.i, first.j) != tied.has(second.i, second.j) && first.i != first.j &&
+            second.i != second.j) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The same where only some dyads may be proposed; the draws come in another order.
+template <class Network>
+bool draw_unlike_free_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
+    RandomSource& random = chain.random;
+    const Remainder actors = actor_remainder(chain);
+    for (int draws = 0; draws < kProposalPatience; ++draws) {
+        first.j = draw_actor(random, actors);
+        second.j = draw_actor(random, actors);
+        first.i = draw_actor(random, actors);
+        second.i = draw_actor(random, actors);
+        if (first.i != first.j && second.i != second.j &&
+            has_tie(chain.network, first.i, first.j) !=
+                has_tie(chain.network, second.i, second.j) &&
+            is_free(chain.free_dyads, first.i, first.j) &&
+            is_free(chain.free_dyads, second.i, second.j)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 // Draws two dyads of different state, the tied one first. False when there are none.
 template <class Network>
 bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
-    RandomSource& random = chain.random;
-    const Remainder actors = actor_remainder(chain);
-    tied = {};
-    empty = {};
-    const auto eligible = [&] {
-        return tied.i != tied.j && empty.i != empty.j &&
-               has_tie(chain.network, tied.i, tied.j) != has_tie(chain.network, empty.i, empty.j) &&
-               is_free(chain.free_dyads, tied.i, tied.j) &&
-               is_free(chain.free_dyads, empty.i, empty.j);
-    };
-    for (int failures = 0; !eligible();) {
-        if (++failures > kProposalPatience) {
-            const FreeDyads found = scan_dyads(chain);
-            if (!found.tied || !found.untied) {
-                chain.stuck = true;
-                return false;
-            }
-            failures = 0;
-        }
-        if (chain.free_dyads != nullptr) {
-            tied.j = draw_actor(random, actors);
-            empty.j = draw_actor(random, actors);
-            tied.i = draw_actor(random, actors);
-            empty.i = draw_actor(random, actors);
-        } else {
-            tied.i = draw_actor(random, actors);
-            empty.i = draw_actor(random, actors);
-            tied.j = draw_actor(random, actors);
-            empty.j = draw_actor(random, actors);
+    const bool any = chain.free_dyads == nullptr;
+    while (!(any ? draw_unlike_dyads(chain, tied, empty)
+                 : draw_unlike_free_dyads(chain, tied, empty))) {
+        const FreeDyads found = scan_dyads(chain);
+        if (!found.tied || !found.untied) {
+            chain.stuck = true;
+            return false;
         }
     }
     if (!has_tie(chain.network, tied.i, tied.j)) {
