@@ -166,6 +166,25 @@ TEST(BrokenSetup, NegativeAndHugeCountsDoNotHarm) {
     }
 }
 
+// A report of a network without a row in its matrix and without a tie.
+void expect_empty_network(const std::string& report, NetworkKind kind, int actors) {
+    const std::string number = std::to_string(actors);
+    const auto holds = [&](const std::string& piece) {
+        EXPECT_NE(report.find(piece), std::string::npos) << piece << "\n" << report.substr(0, 400);
+    };
+    const bool directed = kind == NetworkKind::directed;
+    holds(directed ? "\narc\t0\n" : "\nvertices\t" + number + "\nedges\t0\n");
+    if (actors == 1) {
+        return;
+    }
+    holds("vertices " + number + (directed ? "\nmatrix\n\n***" : "\n*matrix\n***"));
+    holds(directed ? "\nIn-degree Distribution:(range[0..n-1])\n\n"
+                   : "\nDegree Distribution:(range[0..n-1])\n\n");
+    if (!directed && actors < 0) {
+        holds("(range[0..(n-2)*(n-1)/2])\n-3\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t\n");
+    }
+}
+
 TEST(BrokenSetup, NegativeActorsMakeAnEmptyNetwork) {
     for (const NetworkKind kind : {NetworkKind::undirected, NetworkKind::directed}) {
         for (const int mode : {1, 2, 3, 4}) {
@@ -175,7 +194,8 @@ TEST(BrokenSetup, NegativeActorsMakeAnEmptyNetwork) {
                 const ScratchDirectory scratch;
                 write_data(scratch, kind);
                 scratch.write("run.setup", setup_text(setup));
-                EXPECT_FALSE(run_in_directory(scratch.path()).files.empty());
+                const RunOutputs outputs = run_in_directory(scratch.path());
+                expect_empty_network(outputs.files.at("start_statistics_net.txt"), kind, actors);
             }
         }
     }
