@@ -27,15 +27,15 @@ class ToolCheckFiles : public ToolTest {
     }
     void check_wealth(const std::string& text) {
         scratch.write("wealth.txt", text);
-        check({.attributes = kEdgeAndWealth});
+        check({.mode = 3, .attributes = kEdgeAndWealth});
     }
     void check_binary(const std::string& text) {
         scratch.write("binary.txt", text);
-        check({.attributes = kTwoBinary});
+        check({.mode = 3, .attributes = kTwoBinary});
     }
     void check_group(const std::string& text) {
         scratch.write("group.txt", text);
-        check({.attributes = kOneCategory});
+        check({.mode = 3, .attributes = kOneCategory});
     }
     void check_covariates(const std::string& text) {
         scratch.write("covariates.txt", text);
@@ -192,10 +192,14 @@ TEST_F(ToolCheckFiles, AnAsymmetricMatrixIsAnErrorOfAnUndirectedNetworkOnly) {
     expect_nothing();
 }
 
-TEST_F(ToolCheckFiles, AnEmptyAndACompleteNetworkAreSurprising) {
+TEST_F(ToolCheckFiles, AnEmptyAndACompleteNetworkAreErrorsOfAnEstimation) {
     check_network("0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "without ties");
+    check({.mode = 3});
     expect_warning("network file", "without ties");
     check_network("0 1 1 1 1\n1 0 1 1 1\n1 1 0 1 1\n1 1 1 0 1\n1 1 1 1 0\n");
+    expect_error("network file", "a complete observed network");
+    check({.mode = 3});
     expect_warning("network file", "a complete observed network");
 }
 

@@ -165,7 +165,7 @@ TEST_F(ToolCheckSettings, FreeDyadsMustLeaveSomethingToChange) {
     check({.free_dyads = "Free 1\nfree.txt"});
     expect_error("free dyads file", "no free dyad");
     scratch.write("free.txt", kFreeOne);
-    check({.free_dyads = "Free 1\nfree.txt"});
+    check({.mode = 3, .free_dyads = "Free 1\nfree.txt"});
     expect_nothing();
     check({.proposal = "1", .effects = {{"Triangle", "1 0"}}, .free_dyads = "Free 1\nfree.txt"});
     expect_error("free dyads file", "one free dyad, and a swap needs two");
@@ -202,9 +202,9 @@ TEST_F(ToolCheckSettings, ADirectedCapIsSaidToBeOnOutDegrees) {
 }
 
 TEST_F(ToolCheckSettings, ALambdaThatKillsASelectedEffectIsSurprising) {
-    check({.effects = {{"edge", "1 0.0"}, {"AT", "1 0.0 0.5"}}});
+    check({.mode = 3, .effects = {{"edge", "1 0.0"}, {"AT", "1 0.0 0.5"}}});
     expect_warning("AT lambda", "below 1 the effect is dead");
-    check({.effects = {{"edge", "1 0.0"}, {"AT", "1 0.0 0.0"}}});
+    check({.mode = 3, .effects = {{"edge", "1 0.0"}, {"AT", "1 0.0 0.0"}}});
     expect_warning("AT lambda", "below 1 the effect is dead");
     check({.effects = {{"edge", "1 0.0"}, {"AT", "1 0.0 nan"}}});
     expect_error("AT lambda", "\"nan\"");
@@ -213,7 +213,11 @@ TEST_F(ToolCheckSettings, ALambdaThatKillsASelectedEffectIsSurprising) {
 }
 
 TEST_F(ToolCheckSettings, AStarOfInAndOutNeedsALambdaAboveOne) {
-    check({.kind = 2, .effects = {{"arc", "1 0.0"}, {"AinAoutS", "1 0.0 1.0"}}});
+    ToolSetup setup{.kind = 2, .effects = {{"arc", "1 0.0"}, {"AinAoutS", "1 0.0 1.0"}}};
+    check(setup);
+    expect_error("AinAoutS lambda", "a number above 1");
+    setup.mode = 3;
+    check(setup);
     expect_warning("AinAoutS lambda", "a number above 1");
 }
 

@@ -29,6 +29,11 @@ void check_covariance(const SetupView& view, Findings& findings);
 // The selected effects, their values and lambdas.
 void check_model(const SetupView& view, Findings& findings);
 
+// Whether an estimation can find the parameters of the model from these data. `observed` and
+// `free_dyads` as in check_moves; to be called behind all that look at files and selections.
+void check_estimability(const SetupView& view, const Ties* observed, const Ties* free_dyads,
+                        Findings& findings);
+
 // Counts and lengths of the run.
 void check_settings(const SetupView& view, Findings& findings);
 

@@ -64,15 +64,17 @@ void check_lambda(const SetupView& view, const Row& row, Findings& findings) {
         view.setup.selection.structural[static_cast<std::size_t>(row.key.row)].lambda;
     const std::string found = quoted_value(view, *item);
     const char* range = setup_item(SetupId::structural_lambda).range;
+    // Nothing can be estimated from a statistic that stays 0.
+    const auto add_dead = is_mode(view, RunMode::estimation) ? add_error : add_warning;
     if (!std::isfinite(lambda)) {
         add_error(findings, where_item(view, *item), found, range, "write a lambda; 2 is usual");
     } else if (lambda < 1.0F) {
-        add_warning(findings, where_item(view, *item), found, range,
-                    "write a lambda of 1 or more (2 is usual): below 1 the effect is dead, its "
-                    "statistic stays 0");
+        add_dead(findings, where_item(view, *item), found, range,
+                 "write a lambda of 1 or more (2 is usual): below 1 the effect is dead, its "
+                 "statistic stays 0");
     } else if (lambda == 1.0F && needs_more_than_one(view, row)) {
-        add_warning(findings, where_item(view, *item), found, "a number above 1",
-                    "write a lambda above 1: at 1 this effect's statistic is 0");
+        add_dead(findings, where_item(view, *item), found, "a number above 1",
+                 "write a lambda above 1: at 1 this effect's statistic is 0");
     }
 }
 

@@ -56,7 +56,7 @@ std::vector<int> degrees(const Ties& ties) {
 
 const char* tie_word(const Moves& moves) { return moves.directed ? "arc" : "tie"; }
 
-// Warns about a network that has no tie or all of them: nothing can be learned from it.
+// Nothing can be learned from a network that has no tie or all of them.
 void check_degenerate(const Moves& moves, Findings& findings) {
     const ReadItem* item = moves.item(SetupId::network_file);
     if (moves.observed == nullptr || item == nullptr) {
@@ -64,11 +64,12 @@ void check_degenerate(const Moves& moves, Findings& findings) {
     }
     const std::int64_t ties = count_ties(moves, *moves.observed);
     if (ties == 0 || ties == all_dyads(moves)) {
-        add_warning(findings, where_item(moves.view, *item),
-                    ties == 0 ? "an observed network without ties" : "a complete observed network",
-                    "a network with some ties and some gaps",
-                    "check the network file: an estimation from this network is degenerate from "
-                    "the start, since a step makes no proposal");
+        const auto add = is_mode(moves.view, RunMode::estimation) ? add_error : add_warning;
+        add(findings, where_item(moves.view, *item),
+            ties == 0 ? "an observed network without ties" : "a complete observed network",
+            "a network with some ties and some gaps",
+            "check the network file: an estimation from this network is degenerate from "
+            "the start, since a step makes no proposal");
     }
 }
 

@@ -15,11 +15,13 @@ Findings check_view(SetupView& view) {
         free_dyads =
             check_network(view, SetupId::free_dyads_file, settings.free_dyads_path, findings);
     }
-    check_moves(view, observed ? &*observed : nullptr, free_dyads ? &*free_dyads : nullptr,
-                findings);
+    const Ties* ties = observed ? &*observed : nullptr;
+    const Ties* free = free_dyads ? &*free_dyads : nullptr;
+    check_moves(view, ties, free, findings);
     check_attributes(view, findings);
     check_covariates(view, findings);
     check_covariance(view, findings);
     check_model(view, findings);
+    check_estimability(view, ties, free, findings);
     return findings;
 }
