@@ -6,6 +6,7 @@ build_packages=(
     /usr/include/CLI/CLI.hpp=libcli11-dev
     /usr/include/fmt/core.h=libfmt-dev
     /usr/include/toml++/toml.h=libtomlplusplus-dev
+    /usr/include/nlohmann/json.hpp=nlohmann-json3-dev
     '/usr/include/igraph/igraph.h?libigraph-dev'
 )
 

@@ -74,11 +74,12 @@ const char* source_text(Source source) {
 
 const char* change_notation(NetworkKind kind) {
     return kind == NetworkKind::undirected
-               ? "i, j: the actors of the new tie; every letter is meant without that tie; L_k: "
+               ? "i, j: the actors of the new tie, without which every letter of the change is "
+                 "meant; L_k: "
                  "sets of k common neighbours of i and j that are all tied; sum_k: over the actors "
                  "other than i and j"
-               : "i, j: the sender and the receiver of the new arc; every letter is meant without "
-                 "that arc; sum_k: over the actors other than i and j";
+               : "i, j: the sender and the receiver of the new arc, without which every letter of "
+                 "the change is meant; sum_k: over the actors other than i and j";
 }
 
 std::span<const EffectPage> structural_pages(NetworkKind kind) {

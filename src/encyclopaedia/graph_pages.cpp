@@ -139,22 +139,20 @@ o  o  o ... o
       o
 )";
 constexpr const char* kManyTriangle = R"(
-      o
-     /|\
-    / o \
-   / / \ \       one tie, its k common neighbours above
-  | / ..\ |      and below
-  |/     \|
-  o ----- o
+   .--- o ---.
+  /           \
+ i ---- o ---- j    k common neighbours of i and j,
+ |\           /|    and below them the tie itself
+ | '--- o ---' |
+ |             |
+ '-------------'
 )";
 constexpr const char* kManyTwoPath = R"(
-      o
-     / \
-    / o \
-   / / \ \       two actors, tied or not, and their k
-  | / ..\ |      common neighbours
-  |/     \|
-  o       o
+   .--- o ---.
+  /           \
+ i ---- o ---- j    k common neighbours of i and j,
+  \           /     tied or not
+   '--- o ---'
 )";
 constexpr const char* kManyEt = R"(
     o        o
@@ -501,13 +499,13 @@ constexpr auto kPages = std::to_array<EffectPage>({
     {.row = "AEAT",
      .family = Family::triangle_ties,
      .drawing = R"(
-      o
-     / \
-    / o \      o
-   / / \ \    /       one tie, its k common neighbours,
-  | / ..\ |  /        and l further ties at one end
-  |/     \| /
-  o ----- o --- o
+   .--- o ---.
+  /           \      o
+ i ---- o ---- j ---<    k common neighbours of a tie,
+ |\           /|      o   l further ties at one end
+ | '--- o ---' |
+ |             |
+ '-------------'
 )",
      .change =
          "λ^2 ([d_i > 1] [p_ij > 0] (1 - w^p_ij + w^(d_i - p_ij) ((1 - 2/λ)^p_ij - (-1/λ)^p_ij)) + "

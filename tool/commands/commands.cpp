@@ -8,11 +8,12 @@
 
 extern const Command kRunCommand;
 extern const Command kCheckCommand;
+extern const Command kEffectsCommand;
 extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {&kRunCommand, &kCheckCommand, &kHelpCommand};
+constexpr std::array kCommands = {&kRunCommand, &kCheckCommand, &kEffectsCommand, &kHelpCommand};
 
 }  // namespace
 

@@ -5,6 +5,10 @@
 #include <cstdlib>
 #include <string_view>
 
+namespace {
+constexpr std::size_t kUsualWidth = 80;
+}  // namespace
+
 #ifdef _WIN32
 
 #include <io.h>
@@ -26,8 +30,17 @@ void prepare_terminal() { SetConsoleOutputCP(CP_UTF8); }
 
 bool is_terminal(std::FILE* stream) { return _isatty(_fileno(stream)) != 0; }
 
+std::size_t terminal_width(std::FILE* stream) {
+    CONSOLE_SCREEN_BUFFER_INFO screen;
+    const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+    const bool known = GetConsoleScreenBufferInfo(console, &screen) != 0;
+    return known ? static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left + 1)
+                 : kUsualWidth;
+}
+
 #else
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -42,6 +55,12 @@ bool shows_colours(std::FILE* stream) {
 void prepare_terminal() {}
 
 bool is_terminal(std::FILE* stream) { return ::isatty(::fileno(stream)) != 0; }
+
+std::size_t terminal_width(std::FILE* stream) {
+    winsize size{};
+    const bool known = ::ioctl(::fileno(stream), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return known ? size.ws_col : kUsualWidth;
+}
 
 #endif
 

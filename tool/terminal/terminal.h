@@ -1,6 +1,7 @@
 // What a stream of text for people is: a terminal or not, coloured or not.
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 
@@ -8,6 +9,9 @@
 void prepare_terminal();
 
 bool is_terminal(std::FILE* stream);
+
+// Columns of the terminal; 80 of what is none or does not tell.
+std::size_t terminal_width(std::FILE* stream);
 
 enum class ColourChoice { automatic, always, never };
 

@@ -1,0 +1,11 @@
+// The encyclopaedia of effects as a JSON document.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "encyclopaedia/effect_entries.h"
+
+// {"format": "ovri-effects/1", "effects": [...]}, ended by a line feed. What an effect does not
+// have is null or an empty list.
+std::string effect_document(const std::vector<const EffectEntry*>& entries);
