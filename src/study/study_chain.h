@@ -12,10 +12,10 @@
 #include "sampling/chain.h"
 #include "study/study_selection.h"
 
-// Reseeding k of a run takes the second seed + k - 1, as the tool's `run --seed` does: a method and
-// the setup file's run draw the same numbers.
+// A run's reseedings take numbers mixed of its seed, as the tool's `run --seed` has them: a method
+// and the setup file's run draw the same numbers.
 inline ClockSeconds clock_from(std::uint32_t seed) {
-    return [second = std::int64_t{seed}]() mutable { return second++; };
+    return [seed, k = std::uint32_t{0}]() mutable { return std::int64_t{mixed_seed(seed, k++)}; };
 }
 
 // A network with room for p statistics.

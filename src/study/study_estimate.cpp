@@ -72,14 +72,23 @@ EstimationSettings settings_of(const StudyEstimation& estimation) {
     return settings;
 }
 
+// Whether the model says where its tie effect begins, be it at zero.
+bool has_start_at(const Study& study, const StudySelection& resolved, int place) {
+    for (std::size_t k = 0; k < resolved.places.size(); ++k) {
+        if (resolved.places[k] == place) {
+            return study.model.effects[k].start.has_value();
+        }
+    }
+    return false;
+}
+
 // A tie effect without a start begins at the log-odds of the observed density.
 template <class Network>
 void start_at_density(const Study& study, const StudySelection& resolved, const Network& network,
                       std::vector<double>& parameters) {
     const int tie = kDirected<Network> ? digraph_effect::kArc : graph_effect::kEdge;
     const int place = resolved.selection.structural[static_cast<std::size_t>(tie)].position;
-    if (place >= 0 && parameters[static_cast<std::size_t>(place)] == 0.0 &&
-        !study.network.ties.empty()) {
+    if (place >= 0 && !has_start_at(study, resolved, place) && !study.network.ties.empty()) {
         const double d = network_density(network);
         parameters[static_cast<std::size_t>(place)] = std::log(d / (1.0 - d));
     }
@@ -111,6 +120,15 @@ Matrix samples_by_effect(const Matrix& samples, const std::vector<int>& places) 
 double at_place(const std::vector<double>& values, int place) {
     const auto at = static_cast<std::size_t>(place);
     return at < values.size() ? values[at] : kNone;
+}
+
+// Proposals of one run in all its phases.
+double proposals_of(const EstimationResult& found) {
+    int steps = found.phase1.statistics.rows + found.phase3.statistics.rows;
+    for (const SubPhase& each : found.sub_phases) {
+        steps += each.path.rows;
+    }
+    return steps * found.proposals_per_step;
 }
 
 // Fills the estimate from a run that went through all phases or ended in the first.
@@ -213,6 +231,7 @@ void run_attempts(const Study& study, const StudySelection& resolved, StudyChain
         const EstimationResult found =
             ::estimate(chain, settings, run.parameters(), scaling_matrix, progress);
         run.restore_network();
+        estimate.proposals += proposals_of(found);
         const bool ended = found.verdict != EstimationVerdict::degenerate;
         const double largest =
             ended ? largest_size(found.t_ratios) : std::numeric_limits<double>::infinity();

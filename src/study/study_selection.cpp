@@ -423,11 +423,14 @@ StudySelection study_selection(const Study& study) {
     result.selection.table.actors = result.selection.actors;
     select_structural(resolver);
     select_attributes(resolver);
+    // Chains read the weight tables where they are built: once, here.
+    assemble_parameters(result.selection);
     return result;
 }
 
-std::vector<double> study_parameters(const Study& study, StudySelection& resolved) {
-    std::vector<double> parameters = assemble_parameters(resolved.selection);
+std::vector<double> study_parameters(const Study& study, const StudySelection& resolved) {
+    const auto size = static_cast<std::size_t>(selection_size(resolved.selection));
+    std::vector<double> parameters(size, 0.0);
     for (std::size_t k = 0; k < resolved.places.size(); ++k) {
         parameters[static_cast<std::size_t>(resolved.places[k])] = value_of(study.model.effects[k]);
     }

@@ -21,8 +21,9 @@ struct StudySelection {
 };
 
 // Selects the model's effects with their attributes and covariates; each has its start or fixed
-// value (else 0.0). A binary attribute also serves effects of categories and of numbers. The second
-// `AS` or `AT` of an undirected model is an effect of its own with its own lambda.
+// value (else 0.0), and the weight tables are built. A binary attribute also serves effects of
+// categories and of numbers. The second `AS` or `AT` of an undirected model is an effect of its own
+// with its own lambda.
 //
 // Problems: an effect that the catalogue does not have (with the nearest that it has) or that
 // belongs to the other kind of network, a lambda that is missing, below 1 or not wanted, an
@@ -30,10 +31,10 @@ struct StudySelection {
 // `AT`.
 StudySelection study_selection(const Study& study);
 
-// Start and fixed values at their places, zero elsewhere; the parameters of a run. The weight
-// tables of the selection are built. They are not the engine's own assembly, whose order hosts rely
-// on and which differs from that of the statistics for some directed attribute effects.
-std::vector<double> study_parameters(const Study& study, StudySelection& resolved);
+// Start and fixed values at their places, zero elsewhere; the parameters of a run. They are not the
+// engine's own assembly, whose order hosts rely on and which differs from that of the statistics
+// for some directed attribute effects.
+std::vector<double> study_parameters(const Study& study, const StudySelection& resolved);
 
 // Every canonical name that a model of this kind can use, in the catalogue's order.
 std::vector<std::string> effect_names(NetworkKind kind);

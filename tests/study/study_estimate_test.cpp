@@ -94,6 +94,27 @@ TEST(StudyEstimate, IndependentTiesGiveTheLogOdds) {
     EXPECT_LT(std::fabs(estimate.effects[0].t_ratio), 0.1);
 }
 
+TEST(StudyEstimate, ATieEffectBeginsWhereTheModelSaysBeItAtZero) {
+    Study study = karate("edge,AT(2)");
+    study.settings.estimation.attempts = 1;
+    const double guessed = estimated(study, 1).effects[0].estimate;
+    const double d = 78.0 / 561.0;
+    study.model.effects[0].start = std::log(d / (1.0 - d));
+    EXPECT_EQ(estimated(study, 1).effects[0].estimate, guessed);
+    study.model.effects[0].start = 0.0;
+    EXPECT_NE(estimated(study, 1).effects[0].estimate, guessed);
+}
+
+TEST(StudyEstimate, ProposalsOfEveryPhaseAreCounted) {
+    Study study = karate("edge");
+    study.settings.estimation.attempts = 1;
+    const double d = 78.0 / 561.0;
+    const double step = 30.0 * d * (1.0 - d) * 34.0 * 34.0;
+    EXPECT_GT(estimated(study, 1).proposals, 1000.0 * step);
+    study.settings.estimation.samples = 2000;
+    EXPECT_GT(estimated(study, 1).proposals, 2000.0 * step);
+}
+
 TEST(StudyEstimate, TheBestAttemptIsKept) {
     Study study = karate("edge,AT(2),AS(2)");
     study.settings.estimation.multiplication = 1;

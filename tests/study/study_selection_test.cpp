@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "effects/evaluation.h"
+#include "support/small_studies.h"
 
 namespace {
 
@@ -169,6 +170,23 @@ TEST(StudySelection, EveryNameOfTheCatalogueResolves) {
             EXPECT_TRUE(found) << name;
         }
     }
+}
+
+TEST(StudySelection, WeightTablesStayWhereTheyAre) {
+    // A chain reads them where they were built, whatever is asked of the selection afterwards.
+    const Study study = ring_study(8, false, "edge,AS(2)");
+    const StudySelection resolved = study_selection(study);
+    ASSERT_TRUE(resolved.ok());
+    std::size_t tables = 0;
+    for (const StructuralChoice& choice : resolved.selection.structural) {
+        if (!choice.weights.empty()) {
+            const float* before = choice.weights.data();
+            study_parameters(study, resolved);
+            EXPECT_EQ(choice.weights.data(), before);
+            ++tables;
+        }
+    }
+    EXPECT_EQ(tables, 1U);
 }
 
 }  // namespace

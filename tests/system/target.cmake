@@ -8,4 +8,6 @@ target_compile_definitions(export_host PRIVATE
   OVRI_LIBRARY_PATH="$<TARGET_FILE:ovri_library>")
 add_dependencies(test_system export_host)
 target_compile_definitions(test_system PRIVATE OVRI_EXPORT_HOST_PATH="$<TARGET_FILE:export_host>")
+
+# Documents in JSON are read back by a reader that is not the tool's own text.
 target_link_libraries(test_system PRIVATE ovri_encyclopaedia ovri_json)

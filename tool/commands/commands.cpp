@@ -6,14 +6,17 @@
 
 #include "terminal/similar.h"
 
+extern const Command kEstimateCommand;
 extern const Command kRunCommand;
+extern const Command kSimulateCommand;
 extern const Command kCheckCommand;
 extern const Command kEffectsCommand;
 extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {&kRunCommand, &kCheckCommand, &kEffectsCommand, &kHelpCommand};
+constexpr std::array kCommands = {&kEstimateCommand, &kSimulateCommand, &kEffectsCommand,
+                                  &kCheckCommand,    &kRunCommand,      &kHelpCommand};
 
 }  // namespace
 

@@ -15,6 +15,8 @@ constexpr int kDone = 0;
 constexpr int kErrorsFound = 1;
 constexpr int kNotUnderstood = 2;
 constexpr int kNotCompleted = 3;
+constexpr int kNotConverged = 4;
+constexpr int kNotIdentified = 5;
 constexpr int kInterrupted = 130;
 
 struct Command {

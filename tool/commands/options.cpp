@@ -16,6 +16,37 @@ void add_output(CLI::App& app, std::string& directory, const std::string& text) 
         });
 }
 
+void add_folder(CLI::App& app, FolderOptions& folder) {
+    add_output(app, folder.directory,
+               "The results folder, in place of NAME.results in the current directory.");
+    app.add_flag("--overwrite", folder.overwrite,
+                 "Write into the results folder even if it is there; earlier results in it go.");
+}
+
+void add_forms(CLI::App& app, bool& json, bool& csv) {
+    CLI::Option* in_json =
+        app.add_flag("--json", json, "Print result.json on standard output, and nothing else.");
+    app.add_flag("--csv", csv, "Print estimates.csv on standard output, and nothing else.")
+        ->excludes(in_json);
+}
+
+void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,
+                const std::string& text) {
+    static const std::string kNames = "edge-list, matrix, pajek, graphml, gml, dl or dot";
+    const auto take = [&format, name](const std::string& word) {
+        format = network_format_of(word);
+        if (!format) {
+            throw CLI::ValidationError(name, "takes " + kNames + ", not `" + word + "`");
+        }
+    };
+    app.add_option_function<std::string>(name, take, text + " One of " + kNames + ".")
+        ->type_name("FORMAT");
+}
+
+void add_quiet(CLI::App& app, bool& quiet) {
+    app.add_flag("-q,--quiet", quiet, "Nothing on standard error but errors.");
+}
+
 void add_colour(CLI::App& app, ColourChoice& choice) {
     static const std::map<std::string, ColourChoice> kChoices = {{"auto", ColourChoice::automatic},
                                                                  {"always", ColourChoice::always},

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "commands/results_folder.h"
+#include "formats/network_file.h"
 #include "terminal/terminal.h"
 
 namespace CLI {
@@ -17,6 +19,19 @@ void add_setup(CLI::App& app, std::string& path);
 
 // -o, --output DIR.
 void add_output(CLI::App& app, std::string& directory, const std::string& text);
+
+// -o, --output DIR and --overwrite, of a results folder.
+void add_folder(CLI::App& app, FolderOptions& folder);
+
+// --json and --csv: what standard output takes in place of a table.
+void add_forms(CLI::App& app, bool& json, bool& csv);
+
+// A format of networks, by name.
+void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,
+                const std::string& text);
+
+// -q, --quiet.
+void add_quiet(CLI::App& app, bool& quiet);
 
 // --color auto|always|never.
 void add_colour(CLI::App& app, ColourChoice& choice);

@@ -1,0 +1,218 @@
+// "ovri estimate", driven as a person would, and its results folder.
+#include <cmath>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "support/tool_runner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+// A friendship network of ten people: two groups with a bridge.
+constexpr const char* kFriends =
+    "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nDot,Fay\nFay,Gus\nGus,Hal\n"
+    "Hal,Ida\nGus,Ida\nIda,Jon\nAnn,Dot\nBen,Hal\n";
+constexpr const char* kModel =
+    "[network]\nfile = \"friends.csv\"\ndirected = false\n\n[model]\neffects = [\"edge\", "
+    "\"AS(2)\"]\n\n[run]\nseed = 3\n";
+
+class ToolEstimate : public ToolTest {
+  protected:
+    ToolEstimate() {
+        scratch.write("friends.csv", kFriends);
+        scratch.write("friends.toml", kModel);
+    }
+    const ToolResult& estimate(std::vector<std::string> words) {
+        words.insert(words.begin(), "estimate");
+        result = run_tool(words, scratch.path().string());
+        return result;
+    }
+    Json document(const std::string& folder) const {
+        return Json::parse(scratch.read(folder + "/result.json"));
+    }
+    bool out_says(const std::string& piece) const {
+        return result.out.find(piece) != std::string::npos;
+    }
+    bool err_says(const std::string& piece) const {
+        return result.err.find(piece) != std::string::npos;
+    }
+    int folders() const {
+        int count = 0;
+        for (const auto& each : fs::directory_iterator(scratch.path())) {
+            count += each.path().filename().string().find(".results") != std::string::npos ? 1 : 0;
+        }
+        return count;
+    }
+};
+
+std::vector<double> numbers_of(const Json& result, const char* key) {
+    std::vector<double> numbers;
+    for (const Json& effect : result["effects"]) {
+        numbers.push_back(effect[key].get<double>());
+    }
+    return numbers;
+}
+
+}  // namespace
+
+TEST_F(ToolEstimate, ShowsATableAVerdictAndTheResultsFolder) {
+    estimate({"friends.toml"});
+    ASSERT_EQ(result.status, 0) << result.out << result.err;
+    EXPECT_TRUE(result.out.starts_with("effect ")) << result.out;
+    EXPECT_TRUE(out_says("\nAS(2) ")) << result.out;
+    EXPECT_TRUE(out_says("\nconverged: ")) << result.out;
+    EXPECT_TRUE(out_says("stochastic approximation")) << result.out;
+    EXPECT_TRUE(out_says("\nresults: friends.results\n")) << result.out;
+    EXPECT_TRUE(err_says("10 actors, 14 ties")) << result.err;
+    for (const char* file : {"result.json", "estimates.csv", "covariance.csv", "sample.csv",
+                             "model.toml", "run.log"}) {
+        EXPECT_TRUE(scratch.exists(std::string("friends.results/") + file)) << file;
+    }
+}
+
+TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
+    estimate({"friends.toml", "--json", "--quiet"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, scratch.read("friends.results/result.json"));
+    const Json json = Json::parse(result.out);
+    std::vector<std::string> keys;
+    const auto ordered = nlohmann::ordered_json::parse(result.out);
+    for (const auto& [key, value] : ordered.items()) {
+        keys.push_back(key);
+    }
+    const std::vector<std::string> expected = {"format",      "ovri",       "command",   "verdict",
+                                               "exit_status", "reasons",    "advice",    "network",
+                                               "method",      "seed",       "proposals", "seconds",
+                                               "effects",     "covariance", "likelihood"};
+    EXPECT_EQ(keys, expected);
+    EXPECT_EQ(json["format"], "ovri-result/1");
+    EXPECT_EQ(json["verdict"], "converged");
+    EXPECT_EQ(json["method"], "stochastic-approximation");
+    EXPECT_EQ(json["seed"], 3);
+    EXPECT_EQ(json["network"]["ties"], 14);
+    EXPECT_NEAR(json["network"]["density"].get<double>(), 14.0 / 45.0, 1e-12);
+    EXPECT_GT(json["proposals"].get<double>(), 0.0);
+    EXPECT_NEAR(json["likelihood"]["null"].get<double>(), -45.0 * std::log(2.0), 1e-9);
+    EXPECT_TRUE(json["likelihood"]["value"].is_null());
+    const Json& edge = json["effects"][0];
+    EXPECT_EQ(edge["name"], "edge");
+    EXPECT_EQ(edge["observed"], 14.0);
+    EXPECT_TRUE(edge["mc_error"].is_null());
+    EXPECT_EQ(edge["fixed"], false);
+    const double error = edge["standard_error"].get<double>();
+    EXPECT_NEAR(edge["z"].get<double>(), edge["estimate"].get<double>() / error, 1e-12);
+    EXPECT_NEAR(edge["upper"].get<double>() - edge["lower"].get<double>(), 2 * 1.96 * error, 1e-3);
+    EXPECT_NEAR(json["covariance"][0][0].get<double>(), error * error, 1e-12);
+}
+
+TEST_F(ToolEstimate, CsvIsTheEstimatesFile) {
+    estimate({"friends.toml", "--csv"});
+    ASSERT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, scratch.read("friends.results/estimates.csv"));
+    EXPECT_TRUE(result.out.starts_with("effect,estimate,standard_error,")) << result.out;
+    EXPECT_TRUE(
+        scratch.read("friends.results/sample.csv").starts_with("chain,draw,edge,AS(2)\n1,1,"));
+    EXPECT_TRUE(
+        scratch.read("friends.results/covariance.csv").starts_with("effect,edge,AS(2)\nedge,"));
+}
+
+TEST_F(ToolEstimate, TheModelOfTheResultsGivesTheSameNumbersAgain) {
+    ASSERT_EQ(
+        estimate({"--network", "friends.csv", "--undirected", "--effects", "edge,AS(2)"}).status, 0)
+        << result.err;
+    ASSERT_EQ(estimate({"friends.results/model.toml", "-o", "again"}).status, 0) << result.err;
+    const Json one = document("friends.results");
+    const Json other = document("again");
+    EXPECT_EQ(one["seed"], other["seed"]);
+    EXPECT_EQ(numbers_of(one, "estimate"), numbers_of(other, "estimate"));
+    EXPECT_EQ(scratch.read("friends.results/sample.csv"), scratch.read("again/sample.csv"));
+}
+
+TEST_F(ToolEstimate, EarlierResultsStayUnlessTheyMayBeOverwritten) {
+    ASSERT_EQ(estimate({"friends.toml"}).status, 0);
+    ASSERT_EQ(estimate({"friends.toml", "--seed", "4"}).status, 0);
+    EXPECT_TRUE(out_says("results: friends.results.2\n")) << result.out;
+    EXPECT_EQ(document("friends.results")["seed"], 3);
+    EXPECT_EQ(document("friends.results.2")["seed"], 4);
+    EXPECT_EQ(estimate({"friends.toml", "-o", "friends.results"}).status, 1);
+    EXPECT_TRUE(err_says("`friends.results` exists")) << result.err;
+    ASSERT_EQ(estimate({"friends.toml", "--seed", "5", "--overwrite"}).status, 0);
+    EXPECT_EQ(document("friends.results")["seed"], 5);
+    EXPECT_EQ(folders(), 2);
+}
+
+TEST_F(ToolEstimate, AModelThatDoesNotConvergeIsMarkedAndAdvised) {
+    // Ten samples of a model that moves in jumps do not come near the observation.
+    scratch.write("friends.toml", std::string(kModel) +
+                                      "[estimation]\nattempts = 1\nmultiplication = 1\nsubphases "
+                                      "= 1\nsamples = 10\n");
+    estimate({"friends.toml", "--effects", "edge,2-star,triangle"});
+    ASSERT_EQ(result.status, 4) << result.out << result.err;
+    EXPECT_TRUE(out_says("not converged: do not use these estimates")) << result.out;
+    EXPECT_FALSE(out_says("*")) << result.out;
+    EXPECT_FALSE(out_says("<0.001")) << result.out;
+    EXPECT_TRUE(out_says("  ovri estimate friends.toml --effects 'edge,AS(2),AT(2)'\n"))
+        << result.out;
+    const Json json = document("friends.results");
+    EXPECT_EQ(json["verdict"], "not_converged");
+    EXPECT_EQ(json["exit_status"], 4);
+    EXPECT_FALSE(json["reasons"].empty());
+    for (const Json& effect : json["effects"]) {
+        EXPECT_TRUE(effect["p_value"].is_null());
+        EXPECT_TRUE(effect["z"].is_null());
+        EXPECT_FALSE(effect["estimate"].is_null());
+    }
+}
+
+TEST_F(ToolEstimate, EffectsThatDependOnEachOtherAreNamed) {
+    scratch.write("nodes.csv",
+                  "name,sex\nAnn,f\nBen,m\nCid,m\nDot,f\nEve,f\nFay,f\nGus,m\nHal,m\n"
+                  "Ida,f\nJon,m\n");
+    estimate(
+        {"friends.toml", "--nodes", "nodes.csv", "--effects", "edge,same(sex),different(sex)"});
+    ASSERT_EQ(result.status, 5) << result.out << result.err;
+    const Json json = document("friends.results");
+    EXPECT_EQ(json["verdict"], "not_identified");
+    EXPECT_TRUE(json["effects"][0]["estimate"].is_null());
+    EXPECT_TRUE(out_says("`edge`, `same(sex)` and `different(sex)` depend on each other"))
+        << result.out;
+    EXPECT_EQ(json["advice"][0],
+              "ovri estimate friends.toml --nodes nodes.csv --effects 'edge,same(sex)'");
+    // Its advice can be followed.
+    ASSERT_EQ(
+        estimate({"friends.toml", "--nodes", "nodes.csv", "--effects", "edge,same(sex)"}).status, 0)
+        << result.out << result.err;
+}
+
+TEST_F(ToolEstimate, ANetworkWithoutTiesHasAnInfiniteEstimate) {
+    scratch.write("empty.txt", "0 0 0 0\n0 0 0 0\n0 0 0 0\n0 0 0 0\n");
+    estimate({"--network", "empty.txt", "--undirected", "--effects", "edge"});
+    EXPECT_EQ(result.status, 5) << result.out << result.err;
+    EXPECT_TRUE(out_says("minus infinity")) << result.out;
+}
+
+TEST_F(ToolEstimate, WhatIsWrongIsToldAndNothingIsWritten) {
+    estimate({"friends.toml", "--effects", "edge,triangel"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(err_says("triangel")) << result.err;
+    EXPECT_TRUE(err_says("`triangle`")) << result.err;
+    EXPECT_EQ(estimate({"absent.toml"}).status, 1);
+    EXPECT_TRUE(err_says("absent.toml")) << result.err;
+    scratch.write("mcmle.toml", std::string(kModel) + "[estimation]\nmethod = \"mcmle\"\n");
+    EXPECT_EQ(estimate({"mcmle.toml"}).status, 1);
+    EXPECT_TRUE(err_says("`mcmle`")) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(folders(), 0);
+}
+
+TEST_F(ToolEstimate, WordsThatNameNoModelAreNotUnderstood) {
+    EXPECT_EQ(estimate({}).status, 2);
+    EXPECT_EQ(estimate({"--network", "friends.csv"}).status, 2);
+    EXPECT_TRUE(err_says("`--effects` is missing")) << result.err;
+    EXPECT_EQ(estimate({"friends.toml", "--directed", "--undirected"}).status, 2);
+    EXPECT_EQ(estimate({"friends.toml", "--json", "--csv"}).status, 2);
+    EXPECT_EQ(folders(), 0);
+}

@@ -1,0 +1,257 @@
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <cmath>
+#include <iterator>
+
+#include "commands/commands.h"
+#include "commands/model_options.h"
+#include "commands/options.h"
+#include "commands/results_folder.h"
+#include "commands/run_log.h"
+#include "commands/study_input.h"
+#include "commands/verdicts.h"
+#include "formats/model_writer.h"
+#include "show/result_csv.h"
+#include "show/result_json.h"
+#include "show/result_table.h"
+#include "study/study_estimate.h"
+#include "terminal/interrupt.h"
+#include "terminal/print.h"
+#include "terminal/progress.h"
+
+namespace {
+
+struct EstimateOptions {
+    ModelOptions model;
+    FolderOptions folder;
+    // Settings in place of the model file's.
+    std::optional<std::uint32_t> attempts;
+    std::optional<std::uint32_t> multiplication;
+    bool json = false;
+    bool csv = false;
+    bool quiet = false;
+    ColourChoice colour = ColourChoice::automatic;
+};
+
+// The estimation, with a progress line on a terminal; none when it was interrupted.
+std::optional<StudyEstimate> perform(StudyInput& input, std::uint32_t seed, bool with_progress) {
+    RunProgress progress;
+    const InterruptScope interrupt(progress.stop);
+    std::optional<ProgressDisplay> display;
+    if (with_progress) {
+        display.emplace(progress, stderr);
+    }
+    try {
+        return study_estimate(input.files.study, input.resolved, seed, progress);
+    } catch (const RunStopped&) {
+        return std::nullopt;
+    }
+}
+
+ResultEffect result_effect(const EffectEstimate& found, bool usable) {
+    ResultEffect effect;
+    effect.name = found.name;
+    effect.estimate = found.estimate;
+    effect.standard_error = found.standard_error;
+    effect.t_ratio = found.t_ratio;
+    effect.observed = found.observed;
+    effect.simulated_mean = found.simulated_mean;
+    effect.simulated_sd = found.simulated_sd;
+    effect.fixed = found.fixed;
+    judge_effect(effect, usable);
+    return effect;
+}
+
+ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
+                       const std::string& words) {
+    ResultRecord result;
+    result.ovri = OVRI_VERSION;
+    result.command = "estimate";
+    result.verdict = study_verdict_name(found.verdict);
+    result.exit_status = verdict_status(found.verdict);
+    result.reasons = verdict_reasons(found, input);
+    result.advice = verdict_advice(found, input, words);
+    result.network = result_network(input);
+    result.method = estimation_method_name(found.method);
+    result.seed = found.seed;
+    result.proposals = found.proposals;
+    result.seconds = found.seconds;
+    for (const EffectEstimate& each : found.effects) {
+        result.effects.push_back(result_effect(each, found.verdict == StudyVerdict::converged));
+    }
+    result.covariance = found.covariance;
+    if (!input.files.study.dyads.max_degree) {
+        result.likelihood.null_model = -free_dyads(input.files.study) * std::log(2.0);
+    }
+    return result;
+}
+
+std::string sample_csv(const StudyEstimate& found) {
+    std::vector<std::string> names;
+    for (const EffectEstimate& each : found.effects) {
+        names.push_back(each.name);
+    }
+    std::string text = sample_head(names);
+    for (int row = 0; row < found.samples.rows; ++row) {
+        const double* values = found.samples[row];
+        text += sample_row(1, row + 1, {values, values + found.samples.columns});
+    }
+    return text;
+}
+
+std::string verdict_line(const ResultRecord& result, std::size_t runs, const Screen& out) {
+    const std::string how = fmt::format("stochastic approximation, {} {}, seed {}", runs,
+                                        runs == 1 ? "run" : "runs", result.seed);
+    if (result.exit_status == kDone) {
+        return fmt::format("converged: every t-ratio is below 0.1 in size ({})\n", how);
+    }
+    std::string name = result.verdict;
+    std::replace(name.begin(), name.end(), '_', ' ');
+    std::string text =
+        fmt::format("{}: do not use these estimates ({})\n", painted(out, Colour::red, name), how);
+    for (const std::string& reason : result.reasons) {
+        text += "  " + reason + "\n";
+    }
+    text += "what to try next:\n";
+    for (const std::string& command : result.advice) {
+        text += "  " + command + "\n";
+    }
+    return text;
+}
+
+void show(const ResultRecord& result, const EstimateOptions& options, std::size_t runs,
+          const ResultsFolder& folder) {
+    if (options.json) {
+        print(stdout, "{}", result_json(result));
+    } else if (options.csv) {
+        print(stdout, "{}", estimates_csv(result));
+    } else {
+        print(stdout, "{}\n{}results: {}\n", estimates_table(result),
+              verdict_line(result, runs, screen_on(stdout, options.colour)), folder.directory());
+    }
+}
+
+void write_results(const StudyEstimate& found, const ResultRecord& result, RunLog& log,
+                   ResultsFolder& folder) {
+    folder.write("estimates.csv", estimates_csv(result));
+    folder.write("covariance.csv", covariance_csv(result));
+    folder.write("sample.csv", sample_csv(found));
+    for (const EstimationAttempt& each : found.attempts) {
+        log.line(
+            fmt::format("run: multiplication {}, largest t-ratio {:.4f}, autocorrelation "
+                        "{:.3f}{}",
+                        each.multiplication, each.largest_t_ratio, each.autocorrelation,
+                        each.used ? ", used" : ""));
+    }
+    log.line(fmt::format("verdict: {} after {:.2f} seconds", result.verdict, result.seconds));
+    for (const std::string& reason : result.reasons) {
+        log.line("warning: " + reason);
+    }
+    folder.write("run.log", log.text());
+    folder.finish(result_json(result));
+}
+
+// The input with the options' settings; what is wrong with it stands in its problems.
+StudyInput read_input(const EstimateOptions& options) {
+    ModelFile model = model_of(options.model);
+    StudyEstimation& estimation = model.settings.estimation;
+    estimation.attempts = static_cast<int>(options.attempts.value_or(estimation.attempts));
+    estimation.multiplication =
+        static_cast<int>(options.multiplication.value_or(estimation.multiplication));
+    StudyInput input = read_study(std::move(model));
+    if (input.ok()) {
+        input.problems = estimation_problems(input.files.study);
+        for (Problem& problem : input.problems) {
+            problem.file = input.model.path;
+        }
+    }
+    return input;
+}
+
+int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
+    const std::uint32_t seed = settle_seed(input);
+    ModelFile settled = settled_model(input);
+    settled.settings.estimation.method = EstimationMethod::stochastic_approximation;
+    const std::string words = model_words(options.model);
+    RunLog log("ovri estimate " + words, input);
+    folder.write("model.toml", model_text(settled, folder.directory()));
+    folder.write("run.log", log.text());
+    const std::optional<StudyEstimate> found =
+        perform(input, seed, !options.quiet && is_terminal(stderr));
+    if (!found) {
+        return tell_interrupted(folder);
+    }
+    const ResultRecord result = result_of(*found, input, words);
+    write_results(*found, result, log, folder);
+    show(result, options, found->attempts.size(), folder);
+    if (!folder.failures().empty() || lost_output(stdout)) {
+        return tell_failures(folder);
+    }
+    return result.exit_status;
+}
+
+int estimate(const EstimateOptions& options) {
+    if (const std::string mistake = model_mistake(options.model); !mistake.empty()) {
+        print(stderr, "ovri: {}\n", mistake);
+        return kNotUnderstood;
+    }
+    outlive_failed_writes();
+    const Screen screen = screen_on(stderr, options.colour);
+    StudyInput input = read_input(options);
+    if (!input.ok()) {
+        tell_problems(input.problems, screen);
+        return kErrorsFound;
+    }
+    if (!options.quiet) {
+        tell_notes(input, screen);
+    }
+    ResultsFolder folder(options.folder, model_name(options.model));
+    if (!folder.mistake().empty()) {
+        print(stderr, "ovri: {}\n", folder.mistake());
+        return kErrorsFound;
+    }
+    return run_study(input, options, folder);
+}
+
+std::function<int()> declare_estimate(CLI::App& app) {
+    const auto options = std::make_shared<EstimateOptions>();
+    add_model(app, options->model, "MODEL");
+    add_folder(app, options->folder);
+    add_number(app, "--attempts", options->attempts, "Runs until one converges, at most.");
+    add_number(app, "--multiplication", options->multiplication,
+               "Length of a step, in units of d (1 - d) n^2 proposals (d the observed density).");
+    add_forms(app, options->json, options->csv);
+    add_quiet(app, options->quiet);
+    add_colour(app, options->colour);
+    return [options] { return estimate(*options); };
+}
+
+}  // namespace
+
+extern const Command kEstimateCommand = {
+    .name = "estimate",
+    .summary = "estimate a model; table and verdict on standard output",
+    .examples = R"(
+  ovri estimate karate.toml
+  ovri estimate --network karate.csv --undirected --effects 'edge,AT(2)'
+  ovri estimate karate.toml --effects 'edge,AS(2),AT(2)' --seed 1 --json
+)",
+    .details = R"(
+Reads the network, the actors' attributes and the model, tells what it read, and
+estimates the effects' parameters by stochastic approximation. Runs that do not
+converge are followed by others from the last estimates, up to `attempts` of the
+model file.
+
+Standard output takes the table, the verdict and where the results are; warnings,
+errors and progress go to standard error. The results folder is DIR, or
+NAME.results, NAME.results.2 and so on in the current directory. It is complete
+when it holds result.json. Its model.toml gives the same numbers again.
+
+Options beside MODEL stand in place of what the model file says.
+)",
+    .statuses = R"(
+Exit status: 0 converged; 1 the check found errors and nothing was written; 2 the
+command line was not understood; 3 begun and not completed (disk full, memory); 4 not
+converged; 5 not identified or degenerate; 130 interrupted by Ctrl-C.
+)",
+    .declare = declare_estimate};

@@ -1,0 +1,122 @@
+#include "commands/model_options.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+
+#include "base/native_path.h"
+#include "commands/options.h"
+
+namespace {
+
+std::string stem_of(const std::string& path) {
+    const std::u8string stem = native_path(path).stem().u8string();
+    return {stem.begin(), stem.end()};
+}
+
+// Start and fixed values of an effect that both lists have.
+void keep_values(const StudyModel& from, StudyModel& to) {
+    for (StudyEffect& effect : to.effects) {
+        const auto place = std::find_if(
+            from.effects.begin(), from.effects.end(), [&effect](const StudyEffect& each) {
+                return effects_match(each.expression, effect.expression);
+            });
+        if (place != from.effects.end()) {
+            effect.start = place->start;
+            effect.fixed = place->fixed;
+        }
+    }
+}
+
+}  // namespace
+
+void add_model(CLI::App& app, ModelOptions& options, const std::string& word) {
+    app.add_option(word, options.model, "The model file, or - for standard input.");
+    app.add_option("--network", options.network,
+                   "The network, in place of the model file's or without one.")
+        ->type_name("FILE");
+    app.add_option("--nodes", options.nodes, "The actors and their attributes.")->type_name("FILE");
+    app.add_option("--effects", options.effects,
+                   "The model's effects, separated by commas: edge,AT(2). Parentheses need quotes "
+                   "in most shells.")
+        ->type_name("LIST");
+    CLI::Option* directed =
+        app.add_flag("--directed", options.directed, "The network's ties have a direction.");
+    app.add_flag("--undirected", options.undirected, "They have none.")->excludes(directed);
+    add_number(app, "--seed", options.seed,
+               "Draw from seed N. Without it one is chosen; it is always shown and recorded.");
+    add_number(app, "--threads", options.threads, "Use at most N threads; results do not change.");
+}
+
+std::string model_mistake(const ModelOptions& options) {
+    if (options.model.empty() && options.network.empty()) {
+        return "a model is missing: name a model file, or --network FILE and --effects LIST";
+    }
+    if (options.model.empty() && options.effects.empty()) {
+        return "`--effects` is missing: name the model's effects, such as --effects 'edge,AT(2)'";
+    }
+    return "";
+}
+
+ModelFile with_options(ModelFile model, const ModelOptions& options) {
+    if (!options.network.empty()) {
+        model.network.file = options.network;
+        model.network.options.format.reset();
+        model.places.erase("network.file");
+    }
+    if (!options.nodes.empty()) {
+        model.network.nodes = options.nodes;
+        model.places.erase("network.nodes");
+    }
+    if (options.directed || options.undirected) {
+        model.network.options.directed = options.directed;
+    }
+    if (!options.effects.empty()) {
+        const StudyModel written = std::move(model.model);
+        model.model = {};
+        model.effect_places.clear();
+        add_effects(options.effects, model);
+        keep_values(written, model.model);
+    }
+    if (options.seed) {
+        model.settings.run.seed = options.seed;
+    }
+    if (options.threads) {
+        model.settings.run.threads = static_cast<int>(*options.threads);
+    }
+    return model;
+}
+
+ModelFile model_of(const ModelOptions& options) {
+    return with_options(options.model.empty() ? ModelFile{} : read_model_file(options.model),
+                        options);
+}
+
+std::string model_name(const ModelOptions& options) {
+    const std::string& path = options.model.empty() ? options.network : options.model;
+    return path == "-" ? "model" : stem_of(path);
+}
+
+std::string shell_word(const std::string& word) {
+    const bool plain =
+        !word.empty() && std::all_of(word.begin(), word.end(), [](unsigned char each) {
+            return std::isalnum(each) != 0 || each >= 0x80 ||
+                   std::string("-_./,:=@%+").find(static_cast<char>(each)) != std::string::npos;
+        });
+    if (plain) {
+        return word;
+    }
+    std::string quoted = "'";
+    for (const char each : word) {
+        quoted += each == '\'' ? std::string("'\\''") : std::string(1, each);
+    }
+    return quoted + "'";
+}
+
+std::string model_words(const ModelOptions& options) {
+    std::string words = options.model.empty() ? "" : " " + shell_word(options.model);
+    words += options.network.empty() ? "" : " --network " + shell_word(options.network);
+    words += options.nodes.empty() ? "" : " --nodes " + shell_word(options.nodes);
+    words += options.directed ? " --directed" : options.undirected ? " --undirected" : "";
+    return words.empty() ? words : words.substr(1);
+}

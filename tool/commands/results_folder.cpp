@@ -1,0 +1,118 @@
+#include "commands/results_folder.h"
+
+#include <filesystem>
+
+#include "base/native_path.h"
+#include "commands/commands.h"
+#include "formats/text_file.h"
+#include "terminal/print.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// All that commands write into a folder; result.json first, so that a folder that is being
+// overwritten is not taken for a complete one.
+constexpr const char* kWritten[] = {
+    "result.json", "estimates.csv", "covariance.csv", "sample.csv", "gof.json", "gof.csv",
+    "networks",    "report.html",   "figures",        "model.toml", "run.log",  "result.json.part"};
+
+void clear(const std::string& directory) {
+    for (const char* name : kWritten) {
+        std::error_code problem;
+        fs::remove_all(native_path(directory) / name, problem);
+    }
+}
+
+}  // namespace
+
+ResultsFolder::ResultsFolder(const FolderOptions& options, const std::string& name) {
+    if (!options.directory.empty() || options.overwrite) {
+        FolderOptions wanted = options;
+        wanted.directory = options.directory.empty() ? name + ".results" : options.directory;
+        take(wanted);
+    } else {
+        take_next(name + ".results");
+    }
+}
+
+void ResultsFolder::take(const FolderOptions& options) {
+    directory_ = options.directory;
+    std::error_code problem;
+    const fs::path path = native_path(directory_);
+    if (fs::create_directories(path, problem)) {
+        return;
+    }
+    if (!fs::is_directory(path)) {
+        mistake_ = "the results folder `" + directory_ + "` cannot be made" +
+                   (problem ? ": " + problem.message() : "") + "; name another one by -o";
+    } else if (!fs::is_empty(path, problem) && !options.overwrite) {
+        mistake_ = "the results folder `" + directory_ +
+                   "` exists; name another one by -o, or add --overwrite";
+    } else {
+        clear(directory_);
+    }
+}
+
+void ResultsFolder::take_next(const std::string& name) {
+    std::error_code problem;
+    for (int number = 1;; ++number) {
+        directory_ = number == 1 ? name : name + "." + std::to_string(number);
+        if (fs::create_directory(native_path(directory_), problem)) {
+            return;
+        }
+        if (problem) {
+            mistake_ = "the results folder `" + directory_ +
+                       "` cannot be made: " + problem.message() + "; name another one by -o";
+            return;
+        }
+    }
+}
+
+bool ResultsFolder::make(const std::string& folder) {
+    std::error_code problem;
+    if (fs::create_directory(native_path(path(folder)), problem)) {
+        return true;
+    }
+    failures_.push_back(path(folder));
+    return false;
+}
+
+void ResultsFolder::write(const std::string& file, const std::string& text) {
+    if (!write_text_file(path(file), text)) {
+        failures_.push_back(path(file));
+    }
+}
+
+void ResultsFolder::finish(const std::string& result_json) {
+    if (!failures_.empty()) {
+        return;
+    }
+    const std::string part = path("result.json.part");
+    std::error_code problem;
+    if (write_text_file(part, result_json)) {
+        fs::rename(native_path(part), native_path(path("result.json")), problem);
+    } else {
+        problem = std::make_error_code(std::errc::io_error);
+    }
+    if (problem) {
+        fs::remove(native_path(part), problem);
+        failures_.push_back(path("result.json"));
+    }
+}
+
+int tell_interrupted(const ResultsFolder& folder) {
+    print(stderr, "ovri: interrupted; {} has no result.json and is incomplete\n",
+          folder.directory());
+    return kInterrupted;
+}
+
+int tell_failures(const ResultsFolder& folder) {
+    for (const std::string& path : folder.failures()) {
+        print(stderr, "ovri: {} could not be written\n", path);
+    }
+    if (folder.failures().empty()) {
+        print(stderr, "ovri: standard output could not be written\n");
+    }
+    return kNotCompleted;
+}

@@ -1,0 +1,44 @@
+// The folder that a command leaves its results in: complete when it holds result.json.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct FolderOptions {
+    std::string directory;  // -o; empty for NAME.results
+    bool overwrite = false;
+};
+
+class ResultsFolder {
+  public:
+    // Makes the folder: the one that is asked for, else NAME.results, NAME.results.2 and so on, the
+    // first that is not there. What stands in a folder that is to be overwritten goes, as far as
+    // commands have written it.
+    ResultsFolder(const FolderOptions& options, const std::string& name);
+
+    // Why there is no folder; empty when there is one.
+    const std::string& mistake() const { return mistake_; }
+    const std::string& directory() const { return directory_; }
+    std::string path(const std::string& file) const { return directory_ + "/" + file; }
+
+    // Makes a folder inside; false when it cannot.
+    bool make(const std::string& folder);
+    // Writes a file of the folder whole.
+    void write(const std::string& file, const std::string& text);
+    // The last file, by rename; left out when one before could not be written.
+    void finish(const std::string& result_json);
+    // Files that could not be written, as seen from the working directory.
+    const std::vector<std::string>& failures() const { return failures_; }
+
+  private:
+    void take(const FolderOptions& options);
+    void take_next(const std::string& name);
+
+    std::string directory_;
+    std::string mistake_;
+    std::vector<std::string> failures_;
+};
+
+// Tells that the folder is incomplete, and why; the exit status of that.
+int tell_interrupted(const ResultsFolder& folder);
+int tell_failures(const ResultsFolder& folder);

@@ -1,0 +1,93 @@
+#include "commands/study_input.h"
+
+#include <algorithm>
+#include <random>
+
+#include "study/names.h"
+#include "terminal/print.h"
+
+namespace {
+
+double dyads_of(const StudyNetwork& network) {
+    const auto n = static_cast<double>(network.actors.size());
+    return n * (n - 1.0) / (network.directed ? 1.0 : 2.0);
+}
+
+// The type of each attribute as it was read, where the model file left it to the guess.
+void settle_types(const Study& study, ModelFile& model) {
+    for (const StudyAttribute& attribute : study.attributes) {
+        const auto place =
+            std::find_if(model.attributes.begin(), model.attributes.end(),
+                         [&](const ColumnOption& each) { return each.name == attribute.name; });
+        if (place == model.attributes.end()) {
+            model.attributes.push_back({attribute.name, attribute.type, false});
+        } else if (!place->type) {
+            place->type = attribute.type;
+        }
+    }
+}
+
+}  // namespace
+
+StudyInput read_study(ModelFile model) {
+    StudyInput input;
+    input.model = std::move(model);
+    input.files = load_study(input.model);
+    input.problems = input.files.problems;
+    if (input.ok()) {
+        input.resolved = study_selection(input.files.study);
+        input.problems = placed_problems(input.model, input.resolved);
+    }
+    return input;
+}
+
+std::string network_summary(const StudyInput& input) {
+    const ResultNetwork network = result_network(input);
+    return fmt::format("{} actors, {} {}, {} without ties, density {:.4f}, {}", network.actors,
+                       network.ties, network.directed ? "arcs" : "ties",
+                       input.files.counts.isolates, network.density,
+                       network.directed ? "directed" : "undirected");
+}
+
+void tell_notes(const StudyInput& input, const Screen& out) {
+    print(out.stream, "{}: {}\n", input.model.network.file, network_summary(input));
+    for (const std::string& note : input.files.notes) {
+        print(out.stream, "  {}\n", note);
+    }
+}
+
+void tell_problems(const Problems& problems, const Screen& out) {
+    for (const Problem& problem : problems) {
+        print(out.stream, "{}: {}\n", painted(out, Colour::red, "error"), problem_text(problem));
+    }
+}
+
+std::uint32_t settle_seed(StudyInput& input) {
+    std::optional<std::uint32_t>& seed = input.files.study.settings.run.seed;
+    if (!seed) {
+        seed = static_cast<std::uint32_t>(std::random_device{}());
+    }
+    return *seed;
+}
+
+ModelFile settled_model(const StudyInput& input) {
+    ModelFile model = input.model;
+    model.settings = input.files.study.settings;
+    model.network.options.format = input.files.format;
+    model.network.options.directed = input.files.study.network.directed;
+    settle_types(input.files.study, model);
+    return model;
+}
+
+ResultNetwork result_network(const StudyInput& input) {
+    const StudyNetwork& network = input.files.study.network;
+    const double dyads = dyads_of(network);
+    const auto ties = static_cast<int>(network.ties.size());
+    return {input.model.network.file, network.directed, static_cast<int>(network.actors.size()),
+            ties, dyads > 0.0 ? ties / dyads : kNoNumber};
+}
+
+double free_dyads(const Study& study) {
+    return study.dyads.restricted ? static_cast<double>(study.dyads.free.size())
+                                  : dyads_of(study.network);
+}

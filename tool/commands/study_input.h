@@ -1,0 +1,39 @@
+// A model with its data, read and found sound, before a command begins.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "formats/study_files.h"
+#include "show/result_record.h"
+#include "terminal/terminal.h"
+
+struct StudyInput {
+    ModelFile model;
+    StudyFiles files;
+    StudySelection resolved;
+    Problems problems;
+    bool ok() const { return problems.empty(); }
+};
+
+// Reads all that the model names and looks up its effects.
+StudyInput read_study(ModelFile model);
+
+// "34 actors, 78 ties, 2 without ties, density 0.1390, undirected".
+std::string network_summary(const StudyInput& input);
+
+// Tells what was read and guessed, and what is wrong with it.
+void tell_notes(const StudyInput& input, const Screen& out);
+void tell_problems(const Problems& problems, const Screen& out);
+
+// The seed of the settings; where there is none, one is chosen and becomes theirs.
+std::uint32_t settle_seed(StudyInput& input);
+
+// The model with all that was left open as it was found: seed, direction, format, the types of the
+// attributes that were read. Running it gives the same numbers.
+ModelFile settled_model(const StudyInput& input);
+
+ResultNetwork result_network(const StudyInput& input);
+
+// Dyads of the network that may change.
+double free_dyads(const Study& study);

@@ -1,0 +1,184 @@
+#include "show/result_json.h"
+
+#include <array>
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kFormat = "ovri-result/1";
+
+// The members of an effect between its name and "fixed", in the document's order.
+struct EffectNumber {
+    const char* key;
+    double ResultEffect::*member;
+};
+constexpr std::array<EffectNumber, 12> kEffectNumbers = {{
+    {"estimate", &ResultEffect::estimate},
+    {"standard_error", &ResultEffect::standard_error},
+    {"mc_error", &ResultEffect::mc_error},
+    {"z", &ResultEffect::z},
+    {"p_value", &ResultEffect::p_value},
+    {"lower", &ResultEffect::lower},
+    {"upper", &ResultEffect::upper},
+    {"odds_ratio", &ResultEffect::odds_ratio},
+    {"t_ratio", &ResultEffect::t_ratio},
+    {"observed", &ResultEffect::observed},
+    {"simulated_mean", &ResultEffect::simulated_mean},
+    {"simulated_sd", &ResultEffect::simulated_sd},
+}};
+
+Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
+
+double number_at(const Json& object, const char* key) {
+    const auto place = object.find(key);
+    return place != object.end() && place->is_number() ? place->get<double>() : kNoNumber;
+}
+
+Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
+
+std::string text_at(const Json& object, const char* key) {
+    const auto place = object.find(key);
+    return place != object.end() && place->is_string() ? place->get<std::string>() : "";
+}
+
+// A count that a double holds exactly, written as a whole number.
+Json count(double value) {
+    return std::isfinite(value) ? Json(std::llround(value)) : Json(nullptr);
+}
+
+Json network_json(const ResultNetwork& network) {
+    Json json;
+    json["file"] = network.file;
+    json["directed"] = network.directed;
+    json["actors"] = network.actors;
+    json["ties"] = network.ties;
+    json["density"] = number(network.density);
+    return json;
+}
+
+Json effect_json(const ResultEffect& effect) {
+    Json json;
+    json["name"] = effect.name;
+    for (const EffectNumber& each : kEffectNumbers) {
+        json[each.key] = number(effect.*each.member);
+    }
+    json["fixed"] = effect.fixed;
+    return json;
+}
+
+Json matrix_json(const Matrix& matrix) {
+    Json rows = Json::array();
+    for (int i = 0; i < matrix.rows; ++i) {
+        Json row = Json::array();
+        for (int j = 0; j < matrix.columns; ++j) {
+            row.push_back(number(matrix[i][j]));
+        }
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+Json likelihood_json(const ResultLikelihood& likelihood) {
+    Json json;
+    json["value"] = number(likelihood.value);
+    json["mc_error"] = number(likelihood.mc_error);
+    json["null"] = number(likelihood.null_model);
+    json["aic"] = number(likelihood.aic);
+    json["bic"] = number(likelihood.bic);
+    return json;
+}
+
+ResultNetwork network_of(const Json& json) {
+    return {text_at(json, "file"), json.at("directed").get<bool>(), json.at("actors").get<int>(),
+            json.at("ties").get<int>(), number_at(json, "density")};
+}
+
+ResultEffect effect_of(const Json& json) {
+    ResultEffect effect;
+    effect.name = json.at("name").get<std::string>();
+    for (const EffectNumber& each : kEffectNumbers) {
+        effect.*each.member = number_at(json, each.key);
+    }
+    effect.fixed = json.at("fixed").get<bool>();
+    return effect;
+}
+
+Matrix matrix_of(const Json& json) {
+    const int rows = static_cast<int>(json.size());
+    const int columns = rows > 0 ? static_cast<int>(json[0].size()) : 0;
+    Matrix matrix = matrix_create(rows, columns, kNoNumber);
+    for (int i = 0; i < rows; ++i) {
+        const Json& row = json.at(static_cast<std::size_t>(i));
+        for (int j = 0; j < columns; ++j) {
+            const Json& cell = row.at(static_cast<std::size_t>(j));
+            matrix[i][j] = cell.is_number() ? cell.get<double>() : kNoNumber;
+        }
+    }
+    return matrix;
+}
+
+ResultLikelihood likelihood_of(const Json& json) {
+    return {number_at(json, "value"), number_at(json, "mc_error"), number_at(json, "null"),
+            number_at(json, "aic"), number_at(json, "bic")};
+}
+
+ResultRecord record_of(const Json& json) {
+    ResultRecord result;
+    result.ovri = text_at(json, "ovri");
+    result.command = text_at(json, "command");
+    result.verdict = text_at(json, "verdict");
+    result.exit_status = json.at("exit_status").get<int>();
+    result.reasons = json.at("reasons").get<std::vector<std::string>>();
+    result.advice = json.at("advice").get<std::vector<std::string>>();
+    result.network = network_of(json.at("network"));
+    result.method = text_at(json, "method");
+    result.seed = json.at("seed").get<std::uint32_t>();
+    result.proposals = number_at(json, "proposals");
+    result.seconds = number_at(json, "seconds");
+    for (const Json& each : json.at("effects")) {
+        result.effects.push_back(effect_of(each));
+    }
+    result.covariance = matrix_of(json.at("covariance"));
+    result.likelihood = likelihood_of(json.at("likelihood"));
+    return result;
+}
+
+}  // namespace
+
+std::string result_json(const ResultRecord& result) {
+    Json json;
+    json["format"] = kFormat;
+    json["ovri"] = result.ovri;
+    json["command"] = result.command;
+    json["verdict"] = text_or_null(result.verdict);
+    json["exit_status"] = result.exit_status;
+    json["reasons"] = result.reasons;
+    json["advice"] = result.advice;
+    json["network"] = network_json(result.network);
+    json["method"] = text_or_null(result.method);
+    json["seed"] = result.seed;
+    json["proposals"] = count(result.proposals);
+    json["seconds"] = number(result.seconds);
+    json["effects"] = Json::array();
+    for (const ResultEffect& effect : result.effects) {
+        json["effects"].push_back(effect_json(effect));
+    }
+    json["covariance"] = matrix_json(result.covariance);
+    json["likelihood"] = likelihood_json(result.likelihood);
+    return json.dump(2) + "\n";
+}
+
+std::optional<ResultRecord> read_result_json(const std::string& text) {
+    try {
+        const Json json = Json::parse(text);
+        if (text_at(json, "format") != kFormat) {
+            return std::nullopt;
+        }
+        return record_of(json);
+    } catch (const Json::exception&) {
+        return std::nullopt;
+    }
+}

@@ -1,0 +1,67 @@
+// What a command found, as the records that tables, JSON and CSV are made of.
+//
+// A number that does not exist is NaN here, null in JSON and an empty cell in CSV.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "base/matrix.h"
+
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
+struct ResultNetwork {
+    std::string file;
+    bool directed = false;
+    int actors = 0;
+    int ties = 0;
+    double density = 0.0;  // ties of the ties that could be
+};
+
+struct ResultEffect {
+    std::string name;
+    double estimate = kNoNumber;
+    double standard_error = kNoNumber;
+    double mc_error = kNoNumber;  // Monte Carlo error of the estimate
+    double z = kNoNumber;         // estimate / standard error
+    double p_value = kNoNumber;   // of z, two-sided
+    double lower = kNoNumber;     // of the 95% interval
+    double upper = kNoNumber;
+    double odds_ratio = kNoNumber;  // exp(estimate)
+    double t_ratio = kNoNumber;
+    double observed = kNoNumber;
+    double simulated_mean = kNoNumber;
+    double simulated_sd = kNoNumber;
+    bool fixed = false;
+};
+
+struct ResultLikelihood {
+    double value = kNoNumber;
+    double mc_error = kNoNumber;
+    double null_model = kNoNumber;  // of the model in which every free dyad is a fair coin
+    double aic = kNoNumber;
+    double bic = kNoNumber;
+};
+
+struct ResultRecord {
+    std::string ovri;     // version
+    std::string command;  // "estimate"
+    std::string verdict;  // empty for a command that judges nothing
+    int exit_status = 0;
+    std::vector<std::string> reasons;
+    std::vector<std::string> advice;  // commands, in the order to try them
+    ResultNetwork network;
+    std::string method;
+    std::uint32_t seed = 0;
+    double proposals = 0.0;
+    double seconds = 0.0;
+    std::vector<ResultEffect> effects;
+    Matrix covariance;
+    ResultLikelihood likelihood;
+};
+
+// Fills z, p-value, interval and odds ratio from estimate and standard error. Beside an estimate
+// that is not to be used only the odds ratio stands.
+void judge_effect(ResultEffect& effect, bool usable);
