@@ -1,4 +1,6 @@
 // "ovri check" on settings and models that are legal to read but would not do what is meant.
+#include <unistd.h>
+
 #include <algorithm>
 
 #include "support/tool_runner.h"
@@ -98,6 +100,42 @@ TEST_F(ToolCheckSettings, EstimationSettingsThatEstimateNothingAreFound) {
     expect_warning("starting a-value", "a number above 0");
     check({.a_value = "nan"});
     expect_error("starting a-value", "a number above 0");
+}
+
+TEST_F(ToolCheckSettings, AnEstimationBeyondReasonIsSurprising) {
+    check({.sub_phases = "200"});
+    expect_warning("number of sub-phases", "2.5 times as long as the one before");
+    check({.phase3_steps = "2000000000"});
+    expect_warning("multiplication factor", "at a million proposals a second it takes");
+    check({.actors = "-50000"});
+    expect_error("actor count", "2 or more actors");
+}
+
+TEST_F(ToolCheckSettings, SamplesThatMemoryCannotHoldAreSurprising) {
+    const double memory = static_cast<double>(::sysconf(_SC_PHYS_PAGES)) *
+                          static_cast<double>(::sysconf(_SC_PAGESIZE));
+    // A fit keeps dozens of statistics for each sample.
+    const double many = memory / 8.0;
+    if (many > 2e9) {
+        GTEST_SKIP() << "any number of samples fits into this memory";
+    }
+    check({.mode = 3, .iterations = "4e9", .samples = std::to_string(static_cast<int>(many))});
+    expect_warning("sample count", "and this machine has");
+    check({.mode = 3, .samples = "100"});
+    expect_nothing();
+}
+
+TEST_F(ToolCheckSettings, MoreProposalsThanADayHoldsAreSurprising) {
+    ToolSetup setup = simulation();
+    setup.iterations = "1e12";
+    check(setup);
+    expect_warning("iterations", "at a million proposals a second it takes 11.6 days");
+    setup.iterations = "1e10";
+    check(setup);
+    expect_nothing();
+    scratch.write("covariance.txt", "1\n");
+    check({.mode = 4, .effects = {{"edge", "1 -1.0"}}, .burn_in = "1e9", .samples = "1000"});
+    expect_warning("burn-in", "days");
 }
 
 TEST_F(ToolCheckSettings, AnUnknownProposalKindIsSurprising) {

@@ -37,6 +37,10 @@ void check_estimability(const SetupView& view, const Ties* observed, const Ties*
 // Counts and lengths of the run.
 void check_settings(const SetupView& view, Findings& findings);
 
+// Whether the run would take more time or memory than anybody has. `observed` is null in a
+// simulation and when its file could not be read.
+void check_sizes(const SetupView& view, const Ties* observed, Findings& findings);
+
 // Whether proposals, caps and free dyads let the network change at all. `observed` is null in a
 // simulation, and any of the two when its file could not be read.
 void check_moves(const SetupView& view, const Ties* observed, const Ties* free_dyads,

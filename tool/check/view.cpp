@@ -17,6 +17,7 @@ Findings check_view(SetupView& view) {
     }
     const Ties* ties = observed ? &*observed : nullptr;
     const Ties* free = free_dyads ? &*free_dyads : nullptr;
+    check_sizes(view, ties, findings);
     check_moves(view, ties, free, findings);
     check_attributes(view, findings);
     check_covariates(view, findings);
