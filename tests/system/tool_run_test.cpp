@@ -199,6 +199,14 @@ TEST_F(ToolRun, TheMessagesOfARunAreThoseOfTheCheck) {
     }
 }
 
+TEST_F(ToolRun, AForcedRunShowsItsErrorsAndGoesOn) {
+    run({.network = "nowhere.txt"}, {"--clock", "7", "--force"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(says("error: network file")) << result.err;
+    EXPECT_TRUE(says("run all the same (--force)")) << result.err;
+    EXPECT_TRUE(scratch.exists("out/start_statistics_net.txt"));
+}
+
 TEST_F(ToolRun, WithoutTheCheckARunGoesOnAfterErrors) {
     run({.network = "nowhere.txt"}, {"--clock", "7", "--no-check"});
     EXPECT_EQ(result.status, 0) << result.err;
@@ -289,7 +297,7 @@ TEST(ToolCommandLine, APageBeginsWithExamplesAndListsEveryOption) {
     EXPECT_LT(page.find("  ovri run examples/"), page.find("Usage:"));
     for (const char* option :
          {"  SETUP  ", "  --seed N  ", "  --clock N  ", "  -o, --output DIR\n", "  -q, --quiet  ",
-          "  --no-check  ", "  --color WHEN  ", "  -h, --help  "}) {
+          "  --force  ", "  --no-check  ", "  --color WHEN  ", "  -h, --help  "}) {
         EXPECT_NE(page.find(option), std::string::npos) << option;
     }
     std::istringstream lines(page);

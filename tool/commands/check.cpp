@@ -58,12 +58,14 @@ and the run itself would not notice.
 Each finding tells file, line and item, then what was found, what is expected and
 how to mend it:
 
-  error      the run would not do what the file says: files that are missing,
-             values that cannot be read, counts that do not match, an output
-             directory that cannot be written, settings under which the network
-             could never change
-  warning    legal but surprising: cells that are ignored, a lambda that switches
-             its effect off, settings that give no samples
+  error      the run would not do what the file says, or cannot come to a sound
+             end: files that are missing, values that cannot be read, counts
+             that do not match, a matrix that is none, rows labelled as another
+             row, an output directory that cannot be written, settings under
+             which the network could never change, an estimation of effects that
+             no data tell apart or of a statistic at an end of its range
+  warning    legal but surprising: values that are ignored, a lambda that switches
+             an effect off, settings that give no samples or take days
 
 Findings go to standard output. `ovri run` makes the same check first.
 )",

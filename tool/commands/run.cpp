@@ -38,6 +38,8 @@ struct RunOptions {
     std::optional<std::uint32_t> seed;
     bool quiet = false;
     bool unchecked = false;
+    // Runs in spite of errors.
+    bool forced = false;
     ColourChoice colour = ColourChoice::automatic;
 };
 
@@ -47,10 +49,11 @@ bool check_first(SetupView& view, const RunOptions& options) {
     const bool fine = count_findings(findings, Severity::error) == 0;
     print_findings(findings, !options.quiet, screen_on(stderr, options.colour));
     if (!fine) {
-        print(stderr, "{}: {}; nothing was run and nothing was written\n", view.path,
-              findings_summary(findings));
+        print(stderr, "{}: {}; {}\n", view.path, findings_summary(findings),
+              options.forced ? "run all the same (--force)"
+                             : "nothing was run and nothing was written");
     }
-    return fine;
+    return fine || options.forced;
 }
 
 // False when the setup file does not even name a run.
@@ -175,6 +178,9 @@ std::function<int()> declare_run(CLI::App& app) {
     app.add_flag("-q,--quiet", options->quiet,
                  "Show no warnings, no progress and no summary; errors and the seed are shown all "
                  "the same.");
+    app.add_flag("--force", options->forced,
+                 "Show the errors of the check, and run all the same. What a run does then is what "
+                 "its files say, not what their writer may have meant.");
     app.add_flag("--no-check", options->unchecked,
                  "Run without the check. Values that cannot be read then keep their defaults, "
                  "silently.");
@@ -193,8 +199,8 @@ extern const Command kRunCommand = {.name = "run",
 )",
                                     .details = R"(
 The setup file and every file it names are checked first (see `ovri help check`).
-Errors stop the run before anything is written; warnings are shown and stop
-nothing. Then the run writes its results into the output directory, and the files
+Errors stop the run before anything is written, unless --force is given; warnings
+are shown and stop nothing. Then the run writes its results into the output directory, and the files
 with the estimates (update files) beside them. Some results are added to the end
 of a file that an earlier run has left; the summary names every file.
 
