@@ -31,6 +31,10 @@ if(OVRI_SANITIZE)
   target_link_options(ovri_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(OVRI_FUZZ)
+  target_compile_options(ovri_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # ovri_folder(NAME USES folder... SOURCES file...)
 #
 # Declares src/NAME as the static library ovri_NAME. Its headers are included as "NAME/file.h", and

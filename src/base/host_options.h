@@ -7,8 +7,8 @@
 #include <exception>
 #include <string>
 
+#include "base/file_failures.h"
 #include "base/random_source.h"
-#include "base/write_failures.h"
 
 // The stage a run is in, for whoever shows progress.
 enum class RunStage {
@@ -76,6 +76,7 @@ struct HostOptions {
     // The clock of every reseeding; empty for the C library's time.
     ClockSeconds clock_seconds;
     RunProgress* progress = nullptr;
-    // Takes what could not be written; null when nobody asks. The run goes to its end all the same.
-    WriteFailures* write_failures = nullptr;
+    // Takes the files that could not be written or opened; null when nobody asks. The run goes to
+    // its end all the same.
+    FileFailures* file_failures = nullptr;
 };

@@ -6,6 +6,7 @@
 // each other's stream. Whoever draws takes a RandomSource&; a function without one does not draw.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 #include <functional>
 
@@ -63,4 +64,34 @@ class Remainder {
   private:
     std::uint32_t n_;
     std::uint64_t inverse_;
+};
+
+// Notices that a series of draws below n has come round and can only repeat itself.
+//
+// The lower bits of a state never depend on its higher ones. A draw shows bits 16 to 30, and below
+// a power of two 2^k only bits 16 to 15 + k: whatever stands above has no influence on any later
+// draw. So the series is over as soon as the bits below return, after 2^31 draws at most.
+class DrawCycle {
+  public:
+    explicit DrawCycle(int n)
+        : shown_(std::has_single_bit(static_cast<unsigned>(n)) && n <= 0x8000
+                     ? (static_cast<std::uint32_t>(n) << 16U) - 1U
+                     : 0x7FFFFFFFU) {}
+
+    // Whether the source is where it was at the first call, as far as draws can show. To be asked
+    // at the same place of every trial of equally many draws.
+    bool closed(const RandomSource& random) {
+        const std::uint32_t now = random.state & shown_;
+        if (!begun_) {
+            begun_ = true;
+            first_ = now;
+            return false;
+        }
+        return now == first_;
+    }
+
+  private:
+    std::uint32_t shown_;
+    std::uint32_t first_ = 0;
+    bool begun_ = false;
 };

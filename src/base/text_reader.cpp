@@ -1,6 +1,9 @@
 #include "base/text_reader.h"
 
+#include <cerrno>
 #include <clocale>
+
+#include "base/file_failures.h"
 
 #ifndef _WIN32
 #include <locale.h>
@@ -27,7 +30,15 @@ constexpr const char* kReadMode = "r";
 
 }  // namespace
 
-TextReader reader_open(const std::string& path) { return TextReader{open_file(path, kReadMode)}; }
+TextReader reader_open(const std::string& path) {
+    errno = 0;
+    TextReader reader{open_file(path, kReadMode)};
+    FileFailures* failures = current_file_failures();
+    if (!reader.opened() && failures != nullptr) {
+        note_file_failure(*failures, path, errno != 0 ? errno : EIO, true);
+    }
+    return reader;
+}
 
 long reader_offset(TextReader& reader) {
     return reader.opened() ? std::ftell(reader.file.get()) : -1;

@@ -3,16 +3,22 @@
 #include <array>
 #include <cerrno>
 #include <cstdarg>
+#include <new>
 #include <utility>
 
-#include "base/write_failures.h"
+#include "base/file_failures.h"
 
-TextWriter::TextWriter(std::string path, FileHandle file, WriteFailures* failures)
-    : stream_(file.get()),
-      owned_(std::move(file)),
-      path_(std::move(path)),
-      failures_(failures),
-      begin_(owned_ != nullptr ? file_size(owned_.get()) : -1) {}
+TextWriter::TextWriter(std::string path, FileHandle file, FileFailures* failures)
+    : stream_(file.get()), owned_(std::move(file)), path_(std::move(path)), failures_(failures) {
+    if (owned_ == nullptr) {
+        return;
+    }
+    buffer_.reset(new (std::nothrow) char[kBufferSize]);
+    if (buffer_ != nullptr) {
+        std::setvbuf(stream_, buffer_.get(), _IOFBF, kBufferSize);
+    }
+    begin_ = file_size(stream_);
+}
 
 TextWriter::~TextWriter() {
     if (owned_ == nullptr) {
@@ -23,7 +29,7 @@ TextWriter::~TextWriter() {
     if (error_ != 0) {
         take_back();
         if (failures_ != nullptr) {
-            note_write_failure(*failures_, path_, error_);
+            note_file_failure(*failures_, path_, error_);
         }
     }
 }
@@ -77,14 +83,14 @@ void TextWriter::cells(std::span<const int> values) {
 namespace {
 
 TextWriter open_writer(const std::string& path, const char* mode) {
-    WriteFailures* failures = current_write_failures();
-    if (failures != nullptr && has_write_failure(*failures, path)) {
+    FileFailures* failures = current_file_failures();
+    if (failures != nullptr && has_file_failure(*failures, path)) {
         return TextWriter(nullptr);
     }
     errno = 0;
     FileHandle file = open_file(path, mode);
     if (file == nullptr && failures != nullptr) {
-        note_write_failure(*failures, path, errno != 0 ? errno : EIO);
+        note_file_failure(*failures, path, errno != 0 ? errno : EIO);
     }
     return {path, std::move(file), failures};
 }

@@ -3,18 +3,20 @@
 // A section is opened, written and closed, so that an interrupted run keeps what is complete. A
 // file that cannot be opened swallows what is written to it. A section that cannot be written whole
 // is taken back, and nothing more is added to its file: what stands there ends with a whole
-// section. Failures are noted in the record of the thread's WriteFailureScope and told nowhere
+// section. Failures are noted in the record of the thread's FileFailureScope and told nowhere
 // else.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <span>
 #include <string>
 
 #include "base/open_file.h"
 
-struct WriteFailures;
+struct FileFailures;
 
 class TextWriter {
   public:
@@ -22,7 +24,7 @@ class TextWriter {
     // could be written is the owner's to ask.
     explicit TextWriter(std::FILE* stream) : stream_(stream) {}
     // Writes to a file of its own and closes it at the end. `failures` may be null.
-    TextWriter(std::string path, FileHandle file, WriteFailures* failures);
+    TextWriter(std::string path, FileHandle file, FileFailures* failures);
     ~TextWriter();
     TextWriter(TextWriter&&) noexcept = default;
     TextWriter(const TextWriter&) = delete;
@@ -43,14 +45,19 @@ class TextWriter {
     void cells(std::span<const int> values);
 
   private:
+    // A section up to this size leaves in one piece, whenever the process is killed.
+    static constexpr std::size_t kBufferSize = 1U << 16U;
+
     // Keeps the first error of the section.
     void expect(bool written);
     void take_back() const;
 
+    // Outlives the file that writes from it.
+    std::unique_ptr<char[]> buffer_;
     std::FILE* stream_;
     FileHandle owned_;
     std::string path_;
-    WriteFailures* failures_ = nullptr;
+    FileFailures* failures_ = nullptr;
     // Size of the file before the section; -1 where there is no such thing (a pipe, a device).
     std::int64_t begin_ = -1;
     int error_ = 0;

@@ -64,7 +64,7 @@ constexpr std::array<int, count> all_rows(const std::array<Effect, count>&) {
 
 // The rows of these names in front of all others, which follow as they stand.
 template <class Effect, std::size_t count, std::size_t named>
-consteval std::array<int, count> starting_with(const std::array<Effect, count>& table,
+constexpr std::array<int, count> starting_with(const std::array<Effect, count>& table,
                                                const char* const (&names)[named]) {
     std::array<int, count> order = all_rows(table);
     const std::array<int, named> front = rows_of(table, names);
@@ -77,7 +77,7 @@ consteval std::array<int, count> starting_with(const std::array<Effect, count>& 
 
 // An order but for the rows of these names.
 template <class Table, std::size_t count, std::size_t named>
-consteval std::array<int, count - named> without(const Table& table,
+constexpr std::array<int, count - named> without(const Table& table,
                                                  const std::array<int, count>& order,
                                                  const char* const (&names)[named]) {
     const std::array<int, named> left_out = rows_of(table, names);
@@ -94,7 +94,7 @@ consteval std::array<int, count - named> without(const Table& table,
 // An order in which one row has moved to the place of another, towards the front or towards the
 // end; the rows between make room.
 template <class Table, std::size_t count>
-consteval std::array<int, count> moved(const Table& table, std::array<int, count> order,
+constexpr std::array<int, count> moved(const Table& table, std::array<int, count> order,
                                        std::string_view name, std::string_view place) {
     const auto from = order.begin() + place_of(table, order, name);
     const auto to = order.begin() + place_of(table, order, place);
@@ -108,7 +108,7 @@ consteval std::array<int, count> moved(const Table& table, std::array<int, count
 
 // An order that names one row in place of another, and so may name it twice.
 template <class Table, std::size_t count>
-consteval std::array<int, count> replaced(const Table& table, std::array<int, count> order,
+constexpr std::array<int, count> replaced(const Table& table, std::array<int, count> order,
                                           std::string_view name, std::string_view by) {
     order[place_of(table, order, name)] = row_of(table, by);
     return order;
@@ -116,7 +116,7 @@ consteval std::array<int, count> replaced(const Table& table, std::array<int, co
 
 // An order with one row more at its end, which may be its second place.
 template <class Table, std::size_t count>
-consteval std::array<int, count + 1> followed_by(const Table& table,
+constexpr std::array<int, count + 1> followed_by(const Table& table,
                                                  const std::array<int, count>& order,
                                                  std::string_view name) {
     std::array<int, count + 1> longer{};

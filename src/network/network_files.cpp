@@ -6,8 +6,8 @@
 
 namespace {
 
-// Draws of the random start network that may fail in a row before it is checked whether any free
-// dyad is left at all.
+// Draws of the random start network that may fail in a row before it is checked whether any untied
+// dyad is left at all, and in the generator's reach.
 constexpr int kPatience = 1000000;
 
 // Calls visit(i, j, value) for each cell in row order.
@@ -42,14 +42,19 @@ void add_random_ties(int n, int target, std::int64_t all_pairs, RandomSource& ra
         return;
     }
     int failures = 0;
+    DrawCycle cycle(n);
     while (ties() < target) {
         const int a = random_below(random, n);
         const int b = random_below(random, n);
         if (a != b && !has(a, b)) {
             add(a, b);
             failures = 0;
-        } else if (++failures >= kPatience && ties() >= all_pairs) {
-            return;
+            cycle = DrawCycle(n);
+        } else if (++failures >= kPatience) {
+            failures = kPatience;
+            if (ties() >= all_pairs || cycle.closed(random)) {
+                return;
+            }
         }
     }
 }
@@ -75,6 +80,27 @@ Digraph digraph_read_matrix(const std::string& path, int vertices, int statistic
         }
     });
     return digraph;
+}
+
+BitMatrix graph_read_dyads(const std::string& path, int vertices) {
+    BitMatrix dyads(vertices);
+    for_each_cell(path, vertices, [&dyads](int i, int j, int value) {
+        if (i < j && value == 1) {
+            row_flip(dyads[i], j);
+            row_flip(dyads[j], i);
+        }
+    });
+    return dyads;
+}
+
+BitMatrix digraph_read_dyads(const std::string& path, int vertices) {
+    BitMatrix dyads(vertices);
+    for_each_cell(path, vertices, [&dyads](int i, int j, int value) {
+        if (i != j && value == 1) {
+            row_flip(dyads[i], j);
+        }
+    });
+    return dyads;
 }
 
 Graph graph_random_with_edges(int vertices, int target_edges, int statistic_count, int clique_depth,

@@ -18,8 +18,12 @@ Graph graph_read_matrix(const std::string& path, int vertices, int statistic_cou
 // The same; every cell off the diagonal that is exactly 1 makes an arc.
 Digraph digraph_read_matrix(const std::string& path, int vertices, int statistic_count);
 
-// Reseeds, then adds ties between random pairs until there are `target_edges` (or no untied dyad is
-// left).
+// The ties that either would read, as bits alone (of both directions for an undirected file).
+BitMatrix graph_read_dyads(const std::string& path, int vertices);
+BitMatrix digraph_read_dyads(const std::string& path, int vertices);
+
+// Reseeds, then adds ties between random pairs until there are `target_edges`, or no untied dyad is
+// left that the generator can draw.
 Graph graph_random_with_edges(int vertices, int target_edges, int statistic_count, int clique_depth,
                               RandomSource& random);
 Digraph digraph_random_with_arcs(int vertices, int target_arcs, int statistic_count,

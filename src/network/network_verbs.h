@@ -42,3 +42,10 @@ Network read_network(const std::string& path, int vertices, int statistic_count,
         return graph_read_matrix(path, vertices, statistic_count, clique_depth);
     }
 }
+
+// The ties of a matrix file as bits alone.
+template <class Network>
+BitMatrix read_dyads(const std::string& path, int vertices) {
+    return kDirected<Network> ? digraph_read_dyads(path, vertices)
+                              : graph_read_dyads(path, vertices);
+}

@@ -34,10 +34,11 @@ void hand_back(RunContext& run, const std::vector<double>& parameters) {
 }
 
 // Runs until one converges, each from the observed network and from the parameters and the scaling
-// matrix that the run before left behind. True when one has converged.
+// matrix that the run before left behind. What a run has found is in its files before the next
+// begins. True when one has converged.
 template <class Network>
 bool estimation_runs(RunContext& run, Network& network, AssembledModel<Network>& model,
-                     const std::optional<Network>& free_dyads) {
+                     const std::optional<BitMatrix>& free_dyads) {
     const EstimationSettings& settings = run.settings.estimation;
     const EstimationLog log(run.outputs());
     Network observed = network;
@@ -65,7 +66,7 @@ template <class Network>
 void estimation_sequence(RunContext& run) {
     read_attribute_files(run);
     AssembledModel<Network> model(run.selection);
-    const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
+    const std::optional<BitMatrix> free_dyads = read_free_dyads<Network>(run);
     bool converged = false;
     {
         Network network = read_observed<Network>(run, model.size());

@@ -55,7 +55,7 @@ Matrix spread_draws(const Matrix& draws, const std::vector<double>& full) {
 }  // namespace
 
 template <class Network>
-void fit_after_estimation(RunContext& run, const std::optional<Network>& free_dyads) {
+void fit_after_estimation(RunContext& run, const std::optional<BitMatrix>& free_dyads) {
     if (kDirected<Network>) {
         TextWriter(run.options.console).text("gof!");
     }
@@ -91,7 +91,7 @@ void fit_sequence(RunContext& run) {
     const int interval = truncate_to_int(settings.iterations / settings.sample_count);
     Network network = start_network<Network>(run, model);
     Network observed = network;
-    const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
+    const std::optional<BitMatrix> free_dyads = read_free_dyads<Network>(run);
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
     burn_in_and_fit(run, chain, observed, settings.burn_in, settings.iterations, interval);
     // A directed fit writes no end report.
@@ -113,7 +113,7 @@ void bayesian_fit_sequence(RunContext& run) {
     const Matrix sets = spread_draws(draws, model.parameters);
     Network network = start_network<Network>(run, model);
     Network observed = network;
-    const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
+    const std::optional<BitMatrix> free_dyads = read_free_dyads<Network>(run);
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
     const OutputContext outputs = run.outputs();
     write_bayesian_fit_head(outputs, settings.sample_count, settings.burn_in);
@@ -124,8 +124,8 @@ void bayesian_fit_sequence(RunContext& run) {
     report_statistics(network, run.selection, run.paths.end_statistics);
 }
 
-template void fit_after_estimation<Graph>(RunContext&, const std::optional<Graph>&);
-template void fit_after_estimation<Digraph>(RunContext&, const std::optional<Digraph>&);
+template void fit_after_estimation<Graph>(RunContext&, const std::optional<BitMatrix>&);
+template void fit_after_estimation<Digraph>(RunContext&, const std::optional<BitMatrix>&);
 template void fit_sequence<Graph>(RunContext&);
 template void fit_sequence<Digraph>(RunContext&);
 template void bayesian_fit_sequence<Graph>(RunContext&);

@@ -41,6 +41,20 @@ void dispatch(RunContext& run) {
     }
 }
 
+// Networks of more actors than this have tables of terabytes.
+constexpr int kMostActors = 1 << 20;
+// Reports show a count below zero as it is, with tables that grow as its square.
+constexpr int kLeastActors = -1000;
+
+// A count of actors that no network can have makes an empty one, before any table is made for it.
+void bound_actors(SetupFile& setup) {
+    int& count = setup.settings.actor_count;
+    if (count < kLeastActors || count > kMostActors) {
+        count = 0;
+    }
+    setup.selection.actors = count;
+}
+
 // False when the host stopped the run; what was written until then is closed.
 bool perform(RunContext& run) {
     try {
@@ -59,13 +73,14 @@ bool perform(RunContext& run) {
 
 void run_setup_file(const std::string& path, const HostOptions& options) {
     const CLocaleScope locale;
-    WriteFailures unseen_failures;
-    const WriteFailureScope failures(options.write_failures != nullptr ? *options.write_failures
-                                                                       : unseen_failures);
+    FileFailures unseen_failures;
+    const FileFailureScope failures(options.file_failures != nullptr ? *options.file_failures
+                                                                     : unseen_failures);
     SetupFile setup = read_setup(path);
     if (!setup.opened || setup.selection.catalogue == nullptr) {
         return;
     }
+    bound_actors(setup);
     if (!options.output_directory.empty()) {
         setup.settings.output_directory = options.output_directory;
     }

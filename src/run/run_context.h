@@ -44,13 +44,13 @@ Network read_observed(const RunContext& run, int p) {
                                  clique_depth(run.selection));
 }
 
-// The network of dyads that may be proposed, when the settings ask for one.
+// The dyads that may be proposed, when the settings name a file of them.
 template <class Network>
-std::optional<Network> read_free_dyads(const RunContext& run) {
+std::optional<BitMatrix> read_free_dyads(const RunContext& run) {
     if (run.settings.free_dyads_flag != 1) {
         return std::nullopt;
     }
-    return read_network<Network>(run.settings.free_dyads_path, run.settings.actor_count, 0, 0);
+    return read_dyads<Network>(run.settings.free_dyads_path, run.settings.actor_count);
 }
 
 // Snapshots and whole-network statistics of a network.
@@ -66,7 +66,7 @@ void prepare_network(Network& network, const ActiveModel<Network>& model) {
 template <class Network>
 Chain<Network> make_chain(RunContext& run, Network& network, const ActiveModel<Network>& model,
                           const std::vector<double>& parameters,
-                          const std::optional<Network>& free_dyads) {
+                          const std::optional<BitMatrix>& free_dyads) {
     Chain<Network> chain{network, model, parameters.data(), run.random};
     chain.free_dyads = free_dyads ? &*free_dyads : nullptr;
     chain.proposal_kind = run.settings.proposal_kind;
@@ -87,4 +87,4 @@ void bayesian_fit_sequence(RunContext& run);
 
 // The fit on the full model that may follow a converged estimation.
 template <class Network>
-void fit_after_estimation(RunContext& run, const std::optional<Network>& free_dyads);
+void fit_after_estimation(RunContext& run, const std::optional<BitMatrix>& free_dyads);

@@ -35,7 +35,7 @@ void simulation_sequence(RunContext& run) {
     Network network = random_network<Network>(run, model.size());
     prepare_network(network, model.active);
     report_statistics(network, run.selection, run.paths.start_statistics);
-    const std::optional<Network> free_dyads = read_free_dyads<Network>(run);
+    const std::optional<BitMatrix> free_dyads = read_free_dyads<Network>(run);
 
     Chain<Network> chain = make_chain(run, network, model.active, model.parameters, free_dyads);
     progress_start(run.progress, RunStage::burn_in, settings.burn_in);

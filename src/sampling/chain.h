@@ -25,15 +25,15 @@ struct Chain {
     // p values; may be changed between steps.
     const double* parameters;
     RandomSource& random;
-    // When not null, only dyads tied in it may be proposed.
-    const Network* free_dyads = nullptr;
+    // When not null, only dyads set in it may be proposed.
+    const BitMatrix* free_dyads = nullptr;
     // Undirected: 1 dyad swap, else single toggle. Directed: 1 dyad swap, 2 sender swap, else
     // toggle.
     int proposal_kind = 0;
     // Cap on degrees (out-degrees) of an addition by a single toggle. Equality refuses: a network
     // that starts above its cap is never refused for it.
     int max_degree = kNoCap;
-    // Set when a full scan has found no eligible proposal: the network can then never change.
+    // Set when no draw can give an eligible proposal: the network can then never change.
     bool stuck = false;
     // Change vectors of the toggle (or a swap's addition) and of a swap's removal.
     std::vector<double> change = {};

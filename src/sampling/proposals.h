@@ -2,7 +2,9 @@
 //
 // The order of the draws is an interface, since at the same clock a run must give the same files. A
 // draw loop that fails a million times looks the whole network over; when no proposal is eligible
-// the chain is stuck for good, as only proposals could change it, and the step ends.
+// the chain is stuck for good, as only proposals could change it, and the step ends. So it does
+// when the generator has come round without an eligible proposal: its period is short, and a single
+// pair of dyads of a large network may be out of its reach.
 #pragma once
 
 #include <utility>
@@ -13,10 +15,36 @@
 // Draws that may fail in a row before it is checked whether any proposal is eligible at all.
 constexpr int kProposalPatience = 1000000;
 
-template <class Network>
-bool is_free(const Network* free_dyads, int i, int j) {
-    return free_dyads == nullptr || has_tie(*free_dyads, i, j);
+inline bool is_free(const BitMatrix* free_dyads, int i, int j) {
+    return free_dyads == nullptr || free_dyads->has(i, j);
 }
+
+// Counts the failed trials of one draw loop below n actors.
+class ProposalPatience {
+  public:
+    explicit ProposalPatience(int n) : cycle_(n) {}
+
+    // After a failed trial: whether another one may succeed. `any_eligible` looks the network over.
+    template <class AnyEligible>
+    bool may_succeed(const RandomSource& random, AnyEligible any_eligible) {
+        if (failures_ < kProposalPatience) {
+            ++failures_;
+            return true;
+        }
+        if (!looked_over_) {
+            looked_over_ = true;
+            if (!any_eligible()) {
+                return false;
+            }
+        }
+        return !cycle_.closed(random);
+    }
+
+  private:
+    DrawCycle cycle_;
+    int failures_ = 0;
+    bool looked_over_ = false;
+};
 
 // How actors are drawn in this chain.
 template <class Network>
@@ -80,14 +108,15 @@ bool draw_free_dyad(Chain<Network>& chain, Dyad& dyad) {
     const Remainder actors = actor_remainder(chain);
     dyad.i = draw_actor(random, actors);
     dyad.j = dyad.i;
-    for (int failures = 0; dyad.i == dyad.j || !has_tie(*chain.free_dyads, dyad.i, dyad.j);) {
-        if (++failures > kProposalPatience) {
-            const FreeDyads found = scan_dyads(chain);
-            if (!found.tied && !found.untied) {
-                chain.stuck = true;
-                return false;
-            }
-            failures = 0;
+    ProposalPatience patience(actors.divisor());
+    const auto any_eligible = [&chain] {
+        const FreeDyads found = scan_dyads(chain);
+        return found.tied || found.untied;
+    };
+    while (dyad.i == dyad.j || !chain.free_dyads->has(dyad.i, dyad.j)) {
+        if (!patience.may_succeed(random, any_eligible)) {
+            chain.stuck = true;
+            return false;
         }
         dyad.i = draw_actor(random, actors);
         dyad.j = draw_actor(random, actors);
@@ -115,13 +144,13 @@ inline bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
 
 // Draws two dyads, one of them tied and one not, until both may be proposed. The usual case by
 // itself, as most of the time of a swap in a sparse network goes here. False after
-// kProposalPatience draws.
+// `most` draws.
 template <class Network>
-bool draw_unlike_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
+bool draw_unlike_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
     RandomSource& random = chain.random;
     const Remainder actors = actor_remainder(chain);
     const BitMatrix& tied = chain.network.adjacency;
-    for (int draws = 0; draws < kProposalPatience; ++draws) {
+    for (int draws = 0; draws < most; ++draws) {
         first.i = draw_actor(random, actors);
         second.i = draw_actor(random, actors);
         first.j = draw_actor(random, actors);
@@ -137,10 +166,10 @@ bool draw_unlike_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
 
 // The same where only some dyads may be proposed; the draws come in another order.
 template <class Network>
-bool draw_unlike_free_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
+bool draw_unlike_free_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
     RandomSource& random = chain.random;
     const Remainder actors = actor_remainder(chain);
-    for (int draws = 0; draws < kProposalPatience; ++draws) {
+    for (int draws = 0; draws < most; ++draws) {
         first.j = draw_actor(random, actors);
         second.j = draw_actor(random, actors);
         first.i = draw_actor(random, actors);
@@ -160,11 +189,17 @@ bool draw_unlike_free_dyads(Chain<Network>& chain, Dyad& first, Dyad& second) {
 template <class Network>
 bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
     const bool any = chain.free_dyads == nullptr;
-    while (!(any ? draw_unlike_dyads(chain, tied, empty)
-                 : draw_unlike_free_dyads(chain, tied, empty))) {
-        const FreeDyads found = scan_dyads(chain);
-        if (!found.tied || !found.untied) {
-            chain.stuck = true;
+    DrawCycle cycle(chain.network.vertices);
+    int most = kProposalPatience;
+    while (!(any ? draw_unlike_dyads(chain, most, tied, empty)
+                 : draw_unlike_free_dyads(chain, most, tied, empty))) {
+        if (most == kProposalPatience) {
+            const FreeDyads found = scan_dyads(chain);
+            chain.stuck = !found.tied || !found.untied;
+            most = 1;
+        }
+        chain.stuck = chain.stuck || cycle.closed(chain.random);
+        if (chain.stuck) {
             return false;
         }
     }
@@ -192,13 +227,11 @@ inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
                digraph_has_arc(digraph, i, j) != digraph_has_arc(digraph, i, k) &&
                is_free(chain.free_dyads, i, j) && is_free(chain.free_dyads, i, k);
     };
-    for (int failures = 0; !eligible();) {
-        if (++failures > kProposalPatience) {
-            if (!scan_sender_swaps(chain)) {
-                chain.stuck = true;
-                return false;
-            }
-            failures = 0;
+    ProposalPatience patience(actors.divisor());
+    while (!eligible()) {
+        if (!patience.may_succeed(random, [&chain] { return scan_sender_swaps(chain); })) {
+            chain.stuck = true;
+            return false;
         }
         if (chain.free_dyads != nullptr) {
             j = draw_actor(random, actors);

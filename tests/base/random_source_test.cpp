@@ -176,4 +176,46 @@ TEST(MixedSeed, StreamsOfNeighbouringSeedsDoNotCorrelate) {
     }
 }
 
+// Draws below n come round where, and only where, the cycle says so.
+TEST(DrawCycle, BelowAPowerOfTwoClosesWhenTheDrawsRepeatThemselves) {
+    for (const int n : {1, 2, 8, 128}) {
+        const auto period = static_cast<std::uint64_t>(n) << 16U;
+        for (const std::uint32_t state : {1U, 20000U, 0x80012345U}) {
+            RandomSource random = seeded(state);
+            DrawCycle cycle(n);
+            EXPECT_FALSE(cycle.closed(random));
+            for (std::uint64_t draw = 1; draw <= period; ++draw) {
+                random_draw(random);
+                ASSERT_EQ(cycle.closed(random), draw == period) << n << " after " << draw;
+            }
+            RandomSource first = seeded(state);
+            for (int draw = 0; draw < 1000; ++draw) {
+                ASSERT_EQ(random_below(random, n), random_below(first, n)) << n;
+            }
+        }
+    }
+}
+
+TEST(DrawCycle, TellsStatesApartByWhatDrawsCanShow) {
+    // Bit 31 is in no draw and never comes down.
+    DrawCycle any(100);
+    EXPECT_FALSE(any.closed(seeded(5)));
+    EXPECT_TRUE(any.closed(seeded(0x80000005U)));
+    EXPECT_FALSE(any.closed(seeded(0x40000005U)));
+    RandomSource low = seeded(5);
+    RandomSource high = seeded(0x80000005U);
+    for (int draw = 0; draw < 1000; ++draw) {
+        ASSERT_EQ(random_draw(low), random_draw(high));
+    }
+    // Draws below 4 never see bit 18.
+    DrawCycle four(4);
+    EXPECT_FALSE(four.closed(seeded(5)));
+    EXPECT_TRUE(four.closed(seeded(5U + (1U << 18U))));
+    EXPECT_FALSE(four.closed(seeded(5U + (1U << 17U))));
+    // Nor does a power of two beyond every draw ask for more than 31 bits.
+    DrawCycle wide(1 << 20);
+    EXPECT_FALSE(wide.closed(seeded(5)));
+    EXPECT_TRUE(wide.closed(seeded(0x80000005U)));
+}
+
 }  // namespace

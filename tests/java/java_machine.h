@@ -50,13 +50,16 @@ inline ChildResult run_host(const std::filesystem::path& directory,
     return run_child({java_command(rest), directory, java_environment()});
 }
 
-// The probe of these tests.
+// A probe of these tests.
 inline ChildResult run_probe(const std::filesystem::path& directory,
-                             const std::vector<std::string>& arguments) {
+                             const std::vector<std::string>& arguments,
+                             const std::string& probe = "CallProbe") {
     std::vector<std::string> rest = {"-cp", std::string(OVRI_JAR_PATH) + ":" + OVRI_PROBE_JAR_PATH,
-                                     "CallProbe"};
+                                     probe};
     rest.insert(rest.end(), arguments.begin(), arguments.end());
-    return run_child({java_command(rest), directory, java_environment()});
+    ChildSetting setting{java_command(rest), directory, java_environment()};
+    setting.limit = std::chrono::hours(2);
+    return run_child(setting);
 }
 
 #else
@@ -66,7 +69,8 @@ inline constexpr bool kJavaIsThere = false;
 inline ChildResult run_host(const std::filesystem::path&, const std::vector<std::string>&) {
     return {};
 }
-inline ChildResult run_probe(const std::filesystem::path&, const std::vector<std::string>&) {
+inline ChildResult run_probe(const std::filesystem::path&, const std::vector<std::string>&,
+                             const std::string& = "") {
     return {};
 }
 

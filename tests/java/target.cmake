@@ -4,7 +4,7 @@ if(TARGET ovri_jar)
   include(UseJava)
   set(CMAKE_JAVA_COMPILE_FLAGS -Xlint:all -Werror --release 11 -encoding UTF-8)
   add_jar(ovri_call_probe
-    SOURCES "${CMAKE_CURRENT_LIST_DIR}/CallProbe.java"
+    SOURCES "${CMAKE_CURRENT_LIST_DIR}/CallProbe.java" "${CMAKE_CURRENT_LIST_DIR}/ManyCalls.java"
     INCLUDE_JARS ovri_jar)
   get_target_property(probe_jar ovri_call_probe JAR_FILE)
   add_dependencies(test_java ovri_jar ovri_call_probe)

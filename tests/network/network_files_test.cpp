@@ -152,6 +152,22 @@ TEST(NetworkFiles, ANetworkOfNoActorsReadsNothing) {
     EXPECT_EQ(read_text("1 1 1", -3).edges, 0);
 }
 
+TEST(NetworkFiles, ReadAsBitsAloneHaveTheTiesOfTheNetwork) {
+    const ScratchDirectory directory;
+    TestRandom random(52);
+    for (const int n : {-2, 0, 1, 7, 70}) {
+        std::string text;
+        for (int cell = 0; cell < n * n - 3; ++cell) {
+            text += draw_below(random, 3) == 0 ? "1 " : draw_below(random, 5) == 0 ? "2\n" : "0 ";
+        }
+        const std::string path = directory.write("matrix", text);
+        EXPECT_EQ(graph_read_dyads(path, n).words,
+                  graph_read_matrix(path, n, 0, 0).adjacency.words);
+        EXPECT_EQ(digraph_read_dyads(path, n).words,
+                  digraph_read_matrix(path, n, 0).adjacency.words);
+    }
+}
+
 TEST(RandomStartNetwork, HasTheTiesItWasAskedFor) {
     for (int n = 2; n <= 15; ++n) {
         for (int target = 0; target <= n * (n - 1) / 2; target += n) {

@@ -29,7 +29,7 @@ const Graph& no_dyads() {
 // A run that never moves. With 10 steps in phases 1 and 3 the variance laid in is the variance of
 // the result.
 void hold_still(EstimationRun<Graph>& run, double variance) {
-    run.free_dyads = &no_dyads();
+    run.free_dyads = &no_dyads().adjacency;
     run.settings = {.sub_phases = 0,
                     .a_value = 0.1F,
                     .multiplication_factor = 1,

@@ -201,6 +201,25 @@ TEST(BrokenSetup, NegativeActorsMakeAnEmptyNetwork) {
     }
 }
 
+TEST(BrokenSetup, ImpossibleActorCountsMakeAnEmptyNetwork) {
+    for (const NetworkKind kind : {NetworkKind::undirected, NetworkKind::directed}) {
+        for (const int mode : {1, 2, 3, 4}) {
+            for (const int actors : {-2147483647, -50000, 2147483647}) {
+                SetupText setup = small_setup(kind, mode);
+                setup.actors = actors;
+                const ScratchDirectory scratch;
+                write_data(scratch, kind);
+                scratch.write("run.setup", setup_text(setup));
+                const RunOutputs outputs = run_in_directory(scratch.path());
+                expect_empty_network(outputs.files.at("start_statistics_net.txt"), kind, 0);
+                for (const auto& [name, text] : outputs.files) {
+                    EXPECT_LT(text.size(), 100000U) << name << " of " << actors << " actors";
+                }
+            }
+        }
+    }
+}
+
 TEST(BrokenSetup, DataFilesThatAreAbsentReadAsEmpty) {
     for (const NetworkKind kind : {NetworkKind::undirected, NetworkKind::directed}) {
         for (const int mode : {1, 2, 3, 4}) {

@@ -112,7 +112,7 @@ void run_case(const CarriedCase& tried, bool with_free_dyads) {
     const Network free_dyads = random_network(none, n, 0.8, 7);
     RandomSource random{31337, {}};
     Chain<Network> chain = test_chain(network, model, random, tried.proposal_kind);
-    chain.free_dyads = with_free_dyads ? &free_dyads : nullptr;
+    chain.free_dyads = with_free_dyads ? &free_dyads.adjacency : nullptr;
     int accepted = 0;
     for (int step = 1; step <= kSteps; ++step) {
         accepted += chain_step(chain);

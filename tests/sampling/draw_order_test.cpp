@@ -4,8 +4,11 @@
 // 28145 23281 16827 9961 491 2995 11942 4827 5436 ...
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
+#include "sampling/proposals.h"
 #include "support/chain_models.h"
 
 namespace {
@@ -91,7 +94,7 @@ TEST(DrawOrder, AToggleOfFreeDyadsDrawsOneActorAndThenWholePairs) {
     Graph graph = with_ties(graph_model(), 5, {});
     RandomSource random{1, {}};
     Chain<Graph> chain = test_chain(graph, graph_model(), random);
-    chain.free_dyads = &free_dyads;
+    chain.free_dyads = &free_dyads.adjacency;
     EXPECT_EQ(chain_step(chain), 1);
     EXPECT_EQ(ties_of(graph), Ties({{0, 4}}));
     EXPECT_EQ(random.state, state_after(6));
@@ -113,7 +116,7 @@ TEST(DrawOrder, ASwapOfFreeDyadsDrawsBothSecondActorsFirst) {
     Graph graph = with_ties(graph_model(), 5, {{0, 2}, {3, 4}});
     RandomSource random{1, {}};
     Chain<Graph> chain = test_chain(graph, graph_model(), random, 1);
-    chain.free_dyads = &free_dyads;
+    chain.free_dyads = &free_dyads.adjacency;
     EXPECT_EQ(chain_step(chain), 1);
     EXPECT_EQ(ties_of(graph), Ties({{1, 4}, {3, 4}}));
     EXPECT_EQ(random.state, state_after(5));
@@ -144,7 +147,7 @@ TEST(DrawOrder, ASenderSwapOfFreeDyadsDrawsAReceiverBeforeTheSender) {
     Digraph digraph = with_ties(digraph_model(), 5, {{4, 0}, {4, 1}});
     RandomSource random{1, {}};
     Chain<Digraph> chain = test_chain(digraph, digraph_model(), random, 2);
-    chain.free_dyads = &free_dyads;
+    chain.free_dyads = &free_dyads.adjacency;
     EXPECT_EQ(chain_step(chain), 1);
     EXPECT_EQ(ties_of(digraph), Ties({{4, 1}, {4, 2}}));
     EXPECT_EQ(random.state, state_after(5));
@@ -282,7 +285,7 @@ void expect_dead_end(const ChainModel<Network>& model, Network network, int kind
     const Ties before = ties_of(network);
     RandomSource random{1, {}};
     Chain<Network> chain = test_chain(network, model, random, kind);
-    chain.free_dyads = free_dyads;
+    chain.free_dyads = free_dyads != nullptr ? &free_dyads->adjacency : nullptr;
     // Every step must end; a chain that has found out so stops trying.
     for (int step = 0; step < kBeyondPatience; ++step) {
         EXPECT_EQ(chain_step(chain), 0);
@@ -344,11 +347,85 @@ TEST(DeadEnds, AChainGoesOnWhenTheOnlyEligibleProposalIsRare) {
     Graph graph = with_ties(graph_model(), 60, {});
     RandomSource random{1, {}};
     Chain<Graph> chain = test_chain(graph, graph_model(), random);
-    chain.free_dyads = &one_dyad;
+    chain.free_dyads = &one_dyad.adjacency;
     for (int step = 1; step <= 20; ++step) {
         EXPECT_EQ(chain_step(chain), 1);
         EXPECT_EQ(graph.edges, step % 2);
     }
+}
+
+constexpr int kFewBits = 128;  // actors; draws below a power of two have a short period
+// Trials of a swap of free dyads, four draws each, before the generator comes round.
+constexpr int kTrialsOfASwap = (kFewBits << 16) / 4;
+
+struct SwapTrial {
+    ActorPair first;
+    ActorPair second;
+};
+
+SwapTrial draw_trial(RandomSource& random) {
+    SwapTrial trial;
+    trial.first.second = random_below(random, kFewBits);
+    trial.second.second = random_below(random, kFewBits);
+    trial.first.first = random_below(random, kFewBits);
+    trial.second.first = random_below(random, kFewBits);
+    return trial;
+}
+
+bool same_dyad(const ActorPair& a, const ActorPair& b) {
+    return a == b || a == ActorPair(b.second, b.first);
+}
+
+TEST(DeadEnds, ASwapThatTheGeneratorNeverDrawsEnds) {
+    const ActorPair tied = {3, 77};
+    const ActorPair untied = {12, 90};
+    RandomSource reference{1, {}};
+    for (int trial = 0; trial < kTrialsOfASwap; ++trial) {
+        const SwapTrial drawn = draw_trial(reference);
+        ASSERT_FALSE(same_dyad(drawn.first, tied) && same_dyad(drawn.second, untied));
+        ASSERT_FALSE(same_dyad(drawn.first, untied) && same_dyad(drawn.second, tied));
+    }
+    const Graph free_dyads = with_ties(graph_model(), kFewBits, {tied, untied});
+    expect_dead_end(graph_model(), with_ties(graph_model(), kFewBits, {tied, {1, 2}}), 1,
+                    &free_dyads);
+}
+
+bool is_swap_of(const SwapTrial& trial, const SwapTrial& other) {
+    return (same_dyad(trial.first, other.first) && same_dyad(trial.second, other.second)) ||
+           (same_dyad(trial.first, other.second) && same_dyad(trial.second, other.first));
+}
+
+TEST(DeadEnds, ASwapThatTheGeneratorDrawsLateIsWaitedFor) {
+    std::vector<SwapTrial> trials;
+    RandomSource reference{1, {}};
+    for (int trial = 0; trial < kTrialsOfASwap; ++trial) {
+        trials.push_back(draw_trial(reference));
+    }
+    // The last trial that is a swap at all and is drawn once only.
+    const auto drawn_once = [&trials](const SwapTrial& tried) {
+        return tried.first.first != tried.first.second &&
+               tried.second.first != tried.second.second && !same_dyad(tried.first, tried.second) &&
+               std::count_if(trials.begin(), trials.end(), [&tried](const SwapTrial& other) {
+                   return is_swap_of(tried, other);
+               }) == 1;
+    };
+    const auto late = std::find_if(trials.rbegin(), trials.rend(), drawn_once);
+    ASSERT_NE(late, trials.rend());
+    const auto made = static_cast<int>(std::distance(late, trials.rend()));
+    ASSERT_GT(made, kProposalPatience);
+    const Graph free_dyads = with_ties(graph_model(), kFewBits, {late->first, late->second});
+    Graph graph = with_ties(graph_model(), kFewBits, {late->first, {1, 2}});
+    RandomSource random{1, {}};
+    Chain<Graph> chain = test_chain(graph, graph_model(), random, 1);
+    chain.free_dyads = &free_dyads.adjacency;
+    EXPECT_EQ(chain_step(chain), 1);
+    EXPECT_TRUE(is_tied(graph, late->second.first, late->second.second));
+    // Four draws each, and the uniform number of the decision.
+    reference.state = 1;
+    for (int draw = 0; draw <= 4 * made; ++draw) {
+        random_draw(reference);
+    }
+    EXPECT_EQ(random.state, reference.state);
 }
 
 }  // namespace

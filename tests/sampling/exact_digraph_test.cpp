@@ -18,7 +18,7 @@ struct Setting {
     int n = 4;
     Proposal proposal = kToggle;
     int cap = kNoCap;
-    const Digraph* free_dyads = nullptr;
+    const BitMatrix* free_dyads = nullptr;
     std::uint32_t start = 0;
     int samples = kSamples;
 };
@@ -72,7 +72,8 @@ TEST(ExactDigraph, TogglesOfFreeDyadsLeaveTheOthersAsTheyWere) {
     const auto in_class = [&](const Digraph& digraph) {
         return (code_of_network(digraph) & fixed) == (start & fixed);
     };
-    expect_stationary({.proposal = kToggle, .free_dyads = &free_dyads, .start = start}, in_class);
+    expect_stationary({.proposal = kToggle, .free_dyads = &free_dyads.adjacency, .start = start},
+                      in_class);
 }
 
 TEST(ExactDigraph, SwapsOnThreeActorsKeepTheArcs) {
@@ -91,7 +92,8 @@ TEST(ExactDigraph, SwapsOfFreeDyadsKeepTheArcsElsewhere) {
         return digraph.arcs == std::popcount(start) &&
                (code_of_network(digraph) & fixed) == (start & fixed);
     };
-    expect_stationary({.proposal = kSwap, .free_dyads = &free_dyads, .start = start}, in_class);
+    expect_stationary({.proposal = kSwap, .free_dyads = &free_dyads.adjacency, .start = start},
+                      in_class);
 }
 
 TEST(ExactDigraph, SenderSwapsKeepTheArcsThatEachActorSends) {
@@ -114,8 +116,8 @@ TEST(ExactDigraph, SenderSwapsOfFreeDyadsKeepTheOtherArcs) {
         return digraph.out_degree == std::vector<int>({2, 2, 2, 2}) &&
                (code_of_network(digraph) & fixed) == (start & fixed);
     };
-    expect_stationary({.proposal = kSenderSwap, .free_dyads = &free_dyads, .start = start},
-                      in_class);
+    expect_stationary(
+        {.proposal = kSenderSwap, .free_dyads = &free_dyads.adjacency, .start = start}, in_class);
 }
 
 }  // namespace

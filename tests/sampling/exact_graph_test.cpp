@@ -33,7 +33,7 @@ Distribution visited(const std::vector<ModelTerm>& terms, int proposal_kind, int
     RandomSource random{12345, {}};
     Chain<Graph> chain = test_chain(graph, model, random, proposal_kind);
     chain.max_degree = cap;
-    chain.free_dyads = free_dyads;
+    chain.free_dyads = free_dyads != nullptr ? &free_dyads->adjacency : nullptr;
     return chain_frequencies(chain, kSamples, 8);
 }
 

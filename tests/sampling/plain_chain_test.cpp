@@ -207,7 +207,7 @@ void expect_twins(const std::vector<ModelTerm>& terms, const TwinCase& tried, in
     RandomSource random{2024, {}};
     Chain<Network> chain = test_chain(network, model, random, tried.proposal_kind);
     chain.max_degree = tried.cap;
-    chain.free_dyads = plain.free_dyads;
+    chain.free_dyads = tried.free_dyads ? &free_dyads.adjacency : nullptr;
     for (int step = 0; step < steps; ++step) {
         ASSERT_EQ(chain_step(chain), plain.step()) << "step " << step;
         ASSERT_EQ(random.state, plain.draws.state) << "draws of step " << step;

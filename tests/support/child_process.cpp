@@ -41,7 +41,7 @@ void redirect(const std::string& path, int target) {
 }
 
 // Waits for the child's end; past the limit ends it.
-int wait_for(pid_t child, std::chrono::seconds limit, bool& timed_out) {
+int wait_for(pid_t child, std::chrono::microseconds limit, bool& timed_out) {
     const auto end = std::chrono::steady_clock::now() + limit;
     int status = 0;
     while (::waitpid(child, &status, WNOHANG) == 0) {
@@ -51,7 +51,7 @@ int wait_for(pid_t child, std::chrono::seconds limit, bool& timed_out) {
             ::waitpid(child, &status, 0);
             break;
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        std::this_thread::sleep_for(std::chrono::microseconds(500));
     }
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }

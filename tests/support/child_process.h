@@ -12,7 +12,7 @@ struct ChildSetting {
     std::filesystem::path directory;
     // Added to the environment of the tests.
     std::vector<std::pair<std::string, std::string>> environment;
-    std::chrono::seconds limit{300};
+    std::chrono::microseconds limit = std::chrono::seconds(300);
 };
 
 struct ChildResult {

@@ -55,5 +55,5 @@ struct EstimationRun {
     // What the last logged run found.
     EstimationResult found;
     int proposal_kind = 0;
-    const Network* free_dyads = nullptr;
+    const BitMatrix* free_dyads = nullptr;
 };

@@ -147,3 +147,15 @@ TEST_F(RunInTrouble, IsEndedAtOnceByASecondInterrupt) {
     EXPECT_NE(run.errors.find("still there\n"), std::string::npos) << run.errors;
     EXPECT_NE(run.errors.find("status 130\n"), std::string::npos) << run.errors;
 }
+
+TEST_F(RunInTrouble, ForWhichTheMachineIsTooSmallIsRefusedWithBothNumbers) {
+    ToolSetup setup = simulation(10, 100);
+    setup.actors = "30000";
+    write_setup(setup);
+    const ChildResult run = shell("ulimit -v 1000000; $OVRI run net.setup --no-check --clock 5");
+    EXPECT_EQ(run.status, 1) << run.errors;
+    EXPECT_NE(run.errors.find("needs about 3.8 GB of memory, and there are 1.0 GB"),
+              std::string::npos)
+        << run.errors;
+    EXPECT_FALSE(scratch.exists("out/start_statistics_net.txt"));
+}

@@ -201,15 +201,17 @@ TEST_F(ToolRun, TheMessagesOfARunAreThoseOfTheCheck) {
 
 TEST_F(ToolRun, AForcedRunShowsItsErrorsAndGoesOn) {
     run({.network = "nowhere.txt"}, {"--clock", "7", "--force"});
-    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.status, 3) << result.err;
     EXPECT_TRUE(says("error: network file")) << result.err;
     EXPECT_TRUE(says("run all the same (--force)")) << result.err;
     EXPECT_TRUE(scratch.exists("out/start_statistics_net.txt"));
 }
 
-TEST_F(ToolRun, WithoutTheCheckARunGoesOnAfterErrors) {
+TEST_F(ToolRun, WithoutTheCheckARunGoesOnAfterErrorsAndTellsWhatItCouldNotRead) {
     run({.network = "nowhere.txt"}, {"--clock", "7", "--no-check"});
-    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.status, 3) << result.err;
+    EXPECT_TRUE(says("nowhere.txt: could not be read, so it counts as empty: No such file"))
+        << result.err;
     EXPECT_FALSE(says("error")) << result.err;
     EXPECT_TRUE(scratch.exists("out/start_statistics_net.txt"));
 }

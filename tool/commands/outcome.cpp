@@ -1,5 +1,6 @@
 #include "commands/outcome.h"
 
+#include <algorithm>
 #include <system_error>
 
 #include "commands/commands.h"
@@ -19,11 +20,23 @@ void list(std::FILE* out, const std::vector<std::string>& paths) {
     }
 }
 
+std::string failure_text(const FileFailure& failure) {
+    return failure.path + ": " +
+           (failure.reading ? "could not be read, so it counts as empty: " : "") +
+           std::generic_category().message(failure.error);
+}
+
+bool any_unwritten(const Outcome& outcome) {
+    return outcome.console_lost || outcome.failures.further > 0 ||
+           std::any_of(outcome.failures.files.begin(), outcome.failures.files.end(),
+                       [](const FileFailure& failure) { return !failure.reading; });
+}
+
 void tell_failures(const Outcome& outcome, const std::string& setup,
                    const std::vector<std::string>& written, std::FILE* out) {
-    print(out, "{}: not everything could be written\n", setup);
-    for (const WriteFailure& failure : outcome.failures.files) {
-        print(out, "  {}: {}\n", failure.path, std::generic_category().message(failure.error));
+    print(out, "{}: not every file could be read and written\n", setup);
+    for (const FileFailure& failure : outcome.failures.files) {
+        print(out, "  {}\n", failure_text(failure));
     }
     if (outcome.failures.further > 0) {
         print(out, "  and {} more\n", outcome.failures.further);
@@ -31,11 +44,14 @@ void tell_failures(const Outcome& outcome, const std::string& setup,
     if (outcome.console_lost) {
         print(out, "  standard output\n");
     }
+    if (!any_unwritten(outcome)) {
+        return;
+    }
     print(out,
           "What is there of these files ends with the last section that could be written whole.\n");
     std::vector<std::string> complete;
     for (const std::string& path : written) {
-        if (!has_write_failure(outcome.failures, path)) {
+        if (!has_file_failure(outcome.failures, path)) {
             complete.push_back(path);
         }
     }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "base/write_failures.h"
+#include "base/file_failures.h"
 
 struct Outcome {
     enum class End { complete, interrupted, no_memory, broken_off };
@@ -13,7 +13,7 @@ struct Outcome {
     // Why the run broke off.
     std::string reason;
     // Files that take no more, or never did.
-    WriteFailures failures;
+    FileFailures failures;
     // Whether the run's own text could not be written to standard output.
     bool console_lost = false;
 };

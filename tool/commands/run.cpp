@@ -15,8 +15,10 @@
 #include "commands/reseeding.h"
 #include "commands/results.h"
 #include "commands/setup_source.h"
+#include "run/memory_estimate.h"
 #include "run/run.h"
 #include "terminal/interrupt.h"
+#include "terminal/machine.h"
 #include "terminal/print.h"
 #include "terminal/progress.h"
 #include "terminal/terminal.h"
@@ -85,7 +87,7 @@ Outcome perform(const std::string& setup, HostOptions options, bool with_progres
     Outcome outcome;
     RunProgress progress;
     options.progress = &progress;
-    options.write_failures = &outcome.failures;
+    options.file_failures = &outcome.failures;
     const FileHandle waiting = console_beside_progress(with_progress);
     options.console = waiting != nullptr ? waiting.get() : stdout;
     outlive_failed_writes();
@@ -117,6 +119,22 @@ Outcome perform(const std::string& setup, HostOptions options, bool with_progres
     return outcome;
 }
 
+// False, and told, when the run would take more memory than there is.
+bool has_memory(const SetupView& view) {
+    const std::vector<MemoryPart> parts = memory_parts(view.setup);
+    const double needed = memory_total(parts);
+    const double there = machine_memory();
+    if (there <= 0.0 || needed <= there) {
+        return true;
+    }
+    print(
+        stderr,
+        "{}: the run needs about {:.1f} GB of memory, and there are {:.1f} GB; nothing was run and "
+        "nothing was written\nMost of it goes into the {}: {:.1f} GB\n",
+        view.path, needed / 1e9, there / 1e9, parts.front().what, parts.front().bytes / 1e9);
+    return false;
+}
+
 void summarise(const SetupView& view, const Results& results, const Reseeding& reseeding,
                const std::vector<std::string>& written) {
     const std::string what = describe_setup(view);
@@ -136,6 +154,9 @@ int run(const RunOptions& options) {
     const SetupSource source(options.setup);
     SetupView view = read_view(source.path(), options.output, source.name());
     if ((!options.unchecked && !check_first(view, options)) || !can_begin(view)) {
+        return kErrorsFound;
+    }
+    if (!has_memory(view)) {
         return kErrorsFound;
     }
     Reseeding reseeding(options.clock, options.seed);

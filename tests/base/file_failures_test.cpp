@@ -1,5 +1,5 @@
 // Disks that are full, directories that are gone: what the writer leaves and what it tells.
-#include "base/write_failures.h"
+#include "base/file_failures.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "base/text_reader.h"
 #include "base/text_writer.h"
 #include "support/scratch_directory.h"
 
@@ -42,13 +43,13 @@ class FailedWrites : public testing::Test {
     std::string place(const std::string& name) const { return (scratch.path() / name).string(); }
 
     ScratchDirectory scratch;
-    WriteFailures failures;
+    FileFailures failures;
 };
 
 }  // namespace
 
 TEST_F(FailedWrites, AreNoneWhereEverythingCouldBeWritten) {
-    const WriteFailureScope scope(failures);
+    const FileFailureScope scope(failures);
     writer_replace(place("a")).text("one\n");
     writer_append(place("a")).print("%d\n", 2);
     EXPECT_TRUE(failures.none());
@@ -57,7 +58,7 @@ TEST_F(FailedWrites, AreNoneWhereEverythingCouldBeWritten) {
 
 TEST_F(FailedWrites, OfAFullDiskAreSeenWhenTheSectionIsClosed) {
     fs::create_symlink("/dev/full", scratch.path() / "full");
-    const WriteFailureScope scope(failures);
+    const FileFailureScope scope(failures);
     writer_append(place("full")).text("row\n");
     ASSERT_EQ(failures.files.size(), 1U);
     EXPECT_EQ(failures.files[0].path, place("full"));
@@ -68,8 +69,8 @@ TEST_F(FailedWrites, OfAFullDiskAreSeenInEveryWayOfWriting) {
     fs::create_symlink("/dev/full", scratch.path() / "full");
     const std::string piece(100000, 'x');
     for (int way = 0; way < 4; ++way) {
-        WriteFailures own;
-        const WriteFailureScope scope(own);
+        FileFailures own;
+        const FileFailureScope scope(own);
         {
             TextWriter out = writer_append(place("full"));
             for (int k = 0; k < 3; ++k) {
@@ -90,7 +91,7 @@ TEST_F(FailedWrites, OfAFullDiskAreSeenInEveryWayOfWriting) {
 }
 
 TEST_F(FailedWrites, OfAMissingDirectoryAreSeenWhenTheFileIsOpened) {
-    const WriteFailureScope scope(failures);
+    const FileFailureScope scope(failures);
     writer_append(place("none/a")).text("x");
     writer_append(place("none/a")).text("x");
     writer_replace(place("none/b")).text("x");
@@ -101,7 +102,7 @@ TEST_F(FailedWrites, OfAMissingDirectoryAreSeenWhenTheFileIsOpened) {
 }
 
 TEST_F(FailedWrites, TakeBackTheirSectionAndLetNoLaterOneFollow) {
-    const WriteFailureScope scope(failures);
+    const FileFailureScope scope(failures);
     writer_append(place("rows")).text("first\n");
     {
         const FileSizeLimit limit(1000);
@@ -118,7 +119,7 @@ TEST_F(FailedWrites, TakeBackTheirSectionAndLetNoLaterOneFollow) {
 }
 
 TEST_F(FailedWrites, TakeBackASectionThatIsLargerThanAnyBuffer) {
-    const WriteFailureScope scope(failures);
+    const FileFailureScope scope(failures);
     const FileSizeLimit limit(300000);
     writer_append(place("rows")).text("first\n");
     {
@@ -131,10 +132,10 @@ TEST_F(FailedWrites, TakeBackASectionThatIsLargerThanAnyBuffer) {
 }
 
 TEST_F(FailedWrites, BelongToTheThreadAndToTheInnermostScope) {
-    const WriteFailureScope scope(failures);
-    WriteFailures inner;
+    const FileFailureScope scope(failures);
+    FileFailures inner;
     {
-        const WriteFailureScope nested(inner);
+        const FileFailureScope nested(inner);
         writer_append(place("none/inner")).text("x");
     }
     std::thread([this] { writer_append(place("none/thread")).text("x"); }).join();
@@ -146,9 +147,21 @@ TEST_F(FailedWrites, BelongToTheThreadAndToTheInnermostScope) {
 
 TEST_F(FailedWrites, AreCountedWhenThereAreTooManyToTell) {
     for (int k = 0; k < 250; ++k) {
-        note_write_failure(failures, std::to_string(k), EIO);
+        note_file_failure(failures, std::to_string(k), EIO);
     }
-    EXPECT_EQ(failures.files.size(), WriteFailures::kMostFiles);
-    EXPECT_EQ(failures.further, 250 - WriteFailures::kMostFiles);
+    EXPECT_EQ(failures.files.size(), FileFailures::kMostFiles);
+    EXPECT_EQ(failures.further, 250 - FileFailures::kMostFiles);
     EXPECT_FALSE(failures.none());
+}
+
+TEST_F(FailedWrites, AreTheOtherSideOfFilesThatCannotBeOpenedForReading) {
+    const FileFailureScope scope(failures);
+    EXPECT_FALSE(reader_open(place("none")).opened());
+    ASSERT_EQ(failures.files.size(), 1U);
+    EXPECT_EQ(failures.files[0].path, place("none"));
+    EXPECT_EQ(failures.files[0].error, ENOENT);
+    EXPECT_TRUE(failures.files[0].reading);
+    writer_replace(place("some")).text("x");
+    EXPECT_TRUE(reader_open(place("some")).opened());
+    EXPECT_EQ(failures.files.size(), 1U);
 }
