@@ -170,15 +170,15 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                {digraph_isolates_change, digraph_isolates_count}),
     structural("AinS",
                {"AinS",
-                "arcs into each actor beyond the first, each further one weighing less "
-                "(alternating in-star)",
+                "stars of two and more arcs into an actor: each further arc adds more, up to "
+                "lambda (alternating in-star)",
                 "λ^2 sum_i (w^in_i - 1 + in_i/λ)", Cost::constant},
                kLambda, kAlternating, shown_as("AinS(%.2f)", "kinstar"),
                {digraph_alternating_in_star_change, digraph_alternating_in_star_count}),
     structural("AoutS",
                {"AoutS",
-                "arcs out of each actor beyond the first, each further one weighing less "
-                "(alternating out-star)",
+                "stars of two and more arcs out of an actor: each further arc adds more, up to "
+                "lambda (alternating out-star)",
                 "λ^2 sum_i (w^out_i - 1 + out_i/λ)", Cost::constant},
                kLambda, kAlternating, shown_as("AoutS(%.2f)", "koutstar"),
                {digraph_alternating_out_star_change, digraph_alternating_out_star_count}),

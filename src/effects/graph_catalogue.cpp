@@ -194,13 +194,13 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                kFull, kTruncated,
                {"1_2et", "one2et", "one2et", "1_2ET", "1_2et", "1_2ET", "1_2ET", "one2et "},
                {one_two_et_change, one_two_et_count}),
-    structural(
-        "AS",
-        {"AS",
-         "ties of each actor beyond its first, each further one weighing less (alternating star)",
-         "λ^2 sum_i (w^d_i - 1 + d_i/λ)", Cost::constant},
-        kLambda, kAlternatingWide, shown_as("AS(%.2f)", "as", "as "),
-        {alternating_star_change, alternating_star_count}),
+    structural("AS",
+               {"AS",
+                "stars of two and more ties: each further tie of an actor adds more, up to lambda "
+                "(alternating star)",
+                "λ^2 sum_i (w^d_i - 1 + d_i/λ)", Cost::constant},
+               kLambda, kAlternatingWide, shown_as("AS(%.2f)", "as", "as "),
+               {alternating_star_change, alternating_star_count}),
     structural(
         "AS2",
         {"AS", "a second alternating star beside the first, with a lambda of its own",

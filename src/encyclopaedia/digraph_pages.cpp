@@ -11,7 +11,7 @@ constexpr const char* kCensus =
     "are, further arcs allowed.";
 constexpr const char* kDegrees =
     "An alternating star of the directed social circuit models. A positive parameter with a "
-    "negative arc spreads arcs over few actors.";
+    "negative arc gathers arcs at few actors.";
 constexpr const char* kMixed =
     "A star of the directed social circuit models that ties receiving to sending.";
 constexpr const char* kClosure =

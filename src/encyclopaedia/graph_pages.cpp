@@ -439,8 +439,8 @@ constexpr auto kPages = std::to_array<EffectPage>({
      .change = "λ (2 - w^d_i - w^d_j)",
      .keywords = "alternating k-star geometrically weighted degree centralisation hubs",
      .literature = "The alternating k-star: all stars from two ties on, with alternating signs and "
-                   "weights that fall by 1/lambda. A positive parameter with a negative edge "
-                   "spreads ties over hubs; high degrees soon count alike.",
+                   "weights that fall by 1/lambda. A positive parameter beside a negative edge "
+                   "gathers ties at hubs; beyond some degree a further tie adds no more.",
      .terms = "altkstar(lambda), gwdegree(decay)",
      .conversion =
          "altkstar is the same count. gwdegree with decay α, lambda = exp(α), counts G = λ sum_i "
