@@ -73,8 +73,13 @@ class StudyChain {
         random_.clock_seconds = clock_from(seed);
         restore_network();
         if (study.dyads.restricted) {
-            free_ = empty_network_for<Network>(actors(), resolved_.selection, 0);
-            add_ties(*free_, study.dyads.free);
+            free_ = BitMatrix(actors());
+            for (const ActorTie& dyad : study.dyads.free) {
+                row_flip((*free_)[dyad.from], dyad.to);
+                if (!kDirected<Network>) {
+                    row_flip((*free_)[dyad.to], dyad.from);
+                }
+            }
         }
     }
     StudyChain(const StudyChain&) = delete;
@@ -117,7 +122,7 @@ class StudyChain {
     std::vector<double> parameters_;
     ActiveModel<Network> model_;
     Network network_;
-    std::optional<Network> free_;
+    std::optional<BitMatrix> free_;
     RandomSource random_;
 };
 
