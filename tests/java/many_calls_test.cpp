@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "java/java_machine.h"
+#include "support/scratch_directory.h"
 #include "support/setup_text.h"
 
 namespace {
