@@ -221,9 +221,10 @@ extern const Command kRunCommand = {.name = "run",
                                     .details = R"(
 The setup file and every file it names are checked first (see `ovri help check`).
 Errors stop the run before anything is written, unless --force is given; warnings
-are shown and stop nothing. Then the run writes its results into the output directory, and the files
-with the estimates (update files) beside them. Some results are added to the end
-of a file that an earlier run has left; the summary names every file.
+are shown and stop nothing. Then the run writes its results into the output
+directory, and the files with the estimates (update files) beside them. Some
+results are added to the end of a file that an earlier run has left; the summary
+names every file.
 
 N is a whole number from 0 to 4294967295. With neither --seed nor --clock the
 seed is taken from the system's entropy. The same setup, data and --seed (or
