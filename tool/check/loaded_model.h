@@ -2,7 +2,7 @@
 // that single ties make in it.
 #pragma once
 
-#include <random>
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -73,6 +73,19 @@ class LoadedModel {
             add_bit(network_, i, j);
         }
         return change_;
+    }
+
+    // Calls work() while these effects alone are evaluated.
+    template <class Work>
+    void with_only(const std::vector<ModelEffect>& effects, Work work) {
+        const ActiveModel<Network> all = model_;
+        std::erase_if(model_, [&effects](const ActiveEffect<Network>& active) {
+            return std::none_of(effects.begin(), effects.end(), [&](const ModelEffect& effect) {
+                return static_cast<int>(effect.place) == active.position;
+            });
+        });
+        work();
+        model_ = all;
     }
 
     void toggle(int i, int j) {
