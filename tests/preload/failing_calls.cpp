@@ -1,7 +1,8 @@
 // Preloaded into a process, makes one call of the C library fail, as it may on a full disk or a
 // crowded machine. OVRI_FAIL holds "open N", "write N" or "memory N": the N-th opening of a file by
 // a stream, the N-th closing of a stream written to (what it has not written yet meets a full
-// disk), or the N-th piece of memory asked for. "write N on" fails from the N-th on, as a disk
+// disk), or the N-th piece of memory asked for, counted from the start of main on: before it no
+// program can tell of a failure. "write N on" fails from the N-th on, as a disk
 // that stays full. OVRI_COUNTS names a file that receives the numbers of these calls at the end,
 // OVRI_SECTIONS one that receives a line "SIZE PATH" whenever a stream written to has been closed.
 #include <dlfcn.h>
@@ -50,7 +51,6 @@ __attribute__((constructor)) void begin() {
             kind->on = std::strstr(wanted, " on") != nullptr;
         }
     }
-    ready = true;
 }
 
 __attribute__((destructor)) void end() {
@@ -93,6 +93,22 @@ void note_section(const Path& path) {
 }
 
 }  // namespace
+
+using Main = int (*)(int, char**, char**);
+static Main program = nullptr;
+
+static int begin_program(int count, char** words, char** environment) {
+    ready = true;
+    return program(count, words, environment);
+}
+
+extern "C" int __libc_start_main(Main main, int count, char** words, void (*init)(),
+                                 void (*finish)(), void (*unload)(), void* stack) {
+    using Start = int(Main, int, char**, void (*)(), void (*)(), void (*)(), void*);
+    program = main;
+    return next_of<Start>("__libc_start_main")(begin_program, count, words, init, finish, unload,
+                                               stack);
+}
 
 extern "C" std::FILE* fopen(const char* path, const char* mode) {
     static auto* const real = next_of<std::FILE*(const char*, const char*)>("fopen");
