@@ -274,6 +274,7 @@ std::vector<std::string> reference_lines(const EffectEntry& entry) {
     }
     std::sort(sources.begin(), sources.end());
     std::vector<std::string> lines;
+    lines.reserve(sources.size());
     for (const Source source : sources) {
         lines.emplace_back(source_text(source));
     }

@@ -221,7 +221,7 @@ std::vector<const EffectEntry*> find_entries(std::string_view name,
                                              std::optional<NetworkKind> kind) {
     const std::string_view bare = name.substr(0, name.find('('));
     for (const std::string_view each : {name, bare}) {
-        if (const auto found = entries_with(
+        if (auto found = entries_with(
                 kind,
                 [&](const EffectEntry& entry) { return names_match(entry.facts.name, each); });
             !found.empty()) {
@@ -229,7 +229,7 @@ std::vector<const EffectEntry*> find_entries(std::string_view name,
         }
     }
     for (const std::string_view each : {name, bare}) {
-        if (const auto found = entries_with(
+        if (auto found = entries_with(
                 kind,
                 [&](const EffectEntry& entry) { return any_matches(bare_labels(entry), each); });
             !found.empty()) {

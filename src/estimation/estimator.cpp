@@ -174,6 +174,7 @@ void phase3(Estimation<Network>& run) {
     run.result.phase3 = collect_samples(run, steps);
     add_covariance(run, run.result.phase3, steps);
     std::vector<double> variance;
+    variance.reserve(run.parameters.size());
     for (int i = 0; i < run.p; ++i) {
         variance.push_back(run.scaling_matrix[i][i]);
     }

@@ -133,6 +133,7 @@ void missing_name(Resolver& resolver, std::size_t effect, const char* what,
     const EffectExpression& expression = resolver.study.model.effects[effect].expression;
     const std::string argument = argument_of(expression);
     std::vector<std::string> names;
+    names.reserve(entries.size());
     for (const Entry& entry : entries) {
         names.push_back(entry.name);
     }
@@ -315,6 +316,7 @@ void add_data(const Study& study, AttributeGroup group, const std::string& name,
     const std::vector<double>& values = find_attribute(study, name)->values;
     if (group == AttributeGroup::continuous) {
         std::vector<float> numbers;
+        numbers.reserve(values.size());
         for (const double value : values) {
             numbers.push_back(static_cast<float>(value));
         }
@@ -322,6 +324,7 @@ void add_data(const Study& study, AttributeGroup group, const std::string& name,
         return;
     }
     std::vector<int> codes;
+    codes.reserve(values.size());
     for (const double value : values) {
         codes.push_back(static_cast<int>(value));
     }

@@ -233,13 +233,13 @@ char digit_of_truth(const std::string& word) {
 }
 
 std::optional<TextTrouble> explain_matrix_text(const std::string& text, int actors) {
-    if (const std::optional<TextTrouble> trouble = foreign_encoding(text)) {
+    if (std::optional<TextTrouble> trouble = foreign_encoding(text)) {
         return trouble;
     }
-    if (const std::optional<TextTrouble> trouble = explain_edge_list(text, actors)) {
+    if (std::optional<TextTrouble> trouble = explain_edge_list(text, actors)) {
         return trouble;
     }
-    if (const std::optional<TextTrouble> trouble = explain_words(text)) {
+    if (std::optional<TextTrouble> trouble = explain_words(text)) {
         return trouble;
     }
     // Rows may be broken anywhere while their cells are as many as they should be.

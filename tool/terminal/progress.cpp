@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <exception>
 
 #include "terminal/print.h"
 
@@ -94,7 +95,11 @@ ProgressDisplay::~ProgressDisplay() {
     }
     end_.notify_one();
     thread_.join();
-    show("");
+    try {
+        show("");
+    } catch (const std::exception&) {
+        // The line stays as it was; there is nobody to tell.
+    }
     std::fputc('\r', out_);
     std::fflush(out_);
 }
