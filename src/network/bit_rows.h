@@ -78,9 +78,11 @@ inline int row_and_count(const std::uint64_t* a, const std::uint64_t* b, const s
 template <class Visit>
 inline void word_for_each(std::uint64_t ordered_word, int first_actor, Visit visit) {
     while (ordered_word != 0) {
-        const int lead = std::countl_zero(ordered_word);
-        visit(first_actor + lead);
-        ordered_word &= ~(0x8000000000000000ULL >> static_cast<unsigned>(lead));
+        const auto lead = static_cast<unsigned>(std::countl_zero(ordered_word));
+        visit(first_actor + static_cast<int>(lead));
+        // A word with a bit set has fewer than 64 zeros before it: the mask says so to a reader and
+        // to static analysis, and costs nothing, since the machine's shift masks by itself.
+        ordered_word &= ~(0x8000000000000000ULL >> (lead & 63U));
     }
 }
 

@@ -30,6 +30,7 @@ const Command* find_command(const std::string& name) {
 
 std::string unknown_command(const std::string& name) {
     std::vector<std::string> names;
+    names.reserve(kCommands.size());
     for (const Command* command : kCommands) {
         names.emplace_back(command->name);
     }
