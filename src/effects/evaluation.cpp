@@ -122,19 +122,6 @@ void evaluate_unweighted(Digraph& digraph, const ActiveModel<Digraph>& model,
     evaluate<false>(digraph, model, parameters, change, i, j, adding);
 }
 
-double graph_evaluate_toggle(Graph& graph, const ActiveModel<Graph>& model,
-                             const double* parameters, double* change, int i, int j, int adding) {
-    const double sum = evaluate_weighted(graph, model, parameters, change, i, j, adding);
-    evaluate_unweighted(graph, model, parameters, change, i, j, adding);
-    return sum;
-}
-double digraph_evaluate_toggle(Digraph& digraph, const ActiveModel<Digraph>& model,
-                               const double* parameters, double* change, int i, int j, int adding) {
-    const double sum = evaluate_weighted(digraph, model, parameters, change, i, j, adding);
-    evaluate_unweighted(digraph, model, parameters, change, i, j, adding);
-    return sum;
-}
-
 template <class Network>
 void compute_statistics(Network& network, const ActiveModel<Network>& model) {
     for (const ActiveEffect<Network>& effect : model) {

@@ -53,10 +53,13 @@ void evaluate_unweighted(Digraph& digraph, const ActiveModel<Digraph>& model,
 
 // Both: every selected effect's change at its place; returns the weighted sum, which is the log of
 // the odds of adding the tie.
-double graph_evaluate_toggle(Graph& graph, const ActiveModel<Graph>& model,
-                             const double* parameters, double* change, int i, int j, int adding);
-double digraph_evaluate_toggle(Digraph& digraph, const ActiveModel<Digraph>& model,
-                               const double* parameters, double* change, int i, int j, int adding);
+template <class Network>
+double evaluate_toggle(Network& network, const ActiveModel<Network>& model,
+                       const double* parameters, double* change, int i, int j, int adding) {
+    const double sum = evaluate_weighted(network, model, parameters, change, i, j, adding);
+    evaluate_unweighted(network, model, parameters, change, i, j, adding);
+    return sum;
+}
 
 // Fills `statistics` from scratch; positions without an effect keep what they hold. For a Graph the
 // clique tables must have been counted.

@@ -22,8 +22,7 @@ void change_statistics_dump(Graph& graph, const EffectSelection& selection,
         for (int i = 0; i < n; ++i) {
             for (int j = i + 1; j < n; ++j) {
                 const int tied = graph_has_edge(graph, i, j) ? 1 : 0;
-                graph_evaluate_toggle(graph, model, parameters.data(), change.data(), i, j,
-                                      1 - tied);
+                evaluate_toggle(graph, model, parameters.data(), change.data(), i, j, 1 - tied);
                 out.print("%d %d %d\t", i, j, tied);
                 double sum = 0.0;
                 for (const OutputRow& column : columns) {

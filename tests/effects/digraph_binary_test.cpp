@@ -73,7 +73,7 @@ TEST(DigraphBinary, ChangesCrossTheWordsOfWideRows) {
         Digraph digraph = engine_digraph(plain);
         stage_evaluation(digraph, i, j, stage);
         std::vector<double> change(10);
-        digraph_evaluate_toggle(digraph, model, parameters.data(), change.data(), i, j, 1);
+        evaluate_toggle(digraph, model, parameters.data(), change.data(), i, j, 1);
         for (std::size_t row = 0; row < 10; ++row) {
             EXPECT_EQ(change[row],
                       reference::directed_binary_effects()[row].change(state, i, j, codes))

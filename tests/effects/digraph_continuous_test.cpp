@@ -107,16 +107,16 @@ TEST(DigraphContinuous, ReciprocityLooksAtTheArcBackInTheChangeAndNotInTheWholeV
     std::vector<double> change(13);
     Digraph digraph = engine_digraph(plain);
     // The answer to 3 to 2: a change, though 2 to 3 is also what the whole value looks at.
-    digraph_evaluate_toggle(digraph, model, parameters.data(), change.data(), 2, 3, 1);
+    evaluate_toggle(digraph, model, parameters.data(), change.data(), 2, 3, 1);
     EXPECT_EQ(change[kSumReciprocity], 18.0);
     EXPECT_EQ(change[kDiffReciprocity], 4.0);
     EXPECT_EQ(change[kProdReciprocity], 77.0);
     // The answer to 0 to 1: a change that the whole value does not show.
-    digraph_evaluate_toggle(digraph, model, parameters.data(), change.data(), 1, 0, 1);
+    evaluate_toggle(digraph, model, parameters.data(), change.data(), 1, 0, 1);
     EXPECT_EQ(change[kSumReciprocity], 7.0);
     EXPECT_EQ(values(reference::with_arc(plain, 1, 0), z)[kSumReciprocity], 7.0);
     // No answer, no change; yet the whole value takes it.
-    digraph_evaluate_toggle(digraph, model, parameters.data(), change.data(), 0, 2, 1);
+    evaluate_toggle(digraph, model, parameters.data(), change.data(), 0, 2, 1);
     EXPECT_EQ(change[kSumReciprocity], 0.0);
     EXPECT_EQ(values(reference::with_arc(plain, 0, 2), z)[kSumReciprocity], 16.0);
 }

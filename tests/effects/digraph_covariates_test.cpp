@@ -66,7 +66,7 @@ TEST(DigraphCovariates, AnArcTakesTheCellOfItsOwnDirection) {
     EXPECT_EQ(digraph.statistics[0], 2.5);
     const double parameter = 1.0;
     double change = 0.0;
-    digraph_evaluate_toggle(digraph, model, &parameter, &change, 1, 0, 1);
+    evaluate_toggle(digraph, model, &parameter, &change, 1, 0, 1);
     EXPECT_EQ(change, -4.0);
 }
 

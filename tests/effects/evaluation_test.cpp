@@ -73,7 +73,7 @@ TEST(Evaluation, WithoutAnyEffectReturnsZeroAndTouchesNoChange) {
     const auto effects = active_model<Graph>(selection);
     Graph graph = engine_graph(reference::complete_graph(4));
     double change = 77.0;
-    EXPECT_EQ(graph_evaluate_toggle(graph, effects, nullptr, &change, 0, 1, 1), 0.0);
+    EXPECT_EQ(evaluate_toggle(graph, effects, nullptr, &change, 0, 1, 1), 0.0);
     EXPECT_EQ(change, 77.0);
 }
 
@@ -82,7 +82,7 @@ TEST(Evaluation, StoresTheChangeOfAnEffectWithParameterZeroAndDoesNotMoveTheSum)
     Graph graph = engine_graph(reference::without_tie(reference::complete_graph(4), 0, 1));
     const double parameters[] = {0.75, 0.0};
     double changes[] = {-1.0, -1.0};
-    EXPECT_EQ(graph_evaluate_toggle(graph, model.effects, parameters, changes, 0, 1, 1), 0.75);
+    EXPECT_EQ(evaluate_toggle(graph, model.effects, parameters, changes, 0, 1, 1), 0.75);
     EXPECT_EQ(changes[0], 1.0);
     EXPECT_EQ(changes[1], 2.0);
 }
@@ -97,7 +97,7 @@ TEST(Evaluation, AnInfiniteChangeWithParameterZeroAddsNothing) {
     Graph graph = engine_graph(empty);
     const double parameter = 0.0;
     double change = 0.0;
-    EXPECT_EQ(graph_evaluate_toggle(graph, effects, &parameter, &change, 0, 1, 1), 0.0);
+    EXPECT_EQ(evaluate_toggle(graph, effects, &parameter, &change, 0, 1, 1), 0.0);
     EXPECT_EQ(change, std::numeric_limits<double>::infinity());
 }
 
@@ -109,9 +109,8 @@ TEST(Evaluation, SumsFromZeroInTheOrderOfTheEffects) {
         for (const Stage stage : {Stage::addition, Stage::deletion}) {
             EngineState state = engine_state(plain, 1, 7, stage, 8);
             std::vector<double> changes(model.parameters.size(), 99.0);
-            const double sum =
-                graph_evaluate_toggle(state.graph, model.effects, model.parameters.data(),
-                                      changes.data(), 1, 7, state.adding);
+            const double sum = evaluate_toggle(state.graph, model.effects, model.parameters.data(),
+                                               changes.data(), 1, 7, state.adding);
             double expected = 0.0;
             graph_clique_changes(state.graph, 1, 7);
             for (const auto& effect : model.effects) {
@@ -139,8 +138,7 @@ TEST(Evaluation, TheOrderOfTheSumIsTheEvaluatorsNotThatOfThePositions) {
     // edge 1e16, then two 2-stars of 0.5 each, then the triangle takes the large number back.
     const double parameters[] = {0.5, -1e16, 1e16};
     double changes[3] = {};
-    EXPECT_EQ(graph_evaluate_toggle(graph, effects, parameters, changes, 0, 1, 1),
-              1e16 + 1.0 - 1e16);
+    EXPECT_EQ(evaluate_toggle(graph, effects, parameters, changes, 0, 1, 1), 1e16 + 1.0 - 1e16);
     EXPECT_EQ(changes[0], 2.0);
     EXPECT_EQ(changes[1], 1.0);
     EXPECT_EQ(changes[2], 1.0);
@@ -155,10 +153,10 @@ TEST(Evaluation, TheSameProposalGivesTheSameResultTwiceAndLeavesTheNetworkAlone)
     std::vector<double> second(model.parameters.size());
     for (int j = 1; j < kActors; ++j) {
         const int adding = graph_has_edge(graph, 0, j) ? 0 : 1;
-        const double once = graph_evaluate_toggle(graph, model.effects, model.parameters.data(),
-                                                  first.data(), 0, j, adding);
-        const double twice = graph_evaluate_toggle(graph, model.effects, model.parameters.data(),
-                                                   second.data(), 0, j, adding);
+        const double once = evaluate_toggle(graph, model.effects, model.parameters.data(),
+                                            first.data(), 0, j, adding);
+        const double twice = evaluate_toggle(graph, model.effects, model.parameters.data(),
+                                             second.data(), 0, j, adding);
         EXPECT_EQ(once, twice);
         EXPECT_EQ(first, second);
     }
@@ -183,9 +181,8 @@ TEST(Evaluation, DeferredChangesAreThoseOfAFullEvaluation) {
             EngineState state = engine_state(plain, 8, 2, stage, 8);
             std::vector<double> full(model.parameters.size(), 55.0);
             std::vector<double> deferred(model.parameters.size(), 55.0);
-            const double sum =
-                graph_evaluate_toggle(state.graph, model.effects, model.parameters.data(),
-                                      full.data(), 8, 2, state.adding);
+            const double sum = evaluate_toggle(state.graph, model.effects, model.parameters.data(),
+                                               full.data(), 8, 2, state.adding);
             EXPECT_EQ(evaluate_weighted(state.graph, model.effects, model.parameters.data(),
                                         deferred.data(), 8, 2, state.adding),
                       sum);
@@ -263,7 +260,7 @@ TEST(WholeNetworkStatistics, OfEffectsThatShareAPlaceAreThoseOfTheLaterOne) {
     // The weighted sum takes both terms.
     const double parameter = 10.0;
     double change = 0.0;
-    EXPECT_EQ(graph_evaluate_toggle(graph, effects, &parameter, &change, 0, 1, 1), 10.0 - 10.0);
+    EXPECT_EQ(evaluate_toggle(graph, effects, &parameter, &change, 0, 1, 1), 10.0 - 10.0);
     EXPECT_EQ(change, -1.0);
 }
 
@@ -296,8 +293,8 @@ TEST(WholeNetworkStatistics, StayEqualToARecountThroughATrailOfTogglesButForTheN
         if (adding == 0) {
             graph_remove_edge(graph, i, j);
         }
-        graph_evaluate_toggle(graph, model.effects, model.parameters.data(), changes.data(), i, j,
-                              adding);
+        evaluate_toggle(graph, model.effects, model.parameters.data(), changes.data(), i, j,
+                        adding);
         for (std::size_t place = 0; place < changes.size(); ++place) {
             graph.statistics[place] += adding == 1 ? changes[place] : -changes[place];
         }

@@ -62,8 +62,8 @@ TEST(Triangles, P0AndTriangleAreAlwaysTheSameNumber) {
             for (const Stage stage : {Stage::addition, Stage::deletion, Stage::as_it_stands}) {
                 EngineState state = engine_state(plain, 0, j, stage);
                 double changes[2] = {-1.0, -2.0};
-                graph_evaluate_toggle(state.graph, both.effects, both.parameters.data(), changes, 0,
-                                      j, state.adding);
+                evaluate_toggle(state.graph, both.effects, both.parameters.data(), changes, 0, j,
+                                state.adding);
                 EXPECT_EQ(changes[0], changes[1]);
             }
         }

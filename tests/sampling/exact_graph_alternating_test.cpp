@@ -73,8 +73,8 @@ Distribution balanced(const ChainModel<Graph>& model) {
             if (tied) {
                 graph_remove_edge(graph, i, j);
             }
-            const double odds = graph_evaluate_toggle(graph, model.active, model.parameters.data(),
-                                                      change.data(), i, j, tied ? 0 : 1);
+            const double odds = evaluate_toggle(graph, model.active, model.parameters.data(),
+                                                change.data(), i, j, tied ? 0 : 1);
             acceptance[code * dyads.size() + d] = std::min(1.0, std::exp(tied ? -odds : odds));
         }
     }

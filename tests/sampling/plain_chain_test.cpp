@@ -12,17 +12,6 @@
 
 namespace {
 
-double evaluate(Graph& graph, const ChainModel<Graph>& model, std::vector<double>& change, int i,
-                int j, int adding) {
-    return graph_evaluate_toggle(graph, model.active, model.parameters.data(), change.data(), i, j,
-                                 adding);
-}
-double evaluate(Digraph& digraph, const ChainModel<Digraph>& model, std::vector<double>& change,
-                int i, int j, int adding) {
-    return digraph_evaluate_toggle(digraph, model.active, model.parameters.data(), change.data(), i,
-                                   j, adding);
-}
-
 void set_bits(Graph& graph, int i, int j, bool tied) {
     tied ? graph_add_edge(graph, i, j) : graph_remove_edge(graph, i, j);
 }
@@ -88,7 +77,8 @@ class PlainChain {
         }
         set_bits(network, i, j, false);
         std::vector<double> change(network.statistics.size());
-        const double odds = evaluate(network, model_, change, i, j, tied ? 0 : 1);
+        const double odds = evaluate_toggle(network, model_.active, model_.parameters.data(),
+                                            change.data(), i, j, tied ? 0 : 1);
         const double ratio = std::exp(tied ? -odds : odds);
         const bool accepted = ratio >= draws.uniform();
         set_bits(network, i, j, tied != accepted);
@@ -167,9 +157,11 @@ class PlainChain {
         std::vector<double> removal(network.statistics.size());
         std::vector<double> addition(network.statistics.size());
         set_bits(network, i, j, false);
-        const double removed = evaluate(network, model_, removal, i, j, 0);
+        const double removed = evaluate_toggle(network, model_.active, model_.parameters.data(),
+                                               removal.data(), i, j, 0);
         follow(network, i, j, 0);
-        const double added = evaluate(network, model_, addition, k, l, 1);
+        const double added = evaluate_toggle(network, model_.active, model_.parameters.data(),
+                                             addition.data(), k, l, 1);
         const double ratio = std::exp(added - removed);
         const double u = draws.uniform();
         const bool accepted = std::is_same_v<Network, Graph> ? ratio >= u : ratio > u;

@@ -18,7 +18,7 @@ std::vector<double> DirectedStructuralModel::changes(Digraph& digraph, int i, in
                                                      int adding) const {
     const std::vector<double> parameters(active_.size(), 1.0);
     std::vector<double> change(active_.size(), -1e30);
-    digraph_evaluate_toggle(digraph, active_, parameters.data(), change.data(), i, j, adding);
+    evaluate_toggle(digraph, active_, parameters.data(), change.data(), i, j, adding);
     return change;
 }
 

@@ -75,7 +75,7 @@ void expect_group_equals_reference(const reference::PlainDigraph& plain, EffectS
             Digraph digraph = engine_digraph(plain);
             stage_evaluation(digraph, i, j, stage);
             std::vector<double> change(model.size(), -1e30);
-            digraph_evaluate_toggle(digraph, model, parameters.data(), change.data(), i, j, adding);
+            evaluate_toggle(digraph, model, parameters.data(), change.data(), i, j, adding);
             for (std::size_t row = 0; row < rows.size(); ++row) {
                 for (std::size_t a = 0; a < attributes.size(); ++a) {
                     EXPECT_EQ(change[place(row, a)], rows[row].change(state, i, j, attributes[a]))
@@ -102,7 +102,7 @@ void for_each_group_difference(const reference::PlainDigraph& plain, EffectSelec
         compute_statistics(with, model);
         compute_statistics(without, model);
         std::vector<double> change(model.size(), -1e30);
-        digraph_evaluate_toggle(without, model, parameters.data(), change.data(), i, j, 1);
+        evaluate_toggle(without, model, parameters.data(), change.data(), i, j, 1);
         for (std::size_t row = 0; row < model.size(); ++row) {
             visit(row, change[row], with.statistics[row] - without.statistics[row]);
         }

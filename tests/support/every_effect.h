@@ -148,7 +148,8 @@ class EveryEffect {
             clear_bits(network, i, j);
         }
         std::vector<double> changes(parameters_.size(), 0.0);
-        evaluate(network, changes, i, j, deletion ? 0 : 1);
+        evaluate_toggle(network, model_, parameters_.data(), changes.data(), i, j,
+                        deletion ? 0 : 1);
         return changes;
     }
 
@@ -180,12 +181,6 @@ class EveryEffect {
         compute_statistics(graph, model_);
     }
     void count(Digraph& digraph) const { compute_statistics(digraph, model_); }
-    void evaluate(Graph& graph, std::vector<double>& changes, int i, int j, int adding) const {
-        graph_evaluate_toggle(graph, model_, parameters_.data(), changes.data(), i, j, adding);
-    }
-    void evaluate(Digraph& digraph, std::vector<double>& changes, int i, int j, int adding) const {
-        digraph_evaluate_toggle(digraph, model_, parameters_.data(), changes.data(), i, j, adding);
-    }
 
     EffectSelection selection_;
     std::vector<double> parameters_;

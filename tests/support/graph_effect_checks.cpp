@@ -66,8 +66,7 @@ std::string dyad_text(int i, int j, Stage stage) {
 std::vector<double> changes_of(Graph& graph, const StructuralModel& model, int i, int j,
                                int adding) {
     std::vector<double> changes(model.parameters.size(), 0.0);
-    graph_evaluate_toggle(graph, model.effects, model.parameters.data(), changes.data(), i, j,
-                          adding);
+    evaluate_toggle(graph, model.effects, model.parameters.data(), changes.data(), i, j, adding);
     return changes;
 }
 

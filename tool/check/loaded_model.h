@@ -62,13 +62,7 @@ class LoadedModel {
             remove_bit(network_, i, j);
         }
         const int adding = there ? 0 : 1;
-        if constexpr (kDirected<Network>) {
-            digraph_evaluate_toggle(network_, model_, parameters_.data(), change_.data(), i, j,
-                                    adding);
-        } else {
-            graph_evaluate_toggle(network_, model_, parameters_.data(), change_.data(), i, j,
-                                  adding);
-        }
+        evaluate_toggle(network_, model_, parameters_.data(), change_.data(), i, j, adding);
         if (there) {
             add_bit(network_, i, j);
         }
