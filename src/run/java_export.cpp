@@ -27,7 +27,8 @@ void run_path(const char* path) {
     try {
         run_setup_file(path_from_java(path), HostOptions());
     } catch (...) {
-        // Memory ran out: the host reads what was written so far.
+        // Memory ran out, or the file holds a count that it cannot follow up: the host reads what
+        // was written so far.
     }
 }
 

@@ -104,7 +104,8 @@ std::vector<MemoryPart> memory_parts(const SetupFile& setup) {
         {"reports", run.directed ? 0.0 : kNumber / 2.0 * square(run.n)},
         {"free dyads", run.settings.free_dyads_flag == 1 ? kBit * square(run.n) : 0.0},
         {"log-odds of all dyads", dumped ? kDouble * square(run.n) : 0.0},
-        {"statistics of the samples", sample_tables(run)}};
+        {"statistics of the samples", sample_tables(run),
+         run.mode == RunMode::estimation ? SetupId::phase3_steps : SetupId::sample_count}};
     std::stable_sort(parts.begin(), parts.end(),
                      [](const MemoryPart& a, const MemoryPart& b) { return a.bytes > b.bytes; });
     return parts;

@@ -11,10 +11,12 @@
 double graph_bytes(std::int64_t n);
 double digraph_bytes(std::int64_t n);
 
-// What takes memory, in bytes, at the time when the run holds most of it.
+// What takes memory, in bytes, at the time when the run holds most of it, and the item of the setup
+// file that makes it as large as it is.
 struct MemoryPart {
     std::string what;
     double bytes = 0.0;
+    SetupId id = SetupId::actor_count;
 };
 
 // The parts of the run that the setup describes, the largest first. What is small for every n (the

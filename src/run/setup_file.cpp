@@ -32,7 +32,7 @@ class SetupReader {
     // A count that no file of this size can follow up is not worth trying to make room for.
     void check_count(int count) const {
         if (count > 0 && count > size_) {
-            throw std::length_error("attribute count larger than the setup file");
+            throw ImpossibleCount();
         }
     }
 

@@ -6,6 +6,7 @@
 // and sees what was read where.
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,13 @@ struct SetupTrace {
     bool trailing_text = false;
 };
 
-// Reads the whole file. An unknown mode or kind ends it after the head. Throws std::length_error
-// when an attribute count cannot be true because the file is smaller than the count.
+// An attribute count that cannot be true, because the file is smaller than the count.
+class ImpossibleCount : public std::runtime_error {
+  public:
+    ImpossibleCount() : std::runtime_error("an attribute count larger than the setup file") {}
+};
+
+// Reads the whole file. An unknown mode or kind ends it after the head. Throws ImpossibleCount.
 SetupFile read_setup(const std::string& path, SetupTrace* trace = nullptr);
 
 // Writes a setup file that reads as these settings and this model. Names and paths are written as

@@ -1,6 +1,5 @@
 #include <cstdlib>
 #include <iterator>
-#include <stdexcept>
 
 #include "base/matrix_file.h"
 #include "effects/attribute_table.h"
@@ -36,7 +35,7 @@ void fuzz_setup(const std::uint8_t* data, std::size_t size) {
                plain.settings.actor_count == traced.settings.actor_count &&
                plain.settings.sample_count == traced.settings.sample_count &&
                plain.selection.structural_count == traced.selection.structural_count);
-    } catch (const std::length_error&) {
+    } catch (const ImpossibleCount&) {
         // More attributes than the file has characters.
     }
 }

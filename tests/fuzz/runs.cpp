@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 
 #include "fuzz/fuzz_input.h"
 #include "run/run.h"
+#include "run/setup_file.h"
 #include "support/scratch_directory.h"
 #include "support/setup_text.h"
 
@@ -103,7 +103,7 @@ void run_mode(const std::uint8_t* data, std::size_t size, int mode) {
     options.file_failures = &failures;
     try {
         run_setup_file("run.setup", options);
-    } catch (const std::length_error&) {
+    } catch (const ImpossibleCount&) {
         // More attributes than the file has characters.
     }
     for (const FileFailure& failure : failures.files) {

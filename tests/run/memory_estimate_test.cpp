@@ -61,9 +61,11 @@ TEST(MemoryEstimate, GrowsWithSamplesAndStepsAndAttributes) {
     setup.settings.estimation.phase3_steps = 2000000000;
     EXPECT_NEAR(total(setup), 2e9 * 4 * 8, 1e6);
     EXPECT_EQ(memory_parts(setup).front().what, "statistics of the samples");
+    EXPECT_EQ(memory_parts(setup).front().id, SetupId::phase3_steps);
     SetupFile fit = setup_of(3, NetworkKind::directed, 10);
     fit.settings.sample_count = 1000000;
     EXPECT_GT(total(fit), 1e6 * 30 * 8);
+    EXPECT_EQ(memory_parts(fit).front().id, SetupId::sample_count);
     SetupFile covariates = setup_of(1, NetworkKind::undirected, 1000);
     const double without = total(covariates);
     group_of(covariates.selection, AttributeGroup::covariate).attributes = 2;

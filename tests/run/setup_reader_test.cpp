@@ -267,7 +267,7 @@ TEST(SetupReader, AnImpossibleAttributeCountIsRefused) {
     SetupText text;
     text.attributes = "Attributes 1\nBinary 1\n2000000000\nFile binary.txt\n";
     const std::string file = setup_text(text);
-    EXPECT_THROW(read_text(file), std::length_error);
+    EXPECT_THROW(read_text(file), ImpossibleCount);
 }
 
 TEST(SetupReader, AFileThatIsNotThereIsNotOpened) {

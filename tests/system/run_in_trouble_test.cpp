@@ -152,10 +152,15 @@ TEST_F(RunInTrouble, ForWhichTheMachineIsTooSmallIsRefusedWithBothNumbers) {
     ToolSetup setup = simulation(10, 100);
     setup.actors = "30000";
     write_setup(setup);
-    const ChildResult run = shell("ulimit -v 1000000; $OVRI run net.setup --no-check --clock 5");
-    EXPECT_EQ(run.status, 1) << run.errors;
-    EXPECT_NE(run.errors.find("needs about 3.8 GB of memory, and there are 1.0 GB"),
-              std::string::npos)
-        << run.errors;
-    EXPECT_FALSE(scratch.exists("out/start_statistics_net.txt"));
+    for (const char* command : {"run net.setup --no-check --clock 5", "run net.setup --force",
+                                "run net.setup", "check net.setup"}) {
+        const ChildResult run = shell(std::string("ulimit -v 1000000; $OVRI ") + command);
+        EXPECT_EQ(run.status, 1) << command;
+        EXPECT_NE((run.output + run.errors)
+                      .find("the run needs about 3.8 GB of memory, and there are 1.0 GB"),
+                  std::string::npos)
+            << command << "\n"
+            << run.errors;
+        EXPECT_FALSE(scratch.exists("out/start_statistics_net.txt")) << command;
+    }
 }

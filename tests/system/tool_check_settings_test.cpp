@@ -111,7 +111,7 @@ TEST_F(ToolCheckSettings, AnEstimationBeyondReasonIsSurprising) {
     expect_error("actor count", "2 or more actors");
 }
 
-TEST_F(ToolCheckSettings, SamplesThatMemoryCannotHoldAreSurprising) {
+TEST_F(ToolCheckSettings, SamplesThatMemoryCannotHoldAreAnError) {
     const double memory = static_cast<double>(::sysconf(_SC_PHYS_PAGES)) *
                           static_cast<double>(::sysconf(_SC_PAGESIZE));
     // A fit keeps dozens of statistics of 8 bytes for each sample.
@@ -119,7 +119,7 @@ TEST_F(ToolCheckSettings, SamplesThatMemoryCannotHoldAreSurprising) {
         GTEST_SKIP() << "any number of samples fits into this memory";
     }
     check({.mode = 3, .iterations = "4e9", .samples = "2000000000"});
-    expect_warning("sample count", "and this machine has");
+    expect_error("sample count", "goes into the statistics of the samples");
     check({.mode = 3, .samples = "100"});
     expect_nothing();
 }

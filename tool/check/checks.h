@@ -37,8 +37,12 @@ void check_estimability(const SetupView& view, const Ties* observed, const Ties*
 // Counts and lengths of the run.
 void check_settings(const SetupView& view, Findings& findings);
 
-// Whether the run would take more time or memory than anybody has. `observed` is null in a
-// simulation and when its file could not be read.
+// Whether the machine has the memory that the run needs. False when it is too small for the tables
+// of the network; then nothing may be read that is as large.
+bool check_memory(const SetupView& view, Findings& findings);
+
+// Whether the run would take more time than anybody has. `observed` is null in a simulation and
+// when its file could not be read.
 void check_sizes(const SetupView& view, const Ties* observed, Findings& findings);
 
 // Whether proposals, caps and free dyads let the network change at all. `observed` is null in a

@@ -31,7 +31,7 @@ SetupView read_view(const std::string& path, const std::string& output, const st
     view.line_starts = find_lines(view.text);
     try {
         view.setup = read_setup(path, &view.trace);
-    } catch (const std::length_error&) {
+    } catch (const ImpossibleCount&) {
         view.setup.opened = true;
         view.impossible_count = true;
     }

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "check/checks.h"
-#include "check/machine.h"
+#include "check/memory.h"
 
 namespace {
 
@@ -16,30 +16,6 @@ std::string number_text(const char* format, double number) {
     char text[64];
     std::snprintf(text, sizeof text, format, number);
     return text;
-}
-
-std::string gigabytes(double bytes) { return number_text("%.3g GB", bytes / 1e9); }
-
-// How many effects a run keeps statistics of: a fit has those of the full model.
-double statistics_of(const SetupView& view) {
-    const double selected = selection_size(view.setup.selection);
-    return is_mode(view, RunMode::fit) || is_mode(view, RunMode::bayesian_fit)
-               ? std::max(selected,
-                          static_cast<double>(view.setup.selection.catalogue->setup_order.size()))
-               : selected;
-}
-
-// Samples that a run keeps until its end take one number for each statistic.
-void check_samples(const SetupView& view, SetupId id, int samples, Findings& findings) {
-    const ReadItem* item = find_item(view, id);
-    const double bytes = 8.0 * samples * statistics_of(view);
-    const double memory = physical_memory();
-    if (item != nullptr && bytes > memory) {
-        add_warning(findings, where_item(view, *item), quoted_value(view, *item),
-                    "samples that memory can hold",
-                    "write a smaller number: its samples take " + gigabytes(bytes) +
-                        ", and this machine has " + gigabytes(memory));
-    }
 }
 
 // The steps of one estimation run, those that a sub-phase adds at its end left out.
@@ -107,15 +83,25 @@ void check_sub_phases(const SetupView& view, Findings& findings) {
 
 }  // namespace
 
+bool check_memory(const SetupView& view, Findings& findings) {
+    const std::optional<MemoryShortage> shortage = memory_shortage(view.setup);
+    if (!shortage) {
+        return true;
+    }
+    const SetupKey key = shortage->largest.id;
+    const ReadItem* item = find_item(view, key);
+    add_error(findings, where_key(view, key),
+              item != nullptr ? quoted_value(view, *item) : "a run too large",
+              "a run that fits into the memory of this machine",
+              "write a smaller number, or take a larger machine: the run " +
+                  shortage_text(*shortage) + "; " + largest_part_text(*shortage));
+    return shortage->largest.id != SetupId::actor_count;
+}
+
 void check_sizes(const SetupView& view, const Ties* observed, Findings& findings) {
     if (view.setup.selection.catalogue == nullptr || !is_sound(view)) {
         return;
     }
-    const RunSettings& settings = view.setup.settings;
     check_sub_phases(view, findings);
-    check_samples(view, SetupId::phase3_steps, settings.estimation.phase3_steps, findings);
-    if (!is_mode(view, RunMode::simulation)) {
-        check_samples(view, SetupId::sample_count, settings.sample_count, findings);
-    }
     check_proposals(view, observed, findings);
 }

@@ -5,6 +5,9 @@ Findings check_view(SetupView& view) {
     check_setup(view, findings);
     check_outputs(view, findings);
     check_settings(view, findings);
+    if (!check_memory(view, findings)) {
+        return findings;
+    }
     std::optional<Ties> observed;
     std::optional<Ties> free_dyads;
     const RunSettings& settings = view.setup.settings;

@@ -8,6 +8,7 @@
 
 #include "base/open_file.h"
 #include "check/checks.h"
+#include "check/memory.h"
 #include "check/overview.h"
 #include "commands/commands.h"
 #include "commands/options.h"
@@ -15,7 +16,6 @@
 #include "commands/reseeding.h"
 #include "commands/results.h"
 #include "commands/setup_source.h"
-#include "run/memory_estimate.h"
 #include "run/run.h"
 #include "terminal/interrupt.h"
 #include "terminal/machine.h"
@@ -121,18 +121,12 @@ Outcome perform(const std::string& setup, HostOptions options, bool with_progres
 
 // False, and told, when the run would take more memory than there is.
 bool has_memory(const SetupView& view) {
-    const std::vector<MemoryPart> parts = memory_parts(view.setup);
-    const double needed = memory_total(parts);
-    const double there = machine_memory();
-    if (there <= 0.0 || needed <= there) {
-        return true;
+    const std::optional<MemoryShortage> shortage = memory_shortage(view.setup);
+    if (shortage) {
+        print(stderr, "{}: the run {}; {}; nothing was run and nothing was written\n", view.path,
+              shortage_text(*shortage), largest_part_text(*shortage));
     }
-    print(
-        stderr,
-        "{}: the run needs about {:.1f} GB of memory, and there are {:.1f} GB; nothing was run and "
-        "nothing was written\nMost of it goes into the {}: {:.1f} GB\n",
-        view.path, needed / 1e9, there / 1e9, parts.front().what, parts.front().bytes / 1e9);
-    return false;
+    return !shortage;
 }
 
 void summarise(const SetupView& view, const Results& results, const Reseeding& reseeding,
