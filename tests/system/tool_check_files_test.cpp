@@ -161,6 +161,9 @@ TEST_F(ToolCheckFiles, HalfAMatrixIsAnErrorOfAnUndirectedNetwork) {
 TEST_F(ToolCheckFiles, AHeadLineInAMatrixIsExplained) {
     check_network("a b c d e\n0 1 1 0 0\n1 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
     expect_error("network file", "remove heads and names");
+    // Though words of truth values and of missing ones are among the names.
+    check_network("f n t na e\n0 1 1 0 0\n1 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+    expect_error("network file", "remove heads and names");
 }
 
 TEST_F(ToolCheckFiles, CommasInAMatrixAreExplained) {

@@ -139,13 +139,20 @@ struct StrangeWord {
 std::optional<TextTrouble> explain_words(const std::string& text) {
     StrangeWord missing;
     StrangeWord truth;
+    bool head = false;
     for_each_word(text, [&](const std::string& word, int line, int row, int column) {
         if (stands_for_missing(word)) {
             missing.meet(word, line, row, column);
         } else if (digit_of_truth(word) != 0) {
             truth.meet(word, line, row, column);
+        } else {
+            head = head || (row == 1 && !integer_word(word).number);
         }
     });
+    // Among names "f" and "na" are names too.
+    if (head) {
+        return std::nullopt;
+    }
     if (missing.count > 0) {
         return TextTrouble{missing.line, missing.found(),
                            "write 1 or 0 there: a network file has no missing values, so decide "
