@@ -247,9 +247,15 @@ TEST_F(ToolCheckFiles, TooFewAttributeValuesAreAnError) {
     expect_error("binary attribute file", "after 9 values; row 3 holds 1 value");
 }
 
-TEST_F(ToolCheckFiles, TooManyAttributeValuesAreSurprising) {
+TEST_F(ToolCheckFiles, TooManyAttributeValuesAreAnError) {
     check_wealth("wealth\n1\n2\n3\n4\n5\n6\n");
-    expect_warning("continuous attribute file", "\"6\" behind the last value");
+    expect_error("continuous attribute file", "1 value more than are read");
+    // One row too wide gives its own second value to the next actor, and so on.
+    check_binary("old,tall\n0 1\n1 0 1\n1 0\n1 1\n0 0\n");
+    expect_error("binary attribute file", "binary.txt:3: error");
+    expect_error("binary attribute file", "row 2 holds 3 values");
+    check_wealth("wealth\n1\n2\n3\n4\n5\nend\n");
+    expect_warning("continuous attribute file", "\"end\" behind the last value");
 }
 
 TEST_F(ToolCheckFiles, RowsThatAreBrokenUnevenlyAreSurprising) {

@@ -247,6 +247,16 @@ void check_variation(const Subject& subject, const std::vector<std::string>& nam
     }
 }
 
+// Values beyond those of the actors: the row that holds too many has moved all behind it.
+void report_surplus(const Subject& subject, long long surplus, Findings& findings) {
+    const std::optional<OddRow> odd =
+        first_odd_row(bytes_of_file(subject.path), 2, subject.count, 0);
+    add_error(findings, subject.where(odd ? odd->line : 0),
+              counted(surplus, "value") + " more than are read" +
+                  (odd ? "; " + describe_odd_row(*odd, "value") : odd_line_text(subject)),
+              subject.shape(), "remove what is too much, or correct the counts in the setup file");
+}
+
 void check_values_file(const Subject& subject, Findings& findings) {
     const std::vector<std::string> names = names_of_line(line_of_file(subject.path, 1));
     if (!check_name_count(subject, names, findings)) {
@@ -263,13 +273,13 @@ void check_values_file(const Subject& subject, Findings& findings) {
     }
     check_values(subject, block.values, findings);
     check_variation(subject, names, block.values, findings);
-    if (!reader_at_end(reader)) {
+    if (const long long surplus = count_surplus(reader); surplus > 0) {
+        report_surplus(subject, surplus, findings);
+    } else if (!reader_at_end(reader)) {
         const TextPlace place = place_in_file(subject.path, reader_offset(reader));
         add_warning(findings, subject.where(place.line),
-                    quoted(place.word) + " behind the last value" + odd_line_text(subject),
-                    subject.shape(),
-                    "remove what is too much, or correct the counts in the setup file; it is "
-                    "ignored");
+                    quoted(place.word) + " behind the last value", subject.shape(),
+                    "remove it; it is ignored");
     } else if (const int line = odd_line(subject); line != 0) {
         add_warning(
             findings, subject.where(line),
