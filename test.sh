@@ -62,6 +62,7 @@ install_tools() {
             'x86_64-w64-mingw32-objdump?binutils-mingw-w64-x86-64'
             'wine?wine'
             'valgrind?valgrind'
+            'groff?groff-base' 'zsh?zsh'
         )
     fi
     install_missing "${packages[@]}"

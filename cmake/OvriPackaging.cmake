@@ -4,7 +4,8 @@
 #   lib/                 libovri.so
 #   share/java/          ovri.jar, when a JDK was there; it finds the library from where it lies
 #   share/doc/ovri/      what there is to read
-#   share/ovri/examples  networks with setup files, whose paths start at share/ovri
+#   share/ovri/examples  networks with model files, and setup files whose paths start at share/ovri
+#   share/man/man1       manual pages; with the completion scripts of bash and zsh in their folders
 #
 # There are no headers: the library is for a Java machine, which needs none.
 
@@ -19,7 +20,16 @@ endif()
 if(TARGET ovri_jar)
   install(FILES "${PROJECT_BINARY_DIR}/ovri.jar" DESTINATION "${CMAKE_INSTALL_DATADIR}/java")
 endif()
-install(FILES README.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" OPTIONAL)
+# The tool writes its own manual pages and completion scripts, where it runs on the machine that
+# builds it.
+if(NOT CMAKE_CROSSCOMPILING)
+  set(pages "${PROJECT_BINARY_DIR}/pages")
+  install(CODE "file(REMOVE_RECURSE \"${pages}\")
+execute_process(COMMAND \"$<TARGET_FILE:ovri_tool>\" help --pages \"${pages}\"
+                COMMAND_ERROR_IS_FATAL ANY)")
+  install(DIRECTORY "${pages}/" DESTINATION "${CMAKE_INSTALL_DATADIR}")
+endif()
+install(FILES README.md CHANGELOG.md CITATION.cff DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY docs/ DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DATADIR}/ovri")
 

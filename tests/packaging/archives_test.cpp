@@ -62,6 +62,12 @@ void expect_layout(const fs::path& root, const std::string& library_directory) {
     EXPECT_TRUE(fs::exists(root / library_directory / "libovri.so"));
     EXPECT_TRUE(fs::exists(root / "share/doc/ovri/hosts.md"));
     EXPECT_TRUE(fs::exists(root / "share/ovri/examples/florentine/florentine.setup"));
+    for (const char* page :
+         {"man/man1/ovri.1", "man/man1/ovri-estimate.1", "bash-completion/completions/ovri",
+          "zsh/site-functions/_ovri", "doc/ovri/CHANGELOG.md", "doc/ovri/CITATION.cff",
+          "doc/ovri/schema/ovri-result-1.json"}) {
+        EXPECT_GT(file_text(root / "share" / page).size(), 100U) << page;
+    }
 #ifdef OVRI_JAVA
     EXPECT_TRUE(fs::exists(root / "share/java/ovri.jar"));
 #endif
@@ -133,6 +139,25 @@ TEST_F(Archives, TheDebianPackageSaysWhatItIsAndNeeds) {
         fields.substr(depends + 1, fields.find('\n', depends + 1) - depends - 1);
     EXPECT_NE(needed.find("libc6"), std::string::npos) << needed;
     EXPECT_NE(needed.find("libstdc++6"), std::string::npos) << needed;
+}
+
+TEST_F(Archives, TheDebianPackageInstallsInABareDebianAndEstimatesThere) {
+    if (std::string(OVRI_DPKG_DEB).empty()) {
+        GTEST_SKIP() << "dpkg-deb was not found";
+    }
+    const fs::path archive = pack("DEB", ".deb");
+    ChildSetting setting;
+    setting.command = {std::string(OVRI_SOURCE_DIRECTORY) + "/tests/packaging/bare_debian.sh",
+                       archive.string(), std::string(OVRI_BUILD_DIRECTORY) + "/bare-debian"};
+    setting.directory = scratch_.path();
+    setting.limit = std::chrono::seconds(600);
+    const ChildResult child = run_child(setting);
+    if (child.status == 77) {
+        const std::size_t end = child.output.find_last_not_of('\n');
+        const std::size_t begin = child.output.rfind('\n', end) + 1;
+        GTEST_SKIP() << child.output.substr(begin, end + 1 - begin);
+    }
+    EXPECT_EQ(child.status, 0) << child.output << child.errors;
 }
 
 }  // namespace

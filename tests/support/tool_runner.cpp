@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "support/child_process.h"
+#include "support/json_schema.h"
 
 namespace {
 
@@ -46,6 +47,12 @@ ToolResult run_tool(const std::vector<std::string>& words, const std::string& di
     setting.command.insert(setting.command.end(), words.begin(), words.end());
     setting.directory = directory;
     ChildResult child = run_child(setting);
+    if (is_document(child.output)) {
+        for (const std::string& fault : document_faults(child.output)) {
+            ADD_FAILURE() << "ovri " << words.front()
+                          << " prints a document against its schema: " << fault;
+        }
+    }
     return {child.status, std::move(child.output), std::move(child.errors)};
 }
 

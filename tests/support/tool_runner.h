@@ -16,7 +16,7 @@ struct ToolResult {
     std::string err;
 };
 
-// Runs "ovri WORDS" in the directory.
+// Runs "ovri WORDS" in the directory. A document on standard output is held against its schema.
 ToolResult run_tool(const std::vector<std::string>& words, const std::string& directory = ".");
 
 // The same with standard error on a terminal.

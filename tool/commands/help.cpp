@@ -2,45 +2,51 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands/commands.h"
+#include "commands/completion.h"
+#include "commands/man_page.h"
+#include "commands/options.h"
+#include "commands/page_files.h"
 #include "terminal/print.h"
 
 namespace {
 
-constexpr const char* kExamples =
-    R"(
-  mkdir -p results
-  ovri check examples/florentine/florentine.setup
-  ovri run examples/florentine/florentine.setup
-)";
-
-constexpr const char* kDetails =
-    R"(
-A setup file names a network, a model and a kind of run: a simulation, an
-estimation, a goodness of fit or a Bayesian goodness of fit. Results are text
-files in its output directory.
-)";
-
-constexpr const char* kStatuses =
-    R"(
-Exit status: 0 done; 1 the check found errors; 2 the command line was not
-understood; 3 a run began and could not be completed.
-)";
+// The page of the tool itself.
+constexpr Command kOverview = {
+    .name = "",
+    .summary = "simulate, estimate and test exponential random graph models",
+    .examples = R"(
+  ovri estimate --network friends.csv --undirected --effects 'edge,AT(2)'
+  ovri simulate friends.results
+  ovri effects AT
+)",
+    .details = R"(
+A model file names a network, its actors and a model; results are a folder of
+text files. `ovri estimate`, `ovri simulate` and `ovri effects` are for people, all
+with --json for their scripts. `ovri run` performs the run that a host program's
+setup file describes.
+)",
+    .statuses = R"(
+Exit status: 0 done; 1 the check found errors and nothing was written; 2 the
+command line was not understood; 3 begun and not completed; 4 not converged; 5 not
+identified or degenerate; 130 interrupted by Ctrl-C.
+)",
+    .declare = nullptr};
 
 constexpr std::size_t kWidth = 80;
 constexpr std::size_t kIndent = 18;
 
 // "-o, --output DIR", or the name of a word that stands without an option.
 std::string option_head(const CLI::Option& option) {
-    if (!option.nonpositional()) {
-        return option.get_name(true);
-    }
     std::string head;
     for (const std::string& name : option.get_snames()) {
         head += "-" + name + ", ";
     }
-    head += "--" + option.get_lnames().front();
-    return option.get_expected_max() > 0 ? head + " " + option.get_type_name() : head;
+    for (const std::string& name : option.get_lnames()) {
+        head += "--" + name + " ";
+    }
+    head += value_of(option);
+    head.resize(head.find_last_not_of(' ') + 1);
+    return head;
 }
 
 // Behind the head, or below it when that is long, the text in lines of the page's width.
@@ -63,53 +69,90 @@ std::string entry(const std::string& head, const std::string& text) {
     return page + line + "\n";
 }
 
-// The entries of what the command takes: words first, the option of help last.
 std::string options_text(const CLI::App& app) {
-    std::vector<const CLI::Option*> options = app.get_options();
-    const auto place = [&](const CLI::Option* option) {
-        return option->get_positional() ? 0 : option == app.get_help_ptr() ? 2 : 1;
-    };
-    std::stable_sort(options.begin(), options.end(),
-                     [&](const auto* one, const auto* other) { return place(one) < place(other); });
     std::string text;
-    for (const CLI::Option* option : options) {
+    for (const CLI::Option* option : shown_options(app)) {
         text += entry(option_head(*option), option->get_description());
     }
     return text;
 }
 
-std::string overview(const CLI::App& tool) {
-    std::string commands;
+std::string commands_text() {
+    std::string text;
     for (const Command* command : command_table()) {
-        commands += entry(command->name, command->summary);
+        text += entry(command->name, command->summary);
     }
-    return fmt::format(
-        "ovri - simulate, estimate and test exponential random graph models\n\n"
-        "From the root of the source tree:{}\nUsage:\n  {}\n\nCommands:\n{}{}\nOptions:\n{}{}",
-        kExamples, usage(tool), commands, kDetails, options_text(tool), kStatuses);
+    return text;
+}
+
+struct HelpOptions {
+    std::string topic;
+    bool man = false;
+    std::string shell;
+    std::string directory;
+};
+
+int help(const CLI::App& tool, const HelpOptions& options) {
+    if (!options.topic.empty() && find_command(options.topic) == nullptr) {
+        print(stderr, "ovri: {}\n", unknown_command(options.topic));
+        return kNotUnderstood;
+    }
+    const CLI::App& app = options.topic.empty() ? tool : *tool.get_subcommand(options.topic);
+    if (!options.directory.empty()) {
+        return write_pages(tool, options.directory) ? kDone : kNotCompleted;
+    }
+    print(stdout, "{}",
+          !options.shell.empty() ? completion_script(tool, options.shell)
+          : options.man          ? man_page(app)
+                                 : help_page(app));
+    return kDone;
 }
 
 std::function<int()> declare_help(CLI::App& app) {
-    auto topic = std::make_shared<std::string>();
-    app.add_option("COMMAND", *topic, "The command that help is wanted on.");
-    return [tool = app.get_parent(), topic] {
-        if (!topic->empty() && find_command(*topic) == nullptr) {
-            print(stderr, "ovri: {}\n", unknown_command(*topic));
-            return kNotUnderstood;
-        }
-        print(stdout, "{}", help_page(topic->empty() ? *tool : *tool->get_subcommand(*topic)));
-        return kDone;
-    };
+    const auto options = std::make_shared<HelpOptions>();
+    app.add_option("COMMAND", options->topic, "The command that help is wanted on.");
+    app.add_flag("--man", options->man, "Print the page as a manual page, for man -l -.");
+    add_shell(app, options->shell);
+    // For the installation: every manual page and completion script, below the directory.
+    app.add_option("--pages", options->directory, "")->type_name("DIR")->group("");
+    return [tool = app.get_parent(), options] { return help(*tool, *options); };
 }
 
 }  // namespace
 
 extern const Command kHelpCommand = {.name = "help",
                                      .summary = "show the page of a command, or the overview",
-                                     .examples = "\n  ovri help\n  ovri help run\n",
+                                     .examples = R"(
+  ovri help
+  ovri help run
+  ovri help run --man | man -l -
+  source <(ovri help --completion bash)
+)",
                                      .details = "",
                                      .statuses = "",
                                      .declare = declare_help};
+
+const Command& page_of(const CLI::App& app) {
+    const Command* command = find_command(app.get_name());
+    return command != nullptr ? *command : kOverview;
+}
+
+std::vector<const CLI::Option*> shown_options(const CLI::App& app) {
+    std::vector<const CLI::Option*> options = app.get_options();
+    std::erase_if(options, [](const CLI::Option* option) { return option->get_group().empty(); });
+    const auto place = [&](const CLI::Option* option) {
+        return option->get_positional() ? 0 : option == app.get_help_ptr() ? 2 : 1;
+    };
+    std::stable_sort(options.begin(), options.end(),
+                     [&](const auto* one, const auto* other) { return place(one) < place(other); });
+    return options;
+}
+
+std::string value_of(const CLI::Option& option) {
+    return option.get_positional()         ? option.get_name(true)
+           : option.get_expected_max() > 0 ? option.get_type_name()
+                                           : "";
+}
 
 std::string usage(const CLI::App& app) {
     if (app.get_parent() == nullptr) {
@@ -126,11 +169,10 @@ std::string usage(const CLI::App& app) {
 }
 
 std::string help_page(const CLI::App& app) {
-    const Command* command = find_command(app.get_name());
-    if (command == nullptr) {
-        return overview(app);
-    }
-    return fmt::format("ovri {} - {}\n\nExamples:{}\nUsage:\n  {}\n{}\nOptions:\n{}{}",
-                       command->name, command->summary, command->examples, usage(app),
-                       command->details, options_text(app), command->statuses);
+    const Command& page = page_of(app);
+    const bool whole = app.get_parent() == nullptr;
+    return fmt::format("ovri{} - {}\n\nExamples:{}\nUsage:\n  {}\n{}{}\nOptions:\n{}{}",
+                       whole ? "" : fmt::format(" {}", page.name), page.summary, page.examples,
+                       usage(app), whole ? "\nCommands:\n" + commands_text() : "", page.details,
+                       options_text(app), page.statuses);
 }

@@ -1,8 +1,39 @@
 #include "commands/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <map>
+
+namespace {
+
+// "auto, always or never".
+std::string listed_choices(const std::string& value) {
+    const std::vector<std::string> words = choices_of(value);
+    std::string text;
+    for (std::size_t k = 0; k < words.size(); ++k) {
+        text += k == 0 ? "" : k + 1 < words.size() ? ", " : " or ";
+        text += words[k];
+    }
+    return text;
+}
+
+CLI::ValidationError wrong_choice(const std::string& option, const std::string& value,
+                                  const std::string& word) {
+    return CLI::ValidationError(option, "takes " + listed_choices(value) + ", not `" + word + "`");
+}
+
+}  // namespace
+
+std::vector<std::string> choices_of(const std::string& value) {
+    if (value == "FORMAT") {
+        return {"edge-list", "matrix", "pajek", "graphml", "gml", "dl", "dot"};
+    }
+    if (value == "WHEN") {
+        return {"auto", "always", "never"};
+    }
+    return value == "SHELL" ? std::vector<std::string>{"bash", "zsh"} : std::vector<std::string>{};
+}
 
 void add_setup(CLI::App& app, std::string& path) {
     app.add_option("SETUP", path, "The setup file; - stands for standard input.")->required();
@@ -32,15 +63,30 @@ void add_forms(CLI::App& app, bool& json, bool& csv) {
 
 void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,
                 const std::string& text) {
-    static const std::string kNames = "edge-list, matrix, pajek, graphml, gml, dl or dot";
     const auto take = [&format, name](const std::string& word) {
         format = network_format_of(word);
         if (!format) {
-            throw CLI::ValidationError(name, "takes " + kNames + ", not `" + word + "`");
+            throw wrong_choice(name, "FORMAT", word);
         }
     };
-    app.add_option_function<std::string>(name, take, text + " One of " + kNames + ".")
+    app.add_option_function<std::string>(name, take,
+                                         text + " One of " + listed_choices("FORMAT") + ".")
         ->type_name("FORMAT");
+}
+
+void add_shell(CLI::App& app, std::string& shell) {
+    const auto take = [&shell](const std::string& word) {
+        const std::vector<std::string> words = choices_of("SHELL");
+        if (std::find(words.begin(), words.end(), word) == words.end()) {
+            throw wrong_choice("--completion", "SHELL", word);
+        }
+        shell = word;
+    };
+    app.add_option_function<std::string>(
+           "--completion", take,
+           "Print the script by which the shell completes command lines: " +
+               listed_choices("SHELL") + ".")
+        ->type_name("SHELL");
 }
 
 void add_quiet(CLI::App& app, bool& quiet) {
@@ -54,8 +100,7 @@ void add_colour(CLI::App& app, ColourChoice& choice) {
     const auto take = [&choice](const std::string& word) {
         const auto place = kChoices.find(word);
         if (place == kChoices.end()) {
-            throw CLI::ValidationError("--color",
-                                       "takes auto, always or never, not `" + word + "`");
+            throw wrong_choice("--color", "WHEN", word);
         }
         choice = place->second;
     };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "commands/results_folder.h"
 #include "formats/network_file.h"
@@ -13,6 +14,10 @@ namespace CLI {
 class App;
 class Option;
 }  // namespace CLI
+
+// The words of which an option's value is one, by the name that the help gives the value: "WHEN",
+// "FORMAT". None for a value that can be anything.
+std::vector<std::string> choices_of(const std::string& value);
 
 // SETUP, the setup file that the command is about.
 void add_setup(CLI::App& app, std::string& path);
@@ -29,6 +34,9 @@ void add_forms(CLI::App& app, bool& json, bool& csv);
 // A format of networks, by name.
 void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,
                 const std::string& text);
+
+// --completion SHELL: the shell, "bash" or "zsh".
+void add_shell(CLI::App& app, std::string& shell);
 
 // -q, --quiet.
 void add_quiet(CLI::App& app, bool& quiet);
