@@ -149,6 +149,9 @@ TEST_F(RunInTrouble, IsEndedAtOnceByASecondInterrupt) {
 }
 
 TEST_F(RunInTrouble, ForWhichTheMachineIsTooSmallIsRefusedWithBothNumbers) {
+#ifdef OVRI_SANITIZED
+    GTEST_SKIP() << "the sanitizers reserve more addresses than the limit leaves";
+#endif
     ToolSetup setup = simulation(10, 100);
     setup.actors = "30000";
     write_setup(setup);
@@ -162,5 +165,30 @@ TEST_F(RunInTrouble, ForWhichTheMachineIsTooSmallIsRefusedWithBothNumbers) {
             << command << "\n"
             << run.errors;
         EXPECT_FALSE(scratch.exists("out/start_statistics_net.txt")) << command;
+    }
+}
+
+TEST_F(RunInTrouble, OfAModelForWhichTheMachineIsTooSmallIsRefusedWithBothNumbers) {
+#ifdef OVRI_SANITIZED
+    GTEST_SKIP() << "the sanitizers reserve more addresses than the limit leaves";
+#endif
+    std::string nodes = "id\n";
+    for (int actor = 1; actor <= 30000; ++actor) {
+        nodes += std::to_string(actor) + "\n";
+    }
+    scratch.write("nodes.csv", nodes);
+    scratch.write("ties.csv", "from,to\n1,2\n2,3\n");
+    for (const char* command : {"estimate", "simulate --values edge=-9"}) {
+        const ChildResult run =
+            shell(std::string("ulimit -v 1000000; $OVRI ") + command +
+                  " --network ties.csv --nodes nodes.csv --undirected --effects edge -o large");
+        EXPECT_EQ(run.status, 1) << command << "\n" << run.errors;
+        EXPECT_NE(
+            run.errors.find("30000 actors: a chain needs 2.0 GB of memory, expected a network "
+                            "for the 1.0 GB that there are"),
+            std::string::npos)
+            << command << "\n"
+            << run.errors;
+        EXPECT_FALSE(scratch.exists("large")) << command;
     }
 }

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <random>
 
+#include "run/memory_estimate.h"
 #include "study/names.h"
+#include "terminal/machine.h"
 #include "terminal/print.h"
 
 namespace {
@@ -27,6 +29,21 @@ void settle_types(const Study& study, ModelFile& model) {
     }
 }
 
+// The tables of the network that a chain moves, against the machine.
+Problems memory_problems(const StudyInput& input) {
+    const StudyNetwork& network = input.files.study.network;
+    const auto n = static_cast<std::int64_t>(network.actors.size());
+    const double needed = network.directed ? digraph_bytes(n) : graph_bytes(n);
+    const double there = machine_memory();
+    if (there <= 0.0 || needed <= there) {
+        return {};
+    }
+    return {{.file = input.model.network.file,
+             .found = fmt::format("{} actors: a chain needs {:.1f} GB of memory", n, needed / 1e9),
+             .expected = fmt::format("a network for the {:.1f} GB that there are", there / 1e9),
+             .mend = "take a part of the network, or a larger machine"}};
+}
+
 }  // namespace
 
 StudyInput read_study(ModelFile model) {
@@ -34,6 +51,9 @@ StudyInput read_study(ModelFile model) {
     input.model = std::move(model);
     input.files = load_study(input.model);
     input.problems = input.files.problems;
+    if (input.ok()) {
+        input.problems = memory_problems(input);
+    }
     if (input.ok()) {
         input.resolved = study_selection(input.files.study);
         input.problems = placed_problems(input.model, input.resolved);
