@@ -208,9 +208,9 @@ TEST(FitRun, TheDistancesFollowFromTheSampleTable) {
     reference::PlainGraph plain = reference::empty_graph(observed.vertices);
     for (const auto& [i, j] : all_dyads<Graph>(observed.vertices)) {
         plain.tie[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)] =
-            is_tied(observed, i, j) ? 1 : 0;
+            has_tie(observed, i, j) ? 1 : 0;
         plain.tie[static_cast<std::size_t>(j)][static_cast<std::size_t>(i)] =
-            is_tied(observed, i, j) ? 1 : 0;
+            has_tie(observed, i, j) ? 1 : 0;
     }
     const std::vector<double> local = reference::local_clustering(plain);
     std::vector<double> point = observed.statistics;

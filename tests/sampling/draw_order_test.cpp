@@ -39,7 +39,7 @@ template <class Network>
 std::vector<ActorPair> ties_of(const Network& network) {
     std::vector<ActorPair> ties;
     for (const auto& [i, j] : all_dyads<Network>(network.vertices)) {
-        if (is_tied(network, i, j)) {
+        if (has_tie(network, i, j)) {
             ties.emplace_back(i, j);
         }
     }
@@ -419,7 +419,7 @@ TEST(DeadEnds, ASwapThatTheGeneratorDrawsLateIsWaitedFor) {
     Chain<Graph> chain = test_chain(graph, graph_model(), random, 1);
     chain.free_dyads = &free_dyads.adjacency;
     EXPECT_EQ(chain_step(chain), 1);
-    EXPECT_TRUE(is_tied(graph, late->second.first, late->second.second));
+    EXPECT_TRUE(has_tie(graph, late->second.first, late->second.second));
     // Four draws each, and the uniform number of the decision.
     reference.state = 1;
     for (int draw = 0; draw <= 4 * made; ++draw) {

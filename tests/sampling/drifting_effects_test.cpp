@@ -214,7 +214,7 @@ TEST(DriftingEffects, ThreePathsDriftByThreeForEachCommonNeighbourOfAnAcceptedTi
             continue;
         }
         for (const auto& [i, j] : all_dyads<Graph>(plain.n)) {
-            if (has_tie(plain, i, j) != is_tied(graph, i, j)) {
+            if (has_tie(plain, i, j) != has_tie(graph, i, j)) {
                 const int shared = reference::common_neighbours(plain, i, j);
                 drift += has_tie(plain, i, j) ? -3 * shared : 3 * shared;
                 plain = toggled(plain, i, j);

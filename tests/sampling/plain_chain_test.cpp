@@ -12,16 +12,6 @@
 
 namespace {
 
-void set_bits(Graph& graph, int i, int j, bool tied) {
-    tied ? graph_add_edge(graph, i, j) : graph_remove_edge(graph, i, j);
-}
-void set_bits(Digraph& digraph, int i, int j, bool tied) {
-    tied ? digraph_add_arc(digraph, i, j) : digraph_remove_arc(digraph, i, j);
-}
-void follow(Graph& graph, int i, int j, int adding) { graph_update_two_paths(graph, i, j, adding); }
-void follow(Digraph& digraph, int i, int j, int adding) {
-    digraph_update_two_paths(digraph, i, j, adding);
-}
 bool capped(const Graph& graph, int i, int j, int cap) {
     return graph.degree[static_cast<std::size_t>(i)] == cap ||
            graph.degree[static_cast<std::size_t>(j)] == cap;
@@ -55,7 +45,7 @@ class PlainChain {
     const Network* free_dyads = nullptr;
 
   private:
-    bool is_free(int i, int j) const { return free_dyads == nullptr || is_tied(*free_dyads, i, j); }
+    bool is_free(int i, int j) const { return free_dyads == nullptr || has_tie(*free_dyads, i, j); }
 
     int toggle() {
         const int n = network.vertices;
@@ -66,28 +56,30 @@ class PlainChain {
                 j = draws.below(n);
             }
         } else {
-            while (i == j || !is_tied(*free_dyads, i, j)) {
+            while (i == j || !has_tie(*free_dyads, i, j)) {
                 i = draws.below(n);
                 j = draws.below(n);
             }
         }
-        const bool tied = is_tied(network, i, j);
+        const bool tied = has_tie(network, i, j);
         if (!tied && capped(network, i, j, cap)) {
             return 0;
         }
-        set_bits(network, i, j, false);
+        remove_bit(network, i, j);
         std::vector<double> change(network.statistics.size());
         const double odds = evaluate_toggle(network, model_.active, model_.parameters.data(),
                                             change.data(), i, j, tied ? 0 : 1);
         const double ratio = std::exp(tied ? -odds : odds);
         const bool accepted = ratio >= draws.uniform();
-        set_bits(network, i, j, tied != accepted);
+        if (tied != accepted) {
+            add_bit(network, i, j);
+        }
         if (accepted) {
             for (std::size_t m = 0; m < change.size(); ++m) {
                 network.statistics[m] =
                     tied ? network.statistics[m] - change[m] : network.statistics[m] + change[m];
             }
-            follow(network, i, j, tied ? 0 : 1);
+            update_tables(network, i, j, tied ? 0 : 1);
         }
         return accepted ? 1 : 0;
     }
@@ -101,7 +93,7 @@ class PlainChain {
         int j = 0;
         int k = 0;
         int l = 0;
-        while (i == j || k == l || is_tied(network, i, j) == is_tied(network, k, l) ||
+        while (i == j || k == l || has_tie(network, i, j) == has_tie(network, k, l) ||
                !is_free(i, j) || !is_free(k, l)) {
             if (free_dyads != nullptr) {
                 j = draws.below(n);
@@ -115,7 +107,7 @@ class PlainChain {
                 l = draws.below(n);
             }
         }
-        if (!is_tied(network, i, j)) {
+        if (!has_tie(network, i, j)) {
             std::swap(i, k);
             std::swap(j, l);
         }
@@ -128,7 +120,7 @@ class PlainChain {
         int j = i;
         int k = i;
         while (arcs_of(i) < 2 || i == j || i == k || j == k ||
-               is_tied(network, i, j) == is_tied(network, i, k) || !is_free(i, j) ||
+               has_tie(network, i, j) == has_tie(network, i, k) || !is_free(i, j) ||
                !is_free(i, k)) {
             if (free_dyads != nullptr) {
                 j = draws.below(n);
@@ -139,7 +131,7 @@ class PlainChain {
             }
             k = draws.below(n);
         }
-        if (!is_tied(network, i, j)) {
+        if (!has_tie(network, i, j)) {
             std::swap(j, k);
         }
         return exchange(i, j, i, k);
@@ -148,7 +140,7 @@ class PlainChain {
     int arcs_of(int i) const {
         int arcs = 0;
         for (int j = 0; j < network.vertices; ++j) {
-            arcs += i != j && is_tied(network, i, j) ? 1 : 0;
+            arcs += i != j && has_tie(network, i, j) ? 1 : 0;
         }
         return arcs;
     }
@@ -156,25 +148,25 @@ class PlainChain {
     int exchange(int i, int j, int k, int l) {
         std::vector<double> removal(network.statistics.size());
         std::vector<double> addition(network.statistics.size());
-        set_bits(network, i, j, false);
+        remove_bit(network, i, j);
         const double removed = evaluate_toggle(network, model_.active, model_.parameters.data(),
                                                removal.data(), i, j, 0);
-        follow(network, i, j, 0);
+        update_tables(network, i, j, 0);
         const double added = evaluate_toggle(network, model_.active, model_.parameters.data(),
                                              addition.data(), k, l, 1);
         const double ratio = std::exp(added - removed);
         const double u = draws.uniform();
         const bool accepted = std::is_same_v<Network, Graph> ? ratio >= u : ratio > u;
         if (!accepted) {
-            set_bits(network, i, j, true);
-            follow(network, i, j, 1);
+            add_bit(network, i, j);
+            update_tables(network, i, j, 1);
             return 0;
         }
         for (std::size_t m = 0; m < addition.size(); ++m) {
             network.statistics[m] = addition[m] + network.statistics[m] - removal[m];
         }
-        set_bits(network, k, l, true);
-        follow(network, k, l, 1);
+        add_bit(network, k, l);
+        update_tables(network, k, l, 1);
         return 1;
     }
 };

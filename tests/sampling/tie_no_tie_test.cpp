@@ -332,7 +332,7 @@ void expect_carried(int n) {
     const DyadSpace space(n, kDirected<Network>);
     TieList ties(n, kDirected<Network>);
     for (const auto& [i, j] : all_dyads<Network>(n)) {
-        if (is_tied(network, i, j)) {
+        if (has_tie(network, i, j)) {
             ties.add({i, j});
         }
     }
@@ -345,7 +345,7 @@ void expect_carried(int n) {
     EXPECT_EQ(progress.work_done, 20000.0);
     EXPECT_EQ(ties.size(), tie_count(network));
     for (const Dyad& dyad : ties.ties()) {
-        EXPECT_TRUE(is_tied(network, dyad.i, dyad.j));
+        EXPECT_TRUE(has_tie(network, dyad.i, dyad.j));
     }
     const std::vector<double> carried = network.statistics;
     count_statistics(network, model.active);

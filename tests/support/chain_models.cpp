@@ -82,8 +82,6 @@ std::vector<ActorPair> all_dyads(int n) {
 template std::vector<ActorPair> all_dyads<Graph>(int);
 template std::vector<ActorPair> all_dyads<Digraph>(int);
 
-bool is_tied(const Graph& graph, int i, int j) { return graph_has_edge(graph, i, j); }
-bool is_tied(const Digraph& digraph, int i, int j) { return digraph_has_arc(digraph, i, j); }
 void tie(Graph& graph, int i, int j) { graph_add_tie(graph, i, j); }
 void tie(Digraph& digraph, int i, int j) { digraph_add_tie(digraph, i, j); }
 
@@ -119,7 +117,7 @@ std::uint32_t code_of_network(const Network& network) {
     for (int i = 0; i < network.vertices; ++i) {
         for (int j = directed ? 0 : i + 1; j < network.vertices; ++j) {
             if (i != j) {
-                code |= is_tied(network, i, j) ? bit : 0U;
+                code |= has_tie(network, i, j) ? bit : 0U;
                 bit <<= 1U;
             }
         }

@@ -42,8 +42,6 @@ using ActorPair = std::pair<int, int>;
 template <class Network>
 std::vector<ActorPair> all_dyads(int n);
 
-bool is_tied(const Graph& graph, int i, int j);
-bool is_tied(const Digraph& digraph, int i, int j);
 void tie(Graph& graph, int i, int j);
 void tie(Digraph& digraph, int i, int j);
 

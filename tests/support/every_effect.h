@@ -9,6 +9,7 @@
 
 #include "effects/cliques.h"
 #include "effects/evaluation.h"
+#include "network/network_verbs.h"
 #include "support/catalogue_lists.h"
 #include "support/formula.h"
 #include "support/random_networks.h"
@@ -145,7 +146,7 @@ class EveryEffect {
         set_tie<Network>(state, i, j, deletion ? 1 : 0);
         Network network = record(state);
         if (deletion) {
-            clear_bits(network, i, j);
+            remove_bit(network, i, j);
         }
         std::vector<double> changes(parameters_.size(), 0.0);
         evaluate_toggle(network, model_, parameters_.data(), changes.data(), i, j,
@@ -174,8 +175,6 @@ class EveryEffect {
             return digraph;
         }
     }
-    static void clear_bits(Graph& graph, int i, int j) { graph_remove_edge(graph, i, j); }
-    static void clear_bits(Digraph& digraph, int i, int j) { digraph_remove_arc(digraph, i, j); }
     void count(Graph& graph) const {
         graph_count_cliques(graph);
         compute_statistics(graph, model_);

@@ -54,7 +54,7 @@ std::string matrix_text(const Network& network) {
     for (int i = 0; i < network.vertices; ++i) {
         for (int j = 0; j < network.vertices; ++j) {
             text += j == 0 ? "" : " ";
-            text += i != j && is_tied(network, i, j) ? "1" : "0";
+            text += i != j && has_tie(network, i, j) ? "1" : "0";
         }
         text += "\n";
     }
