@@ -80,6 +80,17 @@ void TextWriter::cells(std::span<const int> values) {
     }
 }
 
+void TextWriter::end_section() {
+    if (owned_ == nullptr || error_ != 0) {
+        return;
+    }
+    errno = 0;
+    expect(std::fflush(stream_) == 0);
+    if (error_ == 0) {
+        begin_ = file_size(stream_);
+    }
+}
+
 namespace {
 
 TextWriter open_writer(const std::string& path, const char* mode) {

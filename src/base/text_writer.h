@@ -44,6 +44,10 @@ class TextWriter {
     // Every value by "%d\t".
     void cells(std::span<const int> values);
 
+    // Ends a section inside an opening of the file: what was written so far leaves in one piece and
+    // stays, whatever becomes of the rest.
+    void end_section();
+
   private:
     // A section up to this size leaves in one piece, whenever the process is killed.
     static constexpr std::size_t kBufferSize = 1U << 16U;

@@ -197,6 +197,7 @@ void write_fit_columns(const FitSamples& samples, const std::string& path) {
             out.print("%lf\t", samples.table[row][s]);
         }
         out.text("\n");
+        out.end_section();
     }
 }
 

@@ -4,7 +4,8 @@
 // disk), or the N-th piece of memory asked for, counted from the start of main on: before it no
 // program can tell of a failure. "write N on" fails from the N-th on, as a disk
 // that stays full. OVRI_COUNTS names a file that receives the numbers of these calls at the end,
-// OVRI_SECTIONS one that receives a line "SIZE PATH" whenever a stream written to has been closed.
+// OVRI_SECTIONS one that receives a line "SIZE PATH" whenever a stream written to has been closed
+// or flushed.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -134,6 +135,15 @@ extern "C" int fclose(std::FILE* stream) {
     const Path path = path_of(file);
     const int result = real(stream);
     note_section(path);
+    return result;
+}
+
+extern "C" int fflush(std::FILE* stream) {
+    static auto* const real = next_of<int(std::FILE*)>("fflush");
+    const int result = real(stream);
+    if (stream != nullptr) {
+        note_section(path_of(::fileno(stream)));
+    }
     return result;
 }
 

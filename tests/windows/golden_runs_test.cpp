@@ -196,7 +196,12 @@ TEST_F(UnderWine, PathsWithBlanksAndCharactersOfEveryScriptAreFound) {
         fs::create_directory(scratch_.path() / output);
         std::string text = file_text(directory / "run.setup");
         text.replace(text.find(" out\n"), 5, " " + output + "\n");
-        text.replace(text.find(" network.txt\n"), 13, " " + name + "/network.txt\n");
+        for (const std::string file :
+             {"network.txt", "binary.txt", "continuous.txt", "categorical.txt", "covariates.txt"}) {
+            const std::size_t place = text.find(" " + file + "\n");
+            ASSERT_NE(place, std::string::npos) << file;
+            text.insert(place + 1, name + "/");
+        }
         std::ofstream(directory / "run.setup", std::ios::binary) << text;
         const ChildResult child = run_loader(scratch_.path(), {name + "/run.setup"});
         EXPECT_EQ(child.status, 0) << child.errors;

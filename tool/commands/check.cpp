@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 
 #include "check/checks.h"
 #include "check/overview.h"

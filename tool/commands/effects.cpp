@@ -1,7 +1,8 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <memory>
 
 #include "commands/commands.h"
+#include "commands/options.h"
 #include "encyclopaedia/effect_entries.h"
 #include "show/effect_document.h"
 #include "show/effect_text.h"
@@ -68,15 +69,15 @@ int effects(const EffectsOptions& options) {
 
 std::function<int()> declare_effects(CLI::App& app) {
     const auto options = std::make_shared<EffectsOptions>();
-    auto* name = app.add_option("NAME", options->name, "The effect, in any spelling.");
-    app.add_option("--search", options->search,
-                   "List the effects whose names, meaning or keywords hold all these words.")
-        ->type_name("WORDS")
-        ->excludes(name);
-    auto* directed = app.add_flag("--directed", options->directed, "Of directed networks only.");
-    app.add_flag("--undirected", options->undirected, "Of undirected networks only.")
-        ->excludes(directed);
-    app.add_flag("--json", options->json, "Print a JSON document with every field instead.");
+    CLI::Option& name = add_word(app, "NAME", options->name, "The effect, in any spelling.");
+    exclude(add_text(app, "--search", options->search, "WORDS",
+                     "List the effects whose names, meaning or keywords hold all these words."),
+            name);
+    CLI::Option& directed =
+        add_flag(app, "--directed", options->directed, "Of directed networks only.");
+    exclude(add_flag(app, "--undirected", options->undirected, "Of undirected networks only."),
+            directed);
+    add_flag(app, "--json", options->json, "Print a JSON document with every field instead.");
     return [options] { return effects(*options); };
 }
 

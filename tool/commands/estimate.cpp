@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <chrono>
 #include <cmath>
 #include <iterator>

@@ -1,6 +1,5 @@
 #include "commands/model_options.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 
@@ -31,18 +30,17 @@ void keep_values(const StudyModel& from, StudyModel& to) {
 }  // namespace
 
 void add_model(CLI::App& app, ModelOptions& options, const std::string& word) {
-    app.add_option(word, options.model, "The model file, or - for standard input.");
-    app.add_option("--network", options.network,
-                   "The network, in place of the model file's or without one.")
-        ->type_name("FILE");
-    app.add_option("--nodes", options.nodes, "The actors and their attributes.")->type_name("FILE");
-    app.add_option("--effects", options.effects,
-                   "The model's effects, separated by commas: edge,AT(2). Parentheses need quotes "
-                   "in most shells.")
-        ->type_name("LIST");
-    CLI::Option* directed =
-        app.add_flag("--directed", options.directed, "The network's ties have a direction.");
-    app.add_flag("--undirected", options.undirected, "They have none.")->excludes(directed);
+    add_word(app, word, options.model, "The model file, or - for standard input.");
+    add_text(app, "--network", options.network, "FILE",
+             "The network, in place of the model file's or without one.");
+    add_text(app, "--nodes", options.nodes, "FILE", "The actors and their attributes.");
+    add_text(
+        app, "--effects", options.effects, "LIST",
+        "The model's effects, separated by commas: edge,AT(2). Parentheses need quotes in most "
+        "shells.");
+    CLI::Option& directed =
+        add_flag(app, "--directed", options.directed, "The network's ties have a direction.");
+    exclude(add_flag(app, "--undirected", options.undirected, "They have none."), directed);
     add_number(app, "--seed", options.seed,
                "Draw from seed N. Without it one is chosen; it is always shown and recorded.");
     add_number(app, "--threads", options.threads, "Use at most N threads; results do not change.");

@@ -18,9 +18,8 @@ std::string listed_choices(const std::string& value) {
     return text;
 }
 
-CLI::ValidationError wrong_choice(const std::string& option, const std::string& value,
-                                  const std::string& word) {
-    return CLI::ValidationError(option, "takes " + listed_choices(value) + ", not `" + word + "`");
+std::string wrong_choice(const std::string& value, const std::string& word) {
+    return "takes " + listed_choices(value) + ", not `" + word + "`";
 }
 
 }  // namespace
@@ -35,8 +34,41 @@ std::vector<std::string> choices_of(const std::string& value) {
     return value == "SHELL" ? std::vector<std::string>{"bash", "zsh"} : std::vector<std::string>{};
 }
 
+CLI::Option& add_word(CLI::App& app, const std::string& kind, std::string& word,
+                      const std::string& text) {
+    return *app.add_option(kind, word, text);
+}
+
+CLI::Option& add_needed_word(CLI::App& app, const std::string& kind, std::string& word,
+                             const std::string& text) {
+    return *app.add_option(kind, word, text)->required();
+}
+
+CLI::Option& add_text(CLI::App& app, const std::string& name, std::string& value,
+                      const std::string& kind, const std::string& text) {
+    return *app.add_option(name, value, text)->type_name(kind);
+}
+
+CLI::Option& add_checked_text(CLI::App& app, const std::string& name,
+                              const std::function<std::string(const std::string&)>& take,
+                              const std::string& kind, const std::string& text) {
+    const auto checked = [take, name](const std::string& word) {
+        if (const std::string mistake = take(word); !mistake.empty()) {
+            throw CLI::ValidationError(name, mistake);
+        }
+    };
+    return *app.add_option_function<std::string>(name, checked, text)->type_name(kind);
+}
+
+CLI::Option& add_flag(CLI::App& app, const std::string& name, bool& given,
+                      const std::string& text) {
+    return *app.add_flag(name, given, text);
+}
+
+void exclude(CLI::Option& one, CLI::Option& other) { one.excludes(&other); }
+
 void add_setup(CLI::App& app, std::string& path) {
-    app.add_option("SETUP", path, "The setup file; - stands for standard input.")->required();
+    add_needed_word(app, "SETUP", path, "The setup file; - stands for standard input.");
 }
 
 void add_output(CLI::App& app, std::string& directory, const std::string& text) {
@@ -50,78 +82,72 @@ void add_output(CLI::App& app, std::string& directory, const std::string& text) 
 void add_folder(CLI::App& app, FolderOptions& folder) {
     add_output(app, folder.directory,
                "The results folder, in place of NAME.results in the current directory.");
-    app.add_flag("--overwrite", folder.overwrite,
-                 "Write into the results folder even if it is there; earlier results in it go.");
+    add_flag(app, "--overwrite", folder.overwrite,
+             "Write into the results folder even if it is there; earlier results in it go.");
 }
 
 void add_forms(CLI::App& app, bool& json, bool& csv) {
-    CLI::Option* in_json =
-        app.add_flag("--json", json, "Print result.json on standard output, and nothing else.");
-    app.add_flag("--csv", csv, "Print estimates.csv on standard output, and nothing else.")
-        ->excludes(in_json);
+    CLI::Option& in_json =
+        add_flag(app, "--json", json, "Print result.json on standard output, and nothing else.");
+    CLI::Option& in_csv =
+        add_flag(app, "--csv", csv, "Print estimates.csv on standard output, and nothing else.");
+    exclude(in_csv, in_json);
 }
 
 void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,
                 const std::string& text) {
-    const auto take = [&format, name](const std::string& word) {
+    const auto take = [&format](const std::string& word) -> std::string {
         format = network_format_of(word);
-        if (!format) {
-            throw wrong_choice(name, "FORMAT", word);
-        }
+        return format ? "" : wrong_choice("FORMAT", word);
     };
-    app.add_option_function<std::string>(name, take,
-                                         text + " One of " + listed_choices("FORMAT") + ".")
-        ->type_name("FORMAT");
+    add_checked_text(app, name, take, "FORMAT", text + " One of " + listed_choices("FORMAT") + ".");
 }
 
 void add_shell(CLI::App& app, std::string& shell) {
-    const auto take = [&shell](const std::string& word) {
+    const auto take = [&shell](const std::string& word) -> std::string {
         const std::vector<std::string> words = choices_of("SHELL");
-        if (std::find(words.begin(), words.end(), word) == words.end()) {
-            throw wrong_choice("--completion", "SHELL", word);
-        }
         shell = word;
+        const bool known = std::find(words.begin(), words.end(), word) != words.end();
+        return known ? "" : wrong_choice("SHELL", word);
     };
-    app.add_option_function<std::string>(
-           "--completion", take,
-           "Print the script by which the shell completes command lines: " +
-               listed_choices("SHELL") + ".")
-        ->type_name("SHELL");
+    add_checked_text(app, "--completion", take, "SHELL",
+                     "Print the script by which the shell completes command lines: " +
+                         listed_choices("SHELL") + ".");
 }
 
 void add_quiet(CLI::App& app, bool& quiet) {
-    app.add_flag("-q,--quiet", quiet, "Nothing on standard error but errors.");
+    add_flag(app, "-q,--quiet", quiet, "Nothing on standard error but errors.");
 }
 
 void add_colour(CLI::App& app, ColourChoice& choice) {
     static const std::map<std::string, ColourChoice> kChoices = {{"auto", ColourChoice::automatic},
                                                                  {"always", ColourChoice::always},
                                                                  {"never", ColourChoice::never}};
-    const auto take = [&choice](const std::string& word) {
+    const auto take = [&choice](const std::string& word) -> std::string {
         const auto place = kChoices.find(word);
         if (place == kChoices.end()) {
-            throw wrong_choice("--color", "WHEN", word);
+            return wrong_choice("WHEN", word);
         }
         choice = place->second;
+        return "";
     };
-    app.add_option_function<std::string>(
-           "--color", take,
-           "Colour the words error and warning: auto (on a terminal, unless NO_COLOR is set), "
-           "always or never.")
-        ->type_name("WHEN");
+    add_checked_text(
+        app, "--color", take, "WHEN",
+        "Colour the words error and warning: auto (on a terminal, unless NO_COLOR is set), "
+        "always or never.");
 }
 
 CLI::Option& add_number(CLI::App& app, const std::string& name,
                         std::optional<std::uint32_t>& number, const std::string& text) {
-    const auto take = [&number, name](const std::string& word) {
+    const auto take = [&number](const std::string& word) -> std::string {
         std::uint32_t value = 0;
         const char* end = word.data() + word.size();
         const auto read = std::from_chars(word.data(), end, value);
         if (read.ec != std::errc() || read.ptr != end) {
-            throw CLI::ValidationError(
-                name, "takes a whole number from 0 to 4294967295, not `" + word + "`");
+            return "takes a whole number from 0 to 4294967295, not `" + word + "`";
         }
         number = value;
+        return "";
     };
-    return *app.add_option_function<std::string>(name, take, text)->type_name("N");
+    return add_checked_text(app, name, take, "N", text);
 }

@@ -1,7 +1,11 @@
-// Options that several commands take. Each function declares one of them.
+// The words and options of commands. Each function declares one of them.
+//
+// The parser's own header, of ten thousand lines, is left to options.cpp: a command declares what
+// it takes by these functions alone.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +22,28 @@ class Option;
 // The words of which an option's value is one, by the name that the help gives the value: "WHEN",
 // "FORMAT". None for a value that can be anything.
 std::vector<std::string> choices_of(const std::string& value);
+
+// A word of the command line by its place; `kind` is what the help calls it.
+CLI::Option& add_word(CLI::App& app, const std::string& kind, std::string& word,
+                      const std::string& text);
+CLI::Option& add_needed_word(CLI::App& app, const std::string& kind, std::string& word,
+                             const std::string& text);
+
+// An option that takes a text of some kind ("FILE").
+CLI::Option& add_text(CLI::App& app, const std::string& name, std::string& value,
+                      const std::string& kind, const std::string& text);
+
+// An option that takes a text of some kind and hands it to `take`, which returns what is wrong with
+// it ("takes auto, always or never"), or nothing.
+CLI::Option& add_checked_text(CLI::App& app, const std::string& name,
+                              const std::function<std::string(const std::string&)>& take,
+                              const std::string& kind, const std::string& text);
+
+// An option that is given or not.
+CLI::Option& add_flag(CLI::App& app, const std::string& name, bool& given, const std::string& text);
+
+// At most one of the two may be given.
+void exclude(CLI::Option& one, CLI::Option& other);
 
 // SETUP, the setup file that the command is about.
 void add_setup(CLI::App& app, std::string& path);

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -184,21 +183,21 @@ std::function<int()> declare_run(CLI::App& app) {
         "Draw from seed N. A run reseeds its random numbers several times, each time with a number "
         "mixed of N and of how often it has done so: neither its parts nor runs of neighbouring "
         "seeds share anything. The seed is always shown.");
-    add_number(app, "--clock", options->clock,
-               "Hold the clock at second N: every reseeding uses N.")
-        .excludes(&seed);
+    exclude(add_number(app, "--clock", options->clock,
+                       "Hold the clock at second N: every reseeding uses N."),
+            seed);
     add_output(app, options->output,
                "Write into the directory DIR, which must exist, in place of the one the setup file "
                "names. Files that are read stay where they are.");
-    app.add_flag("-q,--quiet", options->quiet,
-                 "Show no warnings, no progress and no summary; errors and the seed are shown all "
-                 "the same.");
-    app.add_flag("--force", options->forced,
-                 "Show the errors of the check, and run all the same. What a run does then is what "
-                 "its files say, not what their writer may have meant.");
-    app.add_flag("--no-check", options->unchecked,
-                 "Run without the check. Values that cannot be read then keep their defaults, "
-                 "silently.");
+    add_flag(app, "-q,--quiet", options->quiet,
+             "Show no warnings, no progress and no summary; errors and the seed are shown all "
+             "the same.");
+    add_flag(app, "--force", options->forced,
+             "Show the errors of the check, and run all the same. What a run does then is what "
+             "its files say, not what their writer may have meant.");
+    add_flag(app, "--no-check", options->unchecked,
+             "Run without the check. Values that cannot be read then keep their defaults, "
+             "silently.");
     add_colour(app, options->colour);
     return [options] { return run(*options); };
 }

@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
@@ -299,9 +298,8 @@ int simulate(const SimulateOptions& options) {
 std::function<int()> declare_simulate(CLI::App& app) {
     const auto options = std::make_shared<SimulateOptions>();
     add_model(app, options->model, "MODEL");
-    app.add_option("--values", options->values,
-                   "Values of effects, such as 'edge=-2,AT(2)=0.5', in place of the model's.")
-        ->type_name("LIST");
+    add_text(app, "--values", options->values, "LIST",
+             "Values of effects, such as 'edge=-2,AT(2)=0.5', in place of the model's.");
     add_number(app, "--samples", options->samples, "Draw N networks.");
     add_number(app, "--burn-in", options->burn_in, "Proposals before the first network.");
     add_number(app, "--interval", options->interval, "Proposals from one network to the next.");
