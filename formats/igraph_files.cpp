@@ -153,6 +153,68 @@ void read_names(const igraph_t& graph, TieTable& table) {
     }
 }
 
+// A list of texts that igraph makes and takes back.
+class TextList {
+  public:
+    TextList() { igraph_strvector_init(&texts_, 0); }
+    ~TextList() { igraph_strvector_destroy(&texts_); }
+    TextList(const TextList&) = delete;
+    TextList& operator=(const TextList&) = delete;
+    igraph_strvector_t* get() { return &texts_; }
+    int size() const { return static_cast<int>(igraph_strvector_size(&texts_)); }
+    std::string operator[](int k) const { return igraph_strvector_get(&texts_, k); }
+
+  private:
+    igraph_strvector_t texts_;
+};
+
+std::vector<std::string> vertex_attributes(const igraph_t& graph) {
+    TextList of_graph;
+    TextList of_vertices;
+    TextList of_ties;
+    igraph_vector_int_t types;
+    igraph_vector_int_init(&types, 0);
+    igraph_cattribute_list(&graph, of_graph.get(), &types, of_vertices.get(), &types, of_ties.get(),
+                           &types);
+    igraph_vector_int_destroy(&types);
+    std::vector<std::string> names;
+    for (int k = 0; k < of_vertices.size(); ++k) {
+        names.push_back(of_vertices[k]);
+    }
+    return names;
+}
+
+std::string value_text(const igraph_t& graph, const std::string& name, igraph_attribute_type_t type,
+                       int actor) {
+    if (type == IGRAPH_ATTRIBUTE_BOOLEAN) {
+        return igraph_cattribute_VAB(&graph, name.c_str(), actor) ? "true" : "false";
+    }
+    return attribute_text(graph, name.c_str(), type == IGRAPH_ATTRIBUTE_NUMERIC, actor);
+}
+
+// The actors' attributes but for their names; of a Pajek file there are only places in a drawing.
+void read_columns_of(const igraph_t& graph, TieTable& table) {
+    for (const std::string& name : vertex_attributes(graph)) {
+        igraph_attribute_type_t type = IGRAPH_ATTRIBUTE_UNSPECIFIED;
+        igraph_cattribute_table.gettype(&graph, &type, IGRAPH_ATTRIBUTE_VERTEX, name.c_str());
+        if (name == "id" || name == "name" || name == "label" || name == "Label") {
+            continue;
+        }
+        if (type != IGRAPH_ATTRIBUTE_NUMERIC && type != IGRAPH_ATTRIBUTE_STRING &&
+            type != IGRAPH_ATTRIBUTE_BOOLEAN) {
+            table.notes.push_back("the attribute `" + name +
+                                  "` was not read: it is no text, "
+                                  "number or truth value");
+            continue;
+        }
+        ActorColumn column{name, {}};
+        for (int actor = 0; actor < table.actors.size(); ++actor) {
+            column.values.push_back(value_text(graph, name, type, actor));
+        }
+        table.columns.push_back(std::move(column));
+    }
+}
+
 bool has_weights(const igraph_t& graph) {
     igraph_attribute_type_t type = IGRAPH_ATTRIBUTE_UNSPECIFIED;
     if (igraph_cattribute_has_attr(&graph, IGRAPH_ATTRIBUTE_EDGE, "weight")) {
@@ -186,8 +248,8 @@ void read_graph_ties(const TextFile& file, const igraph_t& graph, std::optional<
     }
 }
 
-void read_graph(const TextFile& file, const igraph_t& graph, std::optional<double> threshold,
-                TieTable& table, Problems& problems) {
+void read_graph(const TextFile& file, const igraph_t& graph, NetworkFormat format,
+                std::optional<double> threshold, TieTable& table, Problems& problems) {
     if (igraph_vcount(&graph) > kMostActors) {
         problems.push_back({.file = file.path,
                             .field = "actors",
@@ -198,6 +260,9 @@ void read_graph(const TextFile& file, const igraph_t& graph, std::optional<doubl
     }
     table.directed = igraph_is_directed(&graph);
     read_names(graph, table);
+    if (format != NetworkFormat::pajek) {
+        read_columns_of(graph, table);
+    }
     read_graph_ties(file, graph, threshold, table, problems);
 }
 
@@ -226,6 +291,6 @@ void read_igraph_file(const TextFile& file, NetworkFormat format, std::optional<
         add_parse_problem(file, format, lines_before, problems);
         return;
     }
-    read_graph(file, graph, threshold, table, problems);
+    read_graph(file, graph, format, threshold, table, problems);
     igraph_destroy(&graph);
 }

@@ -17,7 +17,7 @@ namespace {
 using Keys = std::vector<std::string>;
 
 const Keys kSections = {"network",    "attributes", "covariates", "model", "dyads",
-                        "estimation", "gof",        "simulation", "run"};
+                        "estimation", "gof",        "simulation", "run",   "host"};
 
 FilePlace place(const toml::source_region& region) {
     return {static_cast<int>(region.begin.line), static_cast<int>(region.begin.column)};
@@ -274,7 +274,7 @@ void add_effect(const std::string& text, FilePlace at, ModelFile& model) {
     const ParsedEffect effect = parse_effect(text);
     if (!effect.ok()) {
         Problem problem = effect.problems[0];
-        problem.file = model.path;
+        problem.file = at.line > 0 ? model.path : kEffectsOption;
         problem.line = at.line;
         // Behind the quotation mark, when it stands in a file.
         problem.column += at.column > 0 ? at.column : 0;
@@ -412,6 +412,80 @@ void read_run_section(SectionReader reader, ModelFile& model) {
     reader.whole("threads", model.settings.run.threads, {0, 1024});
 }
 
+void read_numbers(SectionReader& reader, const char* key, std::map<std::string, double>& numbers,
+                  ModelFile& model) {
+    const toml::node* node = reader.find(key);
+    const toml::table* table = node != nullptr ? node->as_table() : nullptr;
+    if (table == nullptr) {
+        if (node != nullptr) {
+            reader.wrong_value(key, *node, "numbers by row, such as { A2P = 1.5 }");
+        }
+        return;
+    }
+    SectionReader values(*table, std::string("host.") + key, model);
+    for (const auto& [row, value] : *table) {
+        const std::string name(row.str());
+        if (const auto number = values.number(name.c_str())) {
+            numbers[name] = *number;
+        }
+    }
+}
+
+void read_outputs(SectionReader& reader, OutputSwitches& outputs) {
+    const toml::node* node = reader.find("outputs");
+    if (node == nullptr) {
+        return;
+    }
+    const std::vector<OutputSwitchName> known = output_switch_names();
+    Keys names;
+    for (const OutputSwitchName& each : known) {
+        names.push_back(each.name);
+    }
+    const toml::array* list = node->as_array();
+    if (list == nullptr) {
+        reader.wrong_value("outputs", *node, "a list of " + listed_names(names));
+        return;
+    }
+    for (const toml::node& each : *list) {
+        const std::string name = each.value_or(std::string());
+        const auto place = std::find_if(
+            known.begin(), known.end(),
+            [&name](const OutputSwitchName& output) { return names_match(output.name, name); });
+        if (place == known.end()) {
+            reader.wrong_value("outputs", each, "one of " + listed_names(names));
+        } else {
+            outputs.*(place->member) = true;
+        }
+    }
+}
+
+void read_host_section(SectionReader reader, ModelFile& model) {
+    constexpr Range kProposals = {0, 1e18};
+    HostRun& host = model.host.emplace();
+    reader.check_keys({"run", "name", "output", "proposal", "density", "fit", "outputs", "burn_in",
+                       "iterations", "covariance", "values", "lambdas"});
+    std::string mode;
+    reader.text("run", mode);
+    if (const auto known = run_mode_of(mode)) {
+        host.mode = *known;
+    } else if (!mode.empty()) {
+        reader.wrong_value("run", *reader.find("run"), "one of " + listed_names(run_mode_names()));
+    }
+    reader.text("name", host.name);
+    reader.text("output", host.output);
+    reader.text("covariance", host.covariance);
+    reader.whole("proposal", host.proposal_kind, {-2147483648.0, 2147483647.0});
+    std::optional<bool> fit;
+    reader.flag("fit", fit);
+    host.fit_after = fit.value_or(false);
+    host.density = reader.number("density", {0, 1});
+    host.burn_in = reader.number("burn_in", kProposals);
+    host.iterations = reader.number("iterations", kProposals);
+    read_outputs(reader, host.outputs);
+    read_numbers(reader, "values", host.values, model);
+    read_numbers(reader, "lambdas", host.lambdas, model);
+}
+
 void read_section(const std::string& name, const toml::table& table, ModelFile& model) {
     const SectionReader reader(table, name, model);
     if (name == "network") {
@@ -430,6 +504,8 @@ void read_section(const std::string& name, const toml::table& table, ModelFile& 
         read_sampling_section(reader, model.settings.gof);
     } else if (name == "simulation") {
         read_sampling_section(reader, model.settings.simulation);
+    } else if (name == "host") {
+        read_host_section(reader, model);
     } else {
         read_run_section(reader, model);
     }

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/host_run.h"
 #include "formats/network_file.h"
 #include "formats/nodes.h"
 #include "study/study.h"
@@ -40,6 +41,7 @@ struct ModelFile {
     std::string free_dyads;  // empty when every dyad may change
     std::optional<int> max_degree;
     StudySettings settings;
+    std::optional<HostRun> host;  // what the section [host] says
     // Where keys stand ("network.file", "covariates.distance"), and each effect of the model.
     std::map<std::string, FilePlace> places;
     std::vector<FilePlace> effect_places;
@@ -53,6 +55,9 @@ struct ModelFile {
 // that is none by its form, a start or fixed value of an effect that the model does not have.
 ModelFile read_model_file(const std::string& path);
 ModelFile read_model_file(const TextFile& file);
+
+// Where effects stand that stand in no file.
+constexpr const char* kEffectsOption = "--effects";
 
 // Adds the effects of a list such as "edge,AT(2),same(faction)" to a model.
 void add_effects(std::string_view list, ModelFile& model);

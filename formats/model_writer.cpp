@@ -4,22 +4,11 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
+#include <utility>
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string path_from(const std::string& directory, const std::string& path) {
-    if (path.empty() || path == "-") {
-        return path;
-    }
-    std::error_code problem;
-    const fs::path whole = fs::absolute(path, problem).lexically_normal();
-    const fs::path base =
-        fs::absolute(directory.empty() ? "." : directory, problem).lexically_normal();
-    const fs::path relative = whole.lexically_relative(base);
-    return (relative.empty() || problem ? whole : relative).generic_string();
-}
 
 class ModelText {
   public:
@@ -148,7 +137,61 @@ void write_settings(ModelText& out, const StudySettings& settings) {
     out.whole("threads", settings.run.threads);
 }
 
+std::string table_of(const std::map<std::string, double>& numbers) {
+    std::string text;
+    for (const auto& [row, number] : numbers) {
+        text += (text.empty() ? "" : ", ") + toml_key(row) + " = " + number_text(number);
+    }
+    return text.empty() ? text : "{ " + text + " }";
+}
+
+void write_host(ModelText& out, const HostRun& host) {
+    out.section("host");
+    out.text("run", run_mode_name(host.mode));
+    out.text("name", host.name);
+    out.text("output", host.output);
+    out.whole("proposal", host.proposal_kind);
+    if (host.density) {
+        out.number("density", *host.density);
+    }
+    out.flag("fit", host.fit_after ? std::optional(true) : std::nullopt);
+    std::string outputs;
+    for (const OutputSwitchName& each : output_switch_names()) {
+        if (host.outputs.*each.member) {
+            outputs += (outputs.empty() ? "" : ", ") + toml_text(each.name);
+        }
+    }
+    if (!outputs.empty()) {
+        out.line("outputs", "[" + outputs + "]");
+    }
+    if (host.burn_in) {
+        out.number("burn_in", *host.burn_in);
+    }
+    if (host.iterations) {
+        out.number("iterations", *host.iterations);
+    }
+    out.text("covariance", host.covariance);
+    for (const auto& [key, numbers] :
+         {std::pair{"values", &host.values}, std::pair{"lambdas", &host.lambdas}}) {
+        if (!numbers->empty()) {
+            out.line(key, table_of(*numbers));
+        }
+    }
+}
+
 }  // namespace
+
+std::string path_from(const std::string& directory, const std::string& path) {
+    if (path.empty() || path == "-") {
+        return path;
+    }
+    std::error_code problem;
+    const fs::path whole = fs::absolute(path, problem).lexically_normal();
+    const fs::path base =
+        fs::absolute(directory.empty() ? "." : directory, problem).lexically_normal();
+    const fs::path relative = whole.lexically_relative(base);
+    return (relative.empty() || problem ? whole : relative).generic_string();
+}
 
 std::string toml_text(const std::string& text) {
     std::string quoted = "\"";
@@ -182,5 +225,8 @@ std::string model_text(const ModelFile& model, const std::string& directory) {
     write_data(out, model, directory);
     write_model(out, model, directory);
     write_settings(out, model.settings);
+    if (model.host) {
+        write_host(out, *model.host);
+    }
     return out.all();
 }

@@ -9,6 +9,9 @@
 // gives the same record back (places aside).
 std::string model_text(const ModelFile& model, const std::string& directory);
 
+// A path as seen from `directory` ("" is the working directory); "-" and "" stay as they are.
+std::string path_from(const std::string& directory, const std::string& path);
+
 // A text as TOML writes it, in quotation marks.
 std::string toml_text(const std::string& text);
 

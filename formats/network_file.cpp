@@ -113,6 +113,19 @@ void note_symmetric(const NetworkOptions& options, const TieTable& table, Networ
     }
 }
 
+// The attributes in the order of the network's actors.
+void take_columns(const TieTable& table, NetworkFile& result) {
+    for (const ActorColumn& column : table.columns) {
+        ActorColumn ordered{column.name, {}};
+        for (const std::string& actor : result.network.actors) {
+            const int place = table.actors.find(actor);
+            ordered.values.push_back(place >= 0 ? column.values[static_cast<std::size_t>(place)]
+                                                : "");
+        }
+        result.columns.push_back(std::move(ordered));
+    }
+}
+
 }  // namespace
 
 const char* network_format_name(NetworkFormat format) {
@@ -189,6 +202,7 @@ NetworkFile read_network(const TextFile& file, const NetworkOptions& options,
     AssembledNetwork made = assemble_network(file.path, table, directed, nodes, result.problems);
     result.network = std::move(made.network);
     result.counts = made.counts;
+    take_columns(table, result);
     for (std::string& note : count_notes(result.counts, directed)) {
         result.notes.push_back(std::move(note));
     }

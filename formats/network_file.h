@@ -34,6 +34,7 @@ struct NetworkFile {
     NetworkFormat format = NetworkFormat::edge_list;
     StudyNetwork network;
     NetworkCounts counts;
+    std::vector<ActorColumn> columns;  // attributes that stand in the file, by the network's actors
     std::vector<std::string> notes;
     Problems problems;
     bool ok() const { return problems.empty(); }

@@ -393,6 +393,26 @@ void check_options(const std::string& file, const NodesTable& table,
     }
 }
 
+// Actors and attributes of a table that was read, if it was.
+void take_table(const std::string& file, const NodesTable& table,
+                const std::vector<ColumnOption>& options, NodesFile& nodes) {
+    check_options(file, table, options, nodes);
+    if (!nodes.ok()) {
+        return;
+    }
+    nodes.actor_column = table.actors.name;
+    for (const Cell& cell : table.actors.cells) {
+        nodes.actors.push_back(cell.text);
+    }
+    for (const Column& column : table.columns) {
+        const auto option =
+            std::find_if(options.begin(), options.end(),
+                         [&](const ColumnOption& each) { return each.name == column.name; });
+        nodes.columns.push_back(
+            read_column(file, table, column, option == options.end() ? nullptr : &*option));
+    }
+}
+
 }  // namespace
 
 NodesFile read_nodes(const std::string& path, const std::vector<ColumnOption>& options) {
@@ -406,20 +426,25 @@ NodesFile read_nodes(const TextFile& file, const std::vector<ColumnOption>& opti
         return nodes;
     }
     const NodesTable table = read_table(file, nodes);
-    check_options(file.path, table, options, nodes);
-    if (!nodes.ok()) {
-        return nodes;
+    take_table(file.path, table, options, nodes);
+    return nodes;
+}
+
+NodesFile read_columns(const std::string& path, const ActorList& actors,
+                       const std::vector<ActorColumn>& columns,
+                       const std::vector<ColumnOption>& options) {
+    NodesTable table;
+    for (const std::string& actor : actors) {
+        table.actors.cells.push_back({actor, 0, 0});
     }
-    nodes.actor_column = table.actors.name;
-    for (const Cell& cell : table.actors.cells) {
-        nodes.actors.push_back(cell.text);
+    for (const ActorColumn& column : columns) {
+        Column& cells = table.columns.emplace_back();
+        cells.name = column.name;
+        for (const std::string& value : column.values) {
+            cells.cells.push_back({value, 0, 0});
+        }
     }
-    for (const Column& column : table.columns) {
-        const auto option =
-            std::find_if(options.begin(), options.end(),
-                         [&](const ColumnOption& each) { return each.name == column.name; });
-        nodes.columns.push_back(
-            read_column(file.path, table, column, option == options.end() ? nullptr : &*option));
-    }
+    NodesFile nodes;
+    take_table(path, table, options, nodes);
     return nodes;
 }

@@ -41,3 +41,8 @@ struct NodesFile {
 // are not kept they are problems; only a continuous attribute can keep them.
 NodesFile read_nodes(const std::string& path, const std::vector<ColumnOption>& options);
 NodesFile read_nodes(const TextFile& file, const std::vector<ColumnOption>& options);
+
+// The same for attributes that stand in the network's own file, at `path`.
+NodesFile read_columns(const std::string& path, const ActorList& actors,
+                       const std::vector<ActorColumn>& columns,
+                       const std::vector<ColumnOption>& options);

@@ -70,6 +70,50 @@ void check_head(const ModelFile& model, const NodesFile& nodes, const StudyNetwo
                               .mend = "write a line such as `name,age,sex` above the first actor"});
 }
 
+// The attributes that stand in the network's own file. Those of a nodes file go before them.
+void take_own_columns(const ModelFile& model, const NetworkFile& network, bool has_nodes,
+                      StudyFiles& files) {
+    if (network.columns.empty()) {
+        return;
+    }
+    if (has_nodes) {
+        files.notes.emplace_back(
+            "network: the attributes in its file were not read, for there is a nodes file");
+        return;
+    }
+    NodesFile own = read_columns(model.network.file, files.study.network.actors, network.columns,
+                                 model.attributes);
+    append(own.problems, files);
+    take_columns(model, own, files);
+}
+
+void miss_nodes(const ModelFile& model, StudyFiles& files) {
+    const FilePlace at = place_of(model, "attributes." + model.attributes[0].name);
+    files.problems.push_back({.file = model.path,
+                              .line = at.line,
+                              .column = at.column,
+                              .field = "[attributes]",
+                              .found = "attributes without a nodes file",
+                              .expected = "`nodes = \"FILE\"` under [network]",
+                              .mend = "name the nodes file, or delete the section"});
+}
+
+// Standard input can be read once.
+void check_standard_input(const ModelFile& model, StudyFiles& files) {
+    std::vector<std::string> paths = {model.path == kStandardInput ? "-" : "", model.network.file,
+                                      model.network.nodes, model.free_dyads};
+    for (const CovariateSource& each : model.covariates) {
+        paths.push_back(each.file);
+    }
+    if (std::count(paths.begin(), paths.end(), "-") > 1) {
+        files.problems.push_back({.file = model.path,
+                                  .field = "`-`",
+                                  .found = "two files that come from standard input",
+                                  .expected = "one",
+                                  .mend = "name the others"});
+    }
+}
+
 void load_network(const ModelFile& model, StudyFiles& files) {
     NodesFile nodes;
     const bool has_nodes = !model.network.nodes.empty();
@@ -81,11 +125,13 @@ void load_network(const ModelFile& model, StudyFiles& files) {
     if (!nodes.ok()) {
         return;
     }
-    NetworkFile network = read_network(model.network.file, model.network.options,
-                                       has_nodes ? &nodes.actors : nullptr);
+    const TextFile file = read_text_file(model.network.file);
+    files.standard_input = model.network.file == "-" ? file.text : "";
+    NetworkFile network =
+        read_network(file, model.network.options, has_nodes ? &nodes.actors : nullptr);
     if (has_nodes && !network.ok()) {
         // The actor that the nodes file lacks may stand where its head line should be.
-        const NetworkFile alone = read_network(model.network.file, model.network.options, nullptr);
+        const NetworkFile alone = read_network(file, model.network.options, nullptr);
         check_head(model, nodes, alone.network, files);
     }
     place_problems(model, "network.file", model.network.file, network.problems);
@@ -96,15 +142,11 @@ void load_network(const ModelFile& model, StudyFiles& files) {
     files.study.network = std::move(network.network);
     if (has_nodes) {
         take_columns(model, nodes, files);
-    } else if (!model.attributes.empty()) {
-        const FilePlace at = place_of(model, "attributes." + model.attributes[0].name);
-        files.problems.push_back({.file = model.path,
-                                  .line = at.line,
-                                  .column = at.column,
-                                  .field = "[attributes]",
-                                  .found = "attributes without a nodes file",
-                                  .expected = "`nodes = \"FILE\"` under [network]",
-                                  .mend = "name the nodes file, or delete the section"});
+    } else if (!model.attributes.empty() && network.columns.empty() && files.ok()) {
+        miss_nodes(model, files);
+    }
+    if (files.ok()) {
+        take_own_columns(model, network, has_nodes, files);
     }
 }
 
@@ -137,6 +179,7 @@ void load_dyads(const ModelFile& model, StudyFiles& files) {
 StudyFiles load_study(const ModelFile& model) {
     StudyFiles files;
     append(model.problems, files);
+    check_standard_input(model, files);
     if (!files.ok()) {
         return files;
     }
@@ -150,15 +193,15 @@ StudyFiles load_study(const ModelFile& model) {
     return files;
 }
 
-Problems placed_problems(const ModelFile& model, const StudySelection& selection) {
-    Problems problems = selection.problems;
+Problems placed_problems(const ModelFile& model, Problems problems,
+                         const std::vector<int>& effects) {
     for (std::size_t k = 0; k < problems.size(); ++k) {
-        const auto effect = static_cast<std::size_t>(selection.faulty_effects[k]);
-        problems[k].file = model.path;
-        if (effect < model.effect_places.size()) {
-            problems[k].line = model.effect_places[effect].line;
-            problems[k].column = model.effect_places[effect].column;
-        }
+        const auto effect = static_cast<std::size_t>(effects[k]);
+        const FilePlace at =
+            effect < model.effect_places.size() ? model.effect_places[effect] : FilePlace{};
+        problems[k].file = at.line > 0 ? model.path : kEffectsOption;
+        problems[k].line = at.line;
+        problems[k].column = at.column;
     }
     return problems;
 }

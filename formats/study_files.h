@@ -12,6 +12,7 @@ struct StudyFiles {
     Study study;
     NetworkFormat format = NetworkFormat::edge_list;
     NetworkCounts counts;
+    std::string standard_input;  // the text of a network that came from there
     // What was read and guessed, one line each, for the log and the terminal.
     std::vector<std::string> notes;
     Problems problems;
@@ -22,5 +23,7 @@ struct StudyFiles {
 // use are notes, and the attribute is left out. Whether the effects exist is not looked at.
 StudyFiles load_study(const ModelFile& model);
 
-// The problems of a selection with the places of their effects in the model file.
-Problems placed_problems(const ModelFile& model, const StudySelection& selection);
+// Problems of effects, each with the number of its effect, with the places where these stand: in
+// the model file, or in the option `--effects`.
+Problems placed_problems(const ModelFile& model, Problems problems,
+                         const std::vector<int>& effects);

@@ -125,8 +125,8 @@ void check_encoding(TextFile& file) {
         .file = file.path,
         .found = std::move(found),
         .expected = kTextExpected,
-        .mend = "save the file as UTF-8, or convert it: iconv -f WINDOWS-1252 -t UTF-8 " +
-                file.path + " > utf8.txt"};
+        .mend = "save the file as UTF-8, or convert it: iconv -f WINDOWS-1252 -t UTF-8 '" +
+                file.path + "' > utf8.txt"};
     place_at(problem, file.text, at);
     file.text.clear();
     file.problems.push_back(std::move(problem));
@@ -201,7 +201,7 @@ void check_text(TextFile& file) {
 
 TextFile read_text_file(const std::string& path) {
     TextFile file;
-    file.path = path;
+    file.path = path == "-" ? kStandardInput : path;
     FileHandle handle;
     if (path != "-") {
         if (!check_kind(file)) {

@@ -15,6 +15,9 @@ struct TextFile {
     bool ok() const { return problems.empty(); }
 };
 
+// How messages call what comes from "-".
+constexpr const char* kStandardInput = "standard input";
+
 // Reads a file; "-" is standard input. A problem: no such file, a directory, an empty file, one
 // that is no text (a zero byte), text in another encoding than UTF-8, more than 4 GiB. What is no
 // text is found in the first block that shows it, before the rest is read.

@@ -54,12 +54,19 @@ struct FileTie {
     bool tied = true;
 };
 
+// An attribute of the actors as a network's file holds it.
+struct ActorColumn {
+    std::string name;
+    std::vector<std::string> values;  // one an actor, empty where it has none
+};
+
 struct TieTable {
     NameTable actors;
-    bool named = true;             // false: the actors' numbers are their places, 1 first
-    std::vector<FileTie> ties;     // as they stand
-    std::optional<bool> directed;  // what the format says
-    bool whole = false;            // a matrix: both cells of a dyad stand there
+    bool named = true;                 // false: the actors' numbers are their places, 1 first
+    std::vector<FileTie> ties;         // as they stand
+    std::optional<bool> directed;      // what the format says
+    bool whole = false;                // a matrix: both cells of a dyad stand there
+    std::vector<ActorColumn> columns;  // in the order of `actors`
     std::vector<std::string> notes;
 };
 

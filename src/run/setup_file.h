@@ -48,9 +48,12 @@ class ImpossibleCount : public std::runtime_error {
 // Reads the whole file. An unknown mode or kind ends it after the head. Throws ImpossibleCount.
 SetupFile read_setup(const std::string& path, SetupTrace* trace = nullptr);
 
-// Writes a setup file that reads as these settings and this model. Names and paths are written as
-// they stand: they must not begin with white space or hold a line feed, and an empty one is written
-// as "-", because a line that is read is never empty.
+// The text of a setup file that reads as these settings and this model. Names and paths are written
+// as they stand: they must not begin with white space or hold a line feed, and an empty one is
+// written as "-", because a line that is read is never empty.
+std::string setup_text(const RunSettings& settings, const EffectSelection& selection);
+
+// Writes that text.
 void write_setup(const RunSettings& settings, const EffectSelection& selection, TextWriter out);
 
 // The console echoes of the undirected section readers; a directed setup has none.

@@ -1,5 +1,7 @@
 // Setup files written: the reader's way back.
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
 #include "run/setup_walk.h"
 
@@ -7,8 +9,7 @@ namespace {
 
 class SetupWriter {
   public:
-    SetupWriter(const EffectSelection& selection, TextWriter out)
-        : selection_(selection), out_(std::move(out)) {}
+    explicit SetupWriter(const EffectSelection& selection) : selection_(selection) {}
 
     // Numbers have as many digits as bring the same value back.
     bool item(const SetupKey& key, int& value) { return number(key, "%d", value); }
@@ -18,28 +19,29 @@ class SetupWriter {
     bool item(const SetupKey& key, double& value) { return number(key, "%.17g", value); }
     bool item(const SetupKey& key, std::string& value) {
         begin(key);
-        out_.text(value.empty() ? "-" : value);
+        text_ += value.empty() ? "-" : value;
         return true;
     }
     void check_count(int) const {}
-    void finish() { out_.text("\n"); }
+    const std::string& text() const { return text_; }
 
   private:
     template <class Value>
     bool number(const SetupKey& key, const char* format, Value value) {
+        constexpr std::size_t kLongest = 64;
+        std::array<char, kLongest> digits{};
         begin(key);
-        out_.print(format, value);
+        std::snprintf(digits.data(), digits.size(), format, value);
+        text_ += digits.data();
         return true;
     }
 
     // A label begins a line; what has none stands behind the value before it.
     void begin(const SetupKey& key) {
         if (setup_item(key.id).lead == SetupLead::label) {
-            out_.text(first_ ? "" : "\n");
-            out_.text(label(key));
-            first_ = false;
+            text_ += (text_.empty() ? "" : "\n") + label(key);
         }
-        out_.text(" ");
+        text_ += " ";
     }
 
     // One word: a row is labelled by its effect, any other item by its name.
@@ -63,19 +65,22 @@ class SetupWriter {
     }
 
     const EffectSelection& selection_;
-    TextWriter out_;
-    bool first_ = true;
+    std::string text_;
 };
 
 }  // namespace
 
-void write_setup(const RunSettings& settings, const EffectSelection& selection, TextWriter out) {
+std::string setup_text(const RunSettings& settings, const EffectSelection& selection) {
     SetupFile setup{true, settings, selection};
-    SetupWriter writer(selection, std::move(out));
+    SetupWriter writer(selection);
     SetupWalk walk(setup, writer);
     walk.head();
     if (selection.catalogue != nullptr) {
         walk.body();
     }
-    writer.finish();
+    return writer.text() + "\n";
+}
+
+void write_setup(const RunSettings& settings, const EffectSelection& selection, TextWriter out) {
+    out.text(setup_text(settings, selection));
 }

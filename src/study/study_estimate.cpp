@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "estimation/estimator.h"
+#include "study/estimability.h"
 #include "study/study_chain.h"
 
 namespace {
@@ -266,6 +267,9 @@ StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::
     describe_model(run, resolved, estimate);
     estimate.dependent = dependent_dyadic_effects(study, resolved);
     estimate.infinite = infinite_dyadic_estimates(study, resolved);
+    for (const InfiniteEstimate& each : least_counts(study, resolved)) {
+        estimate.infinite.push_back(each);
+    }
     if (!estimate.dependent.empty() || !estimate.infinite.empty()) {
         estimate.verdict = StudyVerdict::not_identified;
     } else {

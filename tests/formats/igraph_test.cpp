@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "formats/network_writer.h"
+#include "formats/study_files.h"
 #include "support/scratch_directory.h"
 
 namespace {
@@ -102,6 +103,57 @@ TEST_F(Formats, WhatCannotBeParsedIsAProblemWithItsLine) {
     EXPECT_FALSE(read_as("a.graphml", "<graphml><graph>").ok());
     EXPECT_FALSE(read_as("a.gml", "graph [ node [ id 1 ] edge [ source 1 target 7 ] ]").ok());
     EXPECT_FALSE(read_as("a.net", "just words\n").ok());
+}
+
+constexpr const char* kMembers =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<graphml xmlns=\"http://graphml.graphdrawing.org/xmlns\">\n"
+    "<key id=\"n\" for=\"node\" attr.name=\"name\" attr.type=\"string\"/>\n"
+    "<key id=\"s\" for=\"node\" attr.name=\"sex\" attr.type=\"string\"/>\n"
+    "<key id=\"a\" for=\"node\" attr.name=\"age\" attr.type=\"double\"/>\n"
+    "<graph edgedefault=\"undirected\">\n"
+    "<node id=\"x\"><data key=\"n\">10</data><data key=\"s\">f</data><data "
+    "key=\"a\">21.5</data></node>\n"
+    "<node id=\"y\"><data key=\"n\">9</data><data key=\"s\">m</data><data "
+    "key=\"a\">30</data></node>\n"
+    "<node id=\"z\"><data key=\"n\">8</data><data key=\"s\">f</data></node>\n"
+    "<edge source=\"x\" target=\"y\"/>\n</graph>\n</graphml>\n";
+
+TEST_F(Formats, AttributesOfActorsAreReadWithTheNetwork) {
+    const NetworkFile file = read_as("members.graphml", kMembers);
+    ASSERT_TRUE(file.ok()) << problems_of(file);
+    // Numbers come in ascending order, and their attributes with them.
+    ASSERT_EQ(file.network.actors, (ActorList{"8", "9", "10"}));
+    ASSERT_EQ(file.columns.size(), 2U);
+    EXPECT_EQ(file.columns[0].name, "sex");
+    EXPECT_EQ(file.columns[0].values, (std::vector<std::string>{"f", "m", "f"}));
+    EXPECT_EQ(file.columns[1].values, (std::vector<std::string>{"", "30", "21.5"}));
+}
+
+TEST_F(Formats, AttributesOfTheNetworksFileServeAModel) {
+    const ScratchDirectory scratch;
+    ModelFile model;
+    model.network.file = scratch.write("members.graphml", kMembers);
+    add_effects("edge,same(sex)", model);
+    const StudyFiles files = load_study(model);
+    ASSERT_TRUE(files.ok()) << problem_text(files.problems[0]);
+    // The age of one is missing: it is left out, for the model does not use it.
+    ASSERT_EQ(files.study.attributes.size(), 1U);
+    EXPECT_EQ(files.study.attributes[0].values, (std::vector<double>{0, 1, 0}));
+    model.model = {};
+    model.effect_places.clear();
+    add_effects("edge,sum(age)", model);
+    const StudyFiles missing = load_study(model);
+    ASSERT_FALSE(missing.ok());
+    EXPECT_NE(problem_text(missing.problems[0]).find("actor `8`, column `age`"), std::string::npos)
+        << problem_text(missing.problems[0]);
+    model.network.nodes = scratch.write("nodes.csv", "name,age\n8,1\n9,2\n10,4\n");
+    const StudyFiles other = load_study(model);
+    ASSERT_TRUE(other.ok()) << problem_text(other.problems[0]);
+    EXPECT_EQ(other.study.attributes.size(), 1U);
+    EXPECT_TRUE(std::any_of(other.notes.begin(), other.notes.end(), [](const std::string& note) {
+        return note.find("attributes in its file were not read") != std::string::npos;
+    }));
 }
 
 TEST(Writing, EdgeListsHaveAHeadAndQuotes) {

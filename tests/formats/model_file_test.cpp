@@ -249,7 +249,8 @@ TEST_F(StudyFromFiles, EffectsThatAreNoneAreToldByTheirPlace) {
               "\"triangel\"]\n"));
     const StudyFiles files = load_study(model);
     ASSERT_TRUE(files.ok()) << problems_of(files.problems);
-    const Problems problems = placed_problems(model, study_selection(files.study));
+    const StudySelection resolved = study_selection(files.study);
+    const Problems problems = placed_problems(model, resolved.problems, resolved.faulty_effects);
     ASSERT_EQ(problems.size(), 1U);
     EXPECT_EQ(problems[0].line, 6);
     EXPECT_EQ(problems[0].column, 4);

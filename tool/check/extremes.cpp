@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "study/estimability.h"
+
 namespace {
 
 // Statistics are sums in floating point: this small is 0, since counts and alternating sums that
@@ -47,18 +49,11 @@ std::vector<Bounds> find_bounds(LoadedModel<Network>& model,
     return bounds;
 }
 
-// Effects that subtract one count from another.
-bool is_difference(const ModelEffect& effect) {
-    constexpr std::string_view kDifferences[] = {"two3star", "one2triangle", "one2et", "AC"};
-    return std::find(std::begin(kDifferences), std::end(kDifferences), effect.facts->name) !=
-           std::end(kDifferences);
-}
-
 // Whether the effect counts something, so that its statistic is never below 0. Of effects of
 // attributes only those of coded values are sure to: other values may be negative.
 bool is_count(const ModelEffect& effect, const EffectSelection& selection) {
     if (effect.flag.id == SetupId::structural_flag) {
-        return !is_difference(effect);
+        return !is_difference(*effect.facts);
     }
     if (effect.flag.group == AttributeGroup::categorical) {
         return true;

@@ -19,8 +19,10 @@ void print_finding(const Finding& finding, const Screen& out) {
     const std::string severity = finding.severity == Severity::error
                                      ? painted(out, Colour::red, "error")
                                      : painted(out, Colour::yellow, "warning");
-    print(out.stream, "{}{}: {}: {}\n", where.file,
-          where.line > 0 ? fmt::format(":{}", where.line) : "", severity, where.field);
+    print(out.stream, "{}{}{}{}{}{}{}\n", where.file,
+          where.line > 0 ? fmt::format(":{}", where.line) : "",
+          where.line > 0 && where.column > 0 ? fmt::format(":{}", where.column) : "",
+          where.file.empty() ? "" : ": ", severity, where.field.empty() ? "" : ": ", where.field);
     print_line(out.stream, "found:", finding.found);
     print_line(out.stream, "expected:", finding.expected);
     print_line(out.stream, "to mend:", finding.mend);

@@ -8,11 +8,12 @@
 
 enum class Severity { error, warning };
 
-// Where a finding stands: `line` counts from 1, 0 for the file as a whole.
+// Where a finding stands: `line` and `column` count from 1, 0 for the file or the line as a whole.
 struct Where {
-    std::string file;
+    std::string file = {};
     int line = 0;
-    std::string field;
+    std::string field = {};
+    int column = 0;
 };
 
 struct Finding {
@@ -37,7 +38,8 @@ int count_findings(const Findings& findings, Severity severity);
 // "2 errors, 1 warning".
 std::string findings_summary(const Findings& findings);
 
-// Each finding as "FILE:LINE: error: FIELD" and three indented lines.
+// Each finding as "FILE:LINE:COLUMN: error: FIELD" and three indented lines; without what it has
+// not.
 void print_findings(const Findings& findings, bool with_warnings, const Screen& out);
 
 // The text in quotation marks, shortened, characters that do not print as escapes.

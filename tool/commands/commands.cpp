@@ -6,6 +6,8 @@
 
 #include "terminal/similar.h"
 
+extern const Command kNewCommand;
+extern const Command kConvertCommand;
 extern const Command kEstimateCommand;
 extern const Command kRunCommand;
 extern const Command kSimulateCommand;
@@ -15,8 +17,9 @@ extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {&kEstimateCommand, &kSimulateCommand, &kEffectsCommand,
-                                  &kCheckCommand,    &kRunCommand,      &kHelpCommand};
+constexpr std::array kCommands = {&kNewCommand,     &kEstimateCommand, &kSimulateCommand,
+                                  &kConvertCommand, &kEffectsCommand,  &kCheckCommand,
+                                  &kRunCommand,     &kHelpCommand};
 
 }  // namespace
 

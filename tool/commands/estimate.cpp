@@ -9,7 +9,6 @@
 #include "commands/run_log.h"
 #include "commands/study_input.h"
 #include "commands/verdicts.h"
-#include "formats/model_writer.h"
 #include "show/result_csv.h"
 #include "show/result_json.h"
 #include "show/result_table.h"
@@ -157,14 +156,7 @@ StudyInput read_input(const EstimateOptions& options) {
     estimation.attempts = static_cast<int>(options.attempts.value_or(estimation.attempts));
     estimation.multiplication =
         static_cast<int>(options.multiplication.value_or(estimation.multiplication));
-    StudyInput input = read_study(std::move(model));
-    if (input.ok()) {
-        input.problems = estimation_problems(input.files.study);
-        for (Problem& problem : input.problems) {
-            problem.file = input.model.path;
-        }
-    }
-    return input;
+    return read_study_to_estimate(std::move(model));
 }
 
 int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
@@ -173,7 +165,7 @@ int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& 
     settled.settings.estimation.method = EstimationMethod::stochastic_approximation;
     const std::string words = model_words(options.model);
     RunLog log("ovri estimate " + words, input);
-    folder.write("model.toml", model_text(settled, folder.directory()));
+    write_model(settled, input, folder);
     folder.write("run.log", log.text());
     const std::optional<StudyEstimate> found =
         perform(input, seed, !options.quiet && is_terminal(stderr));

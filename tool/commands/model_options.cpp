@@ -31,6 +31,13 @@ void keep_values(const StudyModel& from, StudyModel& to) {
 
 void add_model(CLI::App& app, ModelOptions& options, const std::string& word) {
     add_word(app, word, options.model, "The model file, or - for standard input.");
+    add_data(app, options);
+    add_number(app, "--seed", options.seed,
+               "Draw from seed N. Without it one is chosen; it is always shown and recorded.");
+    add_number(app, "--threads", options.threads, "Use at most N threads; results do not change.");
+}
+
+void add_data(CLI::App& app, ModelOptions& options) {
     add_text(app, "--network", options.network, "FILE",
              "The network, in place of the model file's or without one.");
     add_text(app, "--nodes", options.nodes, "FILE", "The actors and their attributes.");
@@ -38,12 +45,13 @@ void add_model(CLI::App& app, ModelOptions& options, const std::string& word) {
         app, "--effects", options.effects, "LIST",
         "The model's effects, separated by commas: edge,AT(2). Parentheses need quotes in most "
         "shells.");
-    CLI::Option& directed =
-        add_flag(app, "--directed", options.directed, "The network's ties have a direction.");
-    exclude(add_flag(app, "--undirected", options.undirected, "They have none."), directed);
-    add_number(app, "--seed", options.seed,
-               "Draw from seed N. Without it one is chosen; it is always shown and recorded.");
-    add_number(app, "--threads", options.threads, "Use at most N threads; results do not change.");
+    add_direction(app, options.directed, options.undirected);
+}
+
+void add_direction(CLI::App& app, bool& directed, bool& undirected) {
+    CLI::Option& option =
+        add_flag(app, "--directed", directed, "The network's ties have a direction.");
+    exclude(add_flag(app, "--undirected", undirected, "They have none."), option);
 }
 
 std::string model_mistake(const ModelOptions& options) {

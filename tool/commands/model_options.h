@@ -25,6 +25,12 @@ struct ModelOptions {
 // `word` is what the help calls the model: "MODEL".
 void add_model(CLI::App& app, ModelOptions& options, const std::string& word);
 
+// The options of add_model that name data and effects: what may stand in place of a model file.
+void add_data(CLI::App& app, ModelOptions& options);
+
+// --directed and --undirected.
+void add_direction(CLI::App& app, bool& directed, bool& undirected);
+
 // What the words leave out or say twice; empty when they name a model.
 std::string model_mistake(const ModelOptions& options);
 

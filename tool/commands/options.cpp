@@ -5,6 +5,9 @@
 #include <charconv>
 #include <map>
 
+#include "formats/host_run.h"
+#include "formats/text_file.h"
+
 namespace {
 
 // "auto, always or never".
@@ -30,6 +33,9 @@ std::vector<std::string> choices_of(const std::string& value) {
     }
     if (value == "WHEN") {
         return {"auto", "always", "never"};
+    }
+    if (value == "RUN") {
+        return run_mode_names();
     }
     return value == "SHELL" ? std::vector<std::string>{"bash", "zsh"} : std::vector<std::string>{};
 }
@@ -113,6 +119,26 @@ void add_shell(CLI::App& app, std::string& shell) {
     add_checked_text(app, "--completion", take, "SHELL",
                      "Print the script by which the shell completes command lines: " +
                          listed_choices("SHELL") + ".");
+}
+
+void add_threshold(CLI::App& app, std::optional<double>& threshold) {
+    const auto take = [&threshold](const std::string& word) -> std::string {
+        threshold = number_of(word);
+        return threshold ? "" : "takes a number, not `" + word + "`";
+    };
+    add_checked_text(app, "--threshold", take, "X",
+                     "Weights of at least X are ties, the others are not.");
+}
+
+void add_run_mode(CLI::App& app, std::optional<RunMode>& mode) {
+    const auto take = [&mode](const std::string& word) -> std::string {
+        mode = run_mode_of(word);
+        return mode ? "" : wrong_choice("RUN", word);
+    };
+    add_checked_text(app, "--run", take, "RUN",
+                     "What the setup file asks for: " + listed_choices("RUN") +
+                         ". Without it what the model file says under [host], else an "
+                         "estimation.");
 }
 
 void add_quiet(CLI::App& app, bool& quiet) {

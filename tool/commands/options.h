@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/run_mode.h"
 #include "commands/results_folder.h"
 #include "formats/network_file.h"
 #include "terminal/terminal.h"
@@ -63,6 +64,12 @@ void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFor
 
 // --completion SHELL: the shell, "bash" or "zsh".
 void add_shell(CLI::App& app, std::string& shell);
+
+// --threshold X.
+void add_threshold(CLI::App& app, std::optional<double>& threshold);
+
+// --run KIND, of a setup file.
+void add_run_mode(CLI::App& app, std::optional<RunMode>& mode);
 
 // -q, --quiet.
 void add_quiet(CLI::App& app, bool& quiet);

@@ -9,7 +9,6 @@
 #include "commands/results_folder.h"
 #include "commands/run_log.h"
 #include "commands/study_input.h"
-#include "formats/model_writer.h"
 #include "formats/network_writer.h"
 #include "formats/text_file.h"
 #include "show/result_csv.h"
@@ -236,7 +235,7 @@ void show(const ResultRecord& result, const std::string& sample, const SimulateO
 int run_study(StudyInput& input, const SimulateOptions& options, ResultsFolder& folder) {
     const std::uint32_t seed = settle_seed(input);
     RunLog log("ovri simulate " + model_words(options.model), input);
-    folder.write("model.toml", model_text(settled_model(input), folder.directory()));
+    write_model(settled_model(input), input, folder);
     if (!folder.make("networks")) {
         return tell_failures(folder);
     }

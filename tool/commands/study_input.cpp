@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <random>
 
+#include "formats/model_writer.h"
 #include "run/memory_estimate.h"
+#include "study/estimability.h"
 #include "study/names.h"
+#include "study/study_estimate.h"
 #include "terminal/machine.h"
 #include "terminal/print.h"
 
@@ -56,8 +59,25 @@ StudyInput read_study(ModelFile model) {
     }
     if (input.ok()) {
         input.resolved = study_selection(input.files.study);
-        input.problems = placed_problems(input.model, input.resolved);
+        input.problems =
+            placed_problems(input.model, input.resolved.problems, input.resolved.faulty_effects);
     }
+    return input;
+}
+
+StudyInput read_study_to_estimate(ModelFile model) {
+    StudyInput input = read_study(std::move(model));
+    if (!input.ok()) {
+        return input;
+    }
+    input.problems = estimation_problems(input.files.study);
+    for (Problem& problem : input.problems) {
+        problem.file = input.model.path;
+    }
+    const Estimability drifting = drifting_effects(input.files.study, input.resolved);
+    const Problems placed =
+        placed_problems(input.model, drifting.problems, drifting.faulty_effects);
+    input.problems.insert(input.problems.end(), placed.begin(), placed.end());
     return input;
 }
 
@@ -70,7 +90,8 @@ std::string network_summary(const StudyInput& input) {
 }
 
 void tell_notes(const StudyInput& input, const Screen& out) {
-    print(out.stream, "{}: {}\n", input.model.network.file, network_summary(input));
+    const std::string& file = input.model.network.file;
+    print(out.stream, "{}: {}\n", file == "-" ? kStandardInput : file, network_summary(input));
     for (const std::string& note : input.files.notes) {
         print(out.stream, "  {}\n", note);
     }
@@ -97,6 +118,15 @@ ModelFile settled_model(const StudyInput& input) {
     model.network.options.directed = input.files.study.network.directed;
     settle_types(input.files.study, model);
     return model;
+}
+
+void write_model(ModelFile settled, const StudyInput& input, ResultsFolder& folder) {
+    if (settled.network.file == "-") {
+        constexpr const char* kNetwork = "network.txt";
+        folder.write(kNetwork, input.files.standard_input);
+        settled.network.file = folder.path(kNetwork);
+    }
+    folder.write("model.toml", model_text(settled, folder.directory()));
 }
 
 ResultNetwork result_network(const StudyInput& input) {

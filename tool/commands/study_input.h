@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/results_folder.h"
 #include "formats/study_files.h"
 #include "show/result_record.h"
 #include "terminal/terminal.h"
@@ -19,6 +20,9 @@ struct StudyInput {
 // Reads all that the model names and looks up its effects.
 StudyInput read_study(ModelFile model);
 
+// The same with the problems that an estimation of the model has before it begins.
+StudyInput read_study_to_estimate(ModelFile model);
+
 // "34 actors, 78 ties, 2 without ties, density 0.1390, undirected".
 std::string network_summary(const StudyInput& input);
 
@@ -32,6 +36,10 @@ std::uint32_t settle_seed(StudyInput& input);
 // The model with all that was left open as it was found: seed, direction, format, the types of the
 // attributes that were read. Running it gives the same numbers.
 ModelFile settled_model(const StudyInput& input);
+
+// Writes model.toml of a results folder: the settled model as it was run. A network that came from
+// standard input is kept beside it, so that running it again needs nothing else.
+void write_model(ModelFile settled, const StudyInput& input, ResultsFolder& folder);
 
 ResultNetwork result_network(const StudyInput& input);
 

@@ -1,0 +1,57 @@
+#include "formats/host_run.h"
+
+#include <algorithm>
+#include <array>
+#include <variant>
+
+#include "run/setup_items.h"
+#include "study/names.h"
+
+namespace {
+
+struct ModeName {
+    RunMode mode;
+    const char* name;
+};
+constexpr std::array<ModeName, 4> kModes = {{{RunMode::simulation, "simulation"},
+                                             {RunMode::estimation, "estimation"},
+                                             {RunMode::fit, "gof"},
+                                             {RunMode::bayesian_fit, "bayesian-gof"}}};
+
+}  // namespace
+
+const char* run_mode_name(RunMode mode) {
+    return std::find_if(kModes.begin(), kModes.end(),
+                        [mode](const ModeName& each) { return each.mode == mode; })
+        ->name;
+}
+
+std::optional<RunMode> run_mode_of(const std::string& name) {
+    for (const ModeName& each : kModes) {
+        if (names_match(each.name, name)) {
+            return each.mode;
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> run_mode_names() {
+    std::vector<std::string> names;
+    for (const ModeName& each : kModes) {
+        names.emplace_back(each.name);
+    }
+    return names;
+}
+
+std::vector<OutputSwitchName> output_switch_names() {
+    std::vector<OutputSwitchName> names;
+    for (const SetupItem& item : setup_items()) {
+        if (const auto* member = std::get_if<bool OutputSwitches::*>(&item.member)) {
+            std::string name = item.name;
+            name.resize(name.rfind(" switch"));
+            std::replace(name.begin(), name.end(), ' ', '-');
+            names.push_back({name, *member});
+        }
+    }
+    return names;
+}

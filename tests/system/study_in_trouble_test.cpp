@@ -1,0 +1,150 @@
+// Estimations and simulations of models whose files cannot be written, or that a person ends.
+#include <filesystem>
+
+#include "support/child_process.h"
+#include "support/tool_runner.h"
+
+namespace {
+
+constexpr const char* kFriends =
+    "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nDot,Fay\nFay,Gus\nGus,Hal\n"
+    "Hal,Ida\nGus,Ida\nIda,Jon\nAnn,Dot\nBen,Hal\n";
+
+// Waits until the child catches Ctrl-C, then ends it by one.
+constexpr const char* kInterrupt =
+    "until [ $((0x$(sed -n 's/^SigCgt:\\t//p' /proc/$child/status) & 2)) -ne 0 ]\n"
+    "do sleep 0.01; done\n"
+    "sleep 0.1; kill -INT $child; wait $child; echo \"status $?\" >&2";
+
+class StudyInTrouble : public ToolTest {
+  protected:
+    StudyInTrouble() {
+        scratch.write("friends.csv", kFriends);
+        write_model("");
+    }
+    void write_model(const std::string& sections) const {
+        scratch.write("friends.toml",
+                      "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                      "[\"edge\", \"AS(2)\"]\nstart = { edge = -1, \"AS(2)\" = 0 }\n[run]\nseed = "
+                      "3\n" +
+                          sections);
+    }
+    void estimate_with(const std::string& settings) const {
+        write_model("[estimation]\nmethod = \"stochastic-approximation\"\n" + settings);
+    }
+    // A shell in which $OVRI stands for the tool and children can be interrupted.
+    ChildResult shell(const std::string& script) const {
+        ChildSetting setting;
+        setting.command = {"bash", "-c", "set -m\n" + script};
+        setting.directory = scratch.path();
+        setting.environment = {{"OVRI", OVRI_TOOL_PATH}};
+        return run_child(setting);
+    }
+};
+
+bool has(const std::string& text, const std::string& piece) {
+    return text.find(piece) != std::string::npos;
+}
+
+}  // namespace
+
+TEST_F(StudyInTrouble, AFolderThatCannotBeMadeStopsItBeforeItBegins) {
+    for (const char* command : {"estimate", "simulate"}) {
+        const ChildResult run =
+            shell(std::string("$OVRI ") + command + " friends.toml -o friends.csv/results");
+        EXPECT_EQ(run.status, 1) << run.errors;
+        EXPECT_TRUE(has(run.errors, "the results folder `friends.csv/results` cannot be made"))
+            << run.errors;
+    }
+    EXPECT_EQ(scratch.read("friends.csv"), kFriends);
+}
+
+TEST_F(StudyInTrouble, AnEstimationOnAFullDiskEndsInStatusThreeAndLooksIncomplete) {
+    estimate_with("attempts = 1\nsamples = 1000\n");
+    const ChildResult run = shell("ulimit -f 4; $OVRI estimate friends.toml -q");
+    EXPECT_EQ(run.status, 3) << run.output << run.errors;
+    EXPECT_TRUE(has(run.errors, "friends.results/sample.csv could not be written\n")) << run.errors;
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    EXPECT_FALSE(scratch.exists("friends.results/sample.csv"));
+    EXPECT_TRUE(scratch.exists("friends.results/model.toml"));
+}
+
+TEST_F(StudyInTrouble, ASimulationOnAFullDiskEndsInStatusThree) {
+    const ChildResult run =
+        shell("ulimit -f 4; $OVRI simulate friends.toml -q --samples 2000 --interval 10");
+    EXPECT_EQ(run.status, 3) << run.output << run.errors;
+    EXPECT_TRUE(has(run.errors, "could not be written\n")) << run.errors;
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+}
+
+TEST_F(StudyInTrouble, AFullStandardOutputEndsInStatusThreeWithTheResultsComplete) {
+    estimate_with("");
+    const ChildResult run = shell("$OVRI estimate friends.toml -q >/dev/full");
+    EXPECT_EQ(run.status, 3) << run.errors;
+    EXPECT_TRUE(has(run.errors, "standard output could not be written")) << run.errors;
+    EXPECT_TRUE(scratch.exists("friends.results/result.json"));
+}
+
+TEST_F(StudyInTrouble, AnInterruptedEstimationIsMarked) {
+    estimate_with("multiplication = 1000000\nsamples = 10000000\n");
+    const ChildResult run =
+        shell(std::string("$OVRI estimate friends.toml >/dev/null & child=$!\n") + kInterrupt);
+    EXPECT_TRUE(run.errors.ends_with("status 130\n")) << run.errors;
+    EXPECT_TRUE(has(run.errors, "interrupted; friends.results has no result.json")) << run.errors;
+    EXPECT_TRUE(scratch.exists("friends.results/model.toml"));
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    // The name is taken: what was interrupted stays as it is.
+    estimate_with("");
+    EXPECT_TRUE(has(shell("$OVRI estimate friends.toml").output, "results: friends.results.2\n"));
+}
+
+TEST_F(StudyInTrouble, AnInterruptedSimulationIsMarked) {
+    const ChildResult run = shell(
+        std::string("$OVRI simulate friends.toml --samples 50000000 >/dev/null & child=$!\n") +
+        kInterrupt);
+    EXPECT_TRUE(run.errors.ends_with("status 130\n")) << run.errors;
+    EXPECT_TRUE(has(run.errors, "interrupted; ")) << run.errors;
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+}
+
+TEST_F(StudyInTrouble, AStatisticThatNeverMovesIsNamed) {
+    // At this start no tie ever comes about.
+    scratch.write("friends.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\", \"AS(2)\"]\nstart = { edge = -60 }\n[estimation]\nmethod = "
+                  "\"stochastic-approximation\"\n");
+    const ChildResult run = shell("$OVRI estimate friends.toml --seed 1");
+    EXPECT_EQ(run.status, 5) << run.output << run.errors;
+    EXPECT_TRUE(has(run.output, "degenerate: do not use these estimates")) << run.output;
+    EXPECT_TRUE(has(run.output, "never moved")) << run.output;
+    EXPECT_TRUE(has(scratch.read("friends.results/result.json"), "\"verdict\": \"degenerate\""));
+}
+
+TEST_F(StudyInTrouble, ANetworkOfStandardInputIsKeptBesideItsModel) {
+    const ChildResult run = shell(
+        "$OVRI estimate --network - --undirected --effects 'edge,AS(2)' --seed 1 < friends.csv");
+    ASSERT_EQ(run.status, 0) << run.errors;
+    EXPECT_TRUE(has(run.errors, "standard input: 10 actors, 14 ties")) << run.errors;
+    EXPECT_TRUE(has(run.output, "results: model.results\n")) << run.output;
+    EXPECT_EQ(scratch.read("model.results/network.txt"), kFriends);
+    EXPECT_TRUE(has(scratch.read("model.results/model.toml"), "file = \"network.txt\"\n"));
+    ASSERT_EQ(shell("$OVRI estimate model.results/model.toml -o again").status, 0);
+    EXPECT_EQ(scratch.read("model.results/sample.csv"), scratch.read("again/sample.csv"));
+}
+
+TEST_F(StudyInTrouble, StandardInputIsReadOnce) {
+    scratch.write("nodes.csv", "name\nAnn\nBen\nCid\nDot\nEve\nFay\nGus\nHal\nIda\n");
+    // An actor is missing from the nodes file: told from what was read, not from a second reading.
+    const ChildResult run = shell(
+        "$OVRI check --network - --nodes nodes.csv --undirected --effects edge < friends.csv");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(has(run.output, "standard input:13: error: actor `Jon`")) << run.output;
+    const ChildResult both =
+        shell("$OVRI check --network - --nodes - --undirected --effects edge < friends.csv");
+    EXPECT_EQ(both.status, 1);
+    EXPECT_TRUE(has(both.output, "two files that come from standard input")) << both.output;
+    EXPECT_EQ(shell("$OVRI convert - - --undirected --to net 2>&1 < friends.csv").status, 2);
+    EXPECT_TRUE(
+        shell("$OVRI convert - - --undirected --to pajek < friends.csv").output.starts_with("*V"));
+    EXPECT_TRUE(has(shell("$OVRI new - -o - < friends.csv").output, "file = \"-\"\n"));
+}

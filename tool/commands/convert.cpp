@@ -1,0 +1,258 @@
+#include <memory>
+
+#include "check/checks.h"
+#include "commands/commands.h"
+#include "commands/model_options.h"
+#include "commands/new_files.h"
+#include "commands/options.h"
+#include "commands/setup_source.h"
+#include "commands/study_input.h"
+#include "formats/host_setup.h"
+#include "formats/network_writer.h"
+#include "formats/nodes.h"
+#include "formats/text_file.h"
+#include "show/setup_listing.h"
+#include "study/names.h"
+#include "terminal/print.h"
+
+namespace {
+
+struct ConvertOptions {
+    std::string in;
+    std::string out;
+    std::string nodes;
+    std::optional<NetworkFormat> from;
+    std::optional<NetworkFormat> to;
+    std::optional<double> threshold;
+    std::optional<RunMode> run;
+    bool directed = false;
+    bool undirected = false;
+    bool explain = false;
+    bool overwrite = false;
+    bool quiet = false;
+    ColourChoice colour = ColourChoice::automatic;
+};
+
+// The format that is asked for, or that the path names: a .txt is a matrix, any other an edge list.
+NetworkFormat format_of_output(const ConvertOptions& options) {
+    if (options.to) {
+        return *options.to;
+    }
+    return format_of_path(options.out)
+        .value_or(path_extension(options.out) == "txt" ? NetworkFormat::matrix
+                                                       : NetworkFormat::edge_list);
+}
+
+NetworkFile read_input(const ConvertOptions& options) {
+    NetworkOptions reading{
+        .format = options.from, .threshold = options.threshold, .guess_direction = true};
+    if (options.directed || options.undirected) {
+        reading.directed = options.directed;
+    }
+    if (options.nodes.empty()) {
+        return read_network(options.in, reading, nullptr);
+    }
+    const NodesFile nodes = read_nodes(options.nodes, {});
+    if (!nodes.ok()) {
+        NetworkFile none;
+        none.problems = nodes.problems;
+        return none;
+    }
+    return read_network(options.in, reading, &nodes.actors);
+}
+
+void tell_lines(const std::string& about, const std::vector<std::string>& notes,
+                const ConvertOptions& options) {
+    for (const std::string& note : notes) {
+        if (!options.quiet) {
+            print(stderr, "{}: {}\n", about, note);
+        }
+    }
+}
+
+int convert_network(const ConvertOptions& options) {
+    const NetworkFile network = read_input(options);
+    if (!network.ok()) {
+        tell_problems(network.problems, screen_on(stderr, options.colour));
+        return kErrorsFound;
+    }
+    const NetworkFormat format = format_of_output(options);
+    tell_lines(options.in, network.notes, options);
+    if (!network.columns.empty()) {
+        std::vector<std::string> names;
+        for (const ActorColumn& column : network.columns) {
+            names.push_back(column.name);
+        }
+        tell_lines(options.out, {"attributes of the actors were left out: " + listed_names(names)},
+                   options);
+    }
+    if (format == NetworkFormat::edge_list && network.counts.isolates > 0) {
+        tell_lines(options.out,
+                   {fmt::format("an edge list leaves out actors without ties: {}",
+                                network.counts.isolates)},
+                   options);
+    }
+    return write_new_files({{options.out, network_text(network.network, format)}});
+}
+
+// Writes all or nothing, and tells the paths.
+int write_parts(const HostFiles& made, const ConvertOptions& options) {
+    if (!made.ok()) {
+        tell_problems(made.problems, screen_on(stderr, options.colour));
+        return kErrorsFound;
+    }
+    std::vector<std::string> paths;
+    std::vector<NewFile> files;
+    for (const TextPart& part : made.files) {
+        paths.push_back(part.path);
+        files.push_back({part.path, part.text});
+    }
+    if (tell_existing(paths, options.overwrite)) {
+        return kErrorsFound;
+    }
+    tell_lines(options.out, made.notes, options);
+    const int status = write_new_files(files);
+    for (const std::string& path : paths) {
+        if (status == kDone) {
+            print(stdout, "{}\n", path);
+        }
+    }
+    return status;
+}
+
+int convert_model(const ConvertOptions& options) {
+    ModelOptions words;
+    words.model = options.in;
+    words.nodes = options.nodes;
+    words.directed = options.directed;
+    words.undirected = options.undirected;
+    StudyInput input = read_study(model_of(words));
+    if (!input.ok()) {
+        tell_problems(input.problems, screen_on(stderr, options.colour));
+        return kErrorsFound;
+    }
+    if (!options.quiet) {
+        tell_notes(input, screen_on(stderr, options.colour));
+    }
+    if (options.run) {
+        HostRun& host = input.model.host ? *input.model.host : input.model.host.emplace(HostRun{});
+        host.mode = *options.run;
+    }
+    return write_parts(setup_of_study(input.model, input.files.study, input.resolved, options.out),
+                       options);
+}
+
+// What keeps the setup file from being read as meant; what only its run would stumble over is left
+// to the check of the run.
+Findings reading_errors(SetupView& view) {
+    Findings findings;
+    check_setup(view, findings);
+    if (count_findings(findings, Severity::error) > 0 ||
+        view.setup.selection.catalogue == nullptr) {
+        return findings;
+    }
+    const RunSettings& settings = view.setup.settings;
+    if (find_item(view, SetupId::network_file) != nullptr) {
+        check_network(view, SetupId::network_file, settings.network_path, findings);
+    }
+    if (find_item(view, SetupId::free_dyads_file) != nullptr) {
+        check_network(view, SetupId::free_dyads_file, settings.free_dyads_path, findings);
+    }
+    check_attributes(view, findings);
+    check_covariates(view, findings);
+    return findings;
+}
+
+int convert_setup(const ConvertOptions& options) {
+    const SetupSource source(options.in);
+    SetupView view = read_view(source.path(), "", source.name());
+    const Findings findings = reading_errors(view);
+    if (count_findings(findings, Severity::error) > 0) {
+        print_findings(findings, false, screen_on(stderr, options.colour));
+        return kErrorsFound;
+    }
+    return write_parts(model_of_setup(view.setup, view.path, options.out), options);
+}
+
+int explain_setup(const ConvertOptions& options) {
+    const SetupSource source(options.in);
+    SetupView view = read_view(source.path(), "", source.name());
+    if (!view.problem.empty()) {
+        print(stderr, "ovri: {}: {}\n", view.path, view.problem);
+        return kErrorsFound;
+    }
+    Findings findings;
+    check_setup(view, findings);
+    return write_new_files({{options.out, setup_listing(view, findings)}});
+}
+
+int convert(const ConvertOptions& options) {
+    if (tell_existing({options.out}, options.overwrite)) {
+        return kErrorsFound;
+    }
+    const bool from_model = path_extension(options.in) == "toml";
+    const bool to_model = path_extension(options.out) == "toml";
+    if (options.explain) {
+        return explain_setup(options);
+    }
+    if ((from_model || to_model) && options.out == "-") {
+        print(stderr, "ovri: a setup file has data files beside it: name OUT, such as net.setup\n");
+        return kNotUnderstood;
+    }
+    return from_model ? convert_model(options)
+           : to_model ? convert_setup(options)
+                      : convert_network(options);
+}
+
+std::function<int()> declare_convert(CLI::App& app) {
+    const auto options = std::make_shared<ConvertOptions>();
+    add_needed_word(app, "IN", options->in,
+                    "The network, model file or setup file to read, or - for standard input.");
+    add_needed_word(app, "OUT", options->out, "The file to write, or - for standard output.");
+    add_format(app, "--from", options->from, "Format of IN, where its name does not tell.");
+    add_format(app, "--to", options->to, "Format of OUT, where its name does not tell.");
+    add_text(app, "--nodes", options->nodes, "FILE", "The actors, with those that have no ties.");
+    add_direction(app, options->directed, options->undirected);
+    add_threshold(app, options->threshold);
+    add_run_mode(app, options->run);
+    add_flag(app, "--explain", options->explain,
+             "Write the setup file IN with a comment on every line.");
+    add_flag(app, "--overwrite", options->overwrite, "Write files even if they are there.");
+    add_quiet(app, options->quiet);
+    add_colour(app, options->colour);
+    return [options] { return convert(*options); };
+}
+
+}  // namespace
+
+extern const Command kConvertCommand = {
+    .name = "convert",
+    .summary = "networks between formats; a model file to a setup file and back",
+    .examples = R"(
+  ovri convert karate.csv karate.graphml
+  ovri convert examples/karate/karate.txt karate.net
+  ovri convert karate.gml - --to edge-list
+  ovri convert karate.toml karate.setup
+  ovri convert examples/karate/karate.setup karate.toml
+  ovri convert examples/karate/karate.setup - --explain
+)",
+    .details = R"(
+Networks: the formats are told by the names' extensions, by content, or by
+--from and --to. A .txt is written as a matrix. Without a word on direction it is
+guessed from the ties. Actors keep their names; an edge list alone leaves out
+actors without ties.
+
+Where IN ends in .toml it is a model file, and OUT becomes a host's setup file;
+where OUT ends in .toml, IN is a setup file. Data files are written beside OUT,
+with its name: OUT_network.txt and so on. The way there and back asks for the
+same run, byte for byte: what only a setup file says stands in the model file's
+section [host]. Paths in a setup file are as seen from the current directory.
+
+--explain writes a setup file for reading: each line with the names of its values
+and what they mean, and what is wrong or surprising behind the last.
+)",
+    .statuses = R"(
+Exit status: 0 done; 1 IN cannot be read or OUT exists, and nothing was written;
+2 the command line was not understood; 3 OUT could not be written.
+)",
+    .declare = declare_convert};
