@@ -373,8 +373,8 @@ void read_dyads_section(SectionReader reader, ModelFile& model) {
 
 void read_estimation_section(SectionReader reader, ModelFile& model) {
     StudyEstimation& estimation = model.settings.estimation;
-    reader.check_keys({"method", "attempts", "precision", "time_limit", "subphases", "gain",
-                       "multiplication", "samples"});
+    reader.check_keys({"method", "attempts", "precision", "time_limit", "chains", "subphases",
+                       "gain", "multiplication", "samples"});
     std::string method;
     reader.text("method", method);
     if (!method.empty()) {
@@ -388,8 +388,9 @@ void read_estimation_section(SectionReader reader, ModelFile& model) {
         }
     }
     reader.whole("attempts", estimation.attempts, {1, 1000});
-    reader.number("precision", estimation.precision, {1e-6, 1});
+    reader.number("precision", estimation.precision, {0, 1});
     reader.number("time_limit", estimation.time_limit, {0, 1e9});
+    reader.whole("chains", estimation.chains, {1, 1000});
     reader.whole("subphases", estimation.subphases, {1, 20});
     reader.number("gain", estimation.gain, {1e-6, 10});
     reader.whole("multiplication", estimation.multiplication, {1, 1000000});

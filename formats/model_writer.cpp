@@ -124,6 +124,7 @@ void write_settings(ModelText& out, const StudySettings& settings) {
     out.whole("attempts", estimation.attempts);
     out.number("precision", estimation.precision);
     out.number("time_limit", estimation.time_limit);
+    out.whole("chains", estimation.chains);
     out.whole("subphases", estimation.subphases);
     out.number("gain", estimation.gain);
     out.whole("multiplication", estimation.multiplication);

@@ -7,32 +7,12 @@
 
 namespace {
 
-// The effects whose change is the same in every network.
-template <class Network>
-std::vector<std::size_t> dyadic_effects(const StudySelection& resolved) {
-    const EffectSelection& selection = resolved.selection;
-    std::vector<char> dyadic(resolved.places.size(), 0);
-    const auto mark = [&](int place, Dependence dependence) {
-        for (std::size_t k = 0; k < resolved.places.size(); ++k) {
-            if (resolved.places[k] == place) {
-                dyadic[k] = dependence == Dependence::none ? 1 : 0;
-            }
-        }
-    };
-    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
-        if (selection.structural[id].position >= 0) {
-            mark(selection.structural[id].position,
-                 selection.catalogue->effects[id].facts.dependence);
-        }
-    }
-    for_each_attribute_effect(selection, [&](AttributeGroup group, int row, int, int place) {
-        mark(place, group_catalogue(*selection.catalogue, group)
-                        .effects[static_cast<std::size_t>(row)]
-                        .facts.dependence);
-    });
+// The effects to estimate whose change is the same in every network.
+std::vector<std::size_t> dyadic_effects(const Study& study, const StudySelection& resolved) {
+    const std::vector<Dependence> dependences = effect_dependences(resolved);
     std::vector<std::size_t> effects;
-    for (std::size_t k = 0; k < dyadic.size(); ++k) {
-        if (dyadic[k] != 0) {
+    for (std::size_t k = 0; k < dependences.size(); ++k) {
+        if (dependences[k] == Dependence::none && !study.model.effects[k].fixed) {
             effects.push_back(k);
         }
     }
@@ -79,7 +59,7 @@ void for_each_dyad(const Study& study, StudySelection& resolved,
 
 template <class Network>
 DependentSet dependent(const Study& study, StudySelection& resolved) {
-    const std::vector<std::size_t> effects = dyadic_effects<Network>(resolved);
+    const std::vector<std::size_t> effects = dyadic_effects(study, resolved);
     const int p = static_cast<int>(effects.size());
     Matrix products = matrix_create(p, p, 0.0);
     for_each_dyad<Network>(study, resolved, effects, [&](bool, const std::vector<double>& change) {
@@ -99,7 +79,7 @@ DependentSet dependent(const Study& study, StudySelection& resolved) {
 
 template <class Network>
 std::vector<InfiniteEstimate> infinite(const Study& study, StudySelection& resolved) {
-    const std::vector<std::size_t> effects = dyadic_effects<Network>(resolved);
+    const std::vector<std::size_t> effects = dyadic_effects(study, resolved);
     // Whether some dyad's word speaks against the statistic being at its least, at its greatest.
     std::vector<char> above_least(effects.size(), 0);
     std::vector<char> below_greatest(effects.size(), 0);
@@ -121,6 +101,30 @@ std::vector<InfiniteEstimate> infinite(const Study& study, StudySelection& resol
 }
 
 }  // namespace
+
+std::vector<Dependence> effect_dependences(const StudySelection& resolved) {
+    const EffectSelection& selection = resolved.selection;
+    std::vector<Dependence> dependences(resolved.places.size(), Dependence::other_dyads);
+    const auto mark = [&](int place, Dependence dependence) {
+        for (std::size_t k = 0; k < resolved.places.size(); ++k) {
+            if (resolved.places[k] == place) {
+                dependences[k] = dependence;
+            }
+        }
+    };
+    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
+        if (selection.structural[id].position >= 0) {
+            mark(selection.structural[id].position,
+                 selection.catalogue->effects[id].facts.dependence);
+        }
+    }
+    for_each_attribute_effect(selection, [&](AttributeGroup group, int row, int, int place) {
+        mark(place, group_catalogue(*selection.catalogue, group)
+                        .effects[static_cast<std::size_t>(row)]
+                        .facts.dependence);
+    });
+    return dependences;
+}
 
 DependentSet dependent_set(const Matrix& products) {
     constexpr double kTiny = 1e-9;

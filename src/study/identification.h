@@ -7,6 +7,9 @@
 #include "base/matrix.h"
 #include "study/study_selection.h"
 
+// What the change of each effect depends on, in the order of the study's model.
+std::vector<Dependence> effect_dependences(const StudySelection& resolved);
+
 // Effects, by their numbers in the study's model, of which one is a linear combination of the
 // others; a single one is a statistic that never changes.
 using DependentSet = std::vector<int>;
@@ -16,7 +19,8 @@ using DependentSet = std::vector<int>;
 DependentSet dependent_set(const Matrix& products);
 
 // The same for effects whose change on a dyad does not depend on the rest of the network: what
-// holds for every dyad that may change holds for every network. O(n^2 p^2).
+// holds for every dyad that may change holds for every network. Effects that are held are left out.
+// O(n^2 p^2).
 DependentSet dependent_dyadic_effects(const Study& study, StudySelection& resolved);
 
 struct InfiniteEstimate {
@@ -26,6 +30,7 @@ struct InfiniteEstimate {
 
 // Effects of that sort whose observed statistic is the least or the greatest that any network on
 // the free dyads has: every dyad that would add to it is untied and every dyad that would take from
-// it tied, or the reverse. Their likelihood grows without bound.
+// it tied, or the reverse. Their likelihood grows without bound. Effects that are held are left
+// out.
 std::vector<InfiniteEstimate> infinite_dyadic_estimates(const Study& study,
                                                         StudySelection& resolved);

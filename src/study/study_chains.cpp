@@ -80,6 +80,7 @@ struct RestingChain {
     RandomStream random;
     std::vector<Dyad> ties;
     std::vector<double> statistics;  // by place
+    int runs = 0;                    // that it has been carried on
 };
 
 // A network that takes in one chain after the other.
@@ -88,6 +89,7 @@ struct Workplace {
     Network network;
     TieList ties;
     int chain = -1;  // whose ties it holds; -1 when nobody's
+    int runs = 0;    // as they were after so many runs: another thread may have carried it on since
 };
 
 template <class Network>
@@ -197,7 +199,7 @@ class EnsembleOf final : public StudyChains::Ensemble {
     // Puts a chain's ties in the place of those that are there.
     void settle(Workplace<Network>& place, int number) {
         const RestingChain& chain = chains_[static_cast<std::size_t>(number)];
-        if (place.chain != number) {
+        if (place.chain != number || place.runs != chain.runs) {
             for (const Dyad& dyad : place.ties.ties()) {
                 remove_bit(place.network, dyad.i, dyad.j);
                 update_tables(place.network, dyad.i, dyad.j, 0);
@@ -238,6 +240,7 @@ class EnsembleOf final : public StudyChains::Ensemble {
         resting.ties = place.ties.ties();
         resting.statistics = network.statistics;
         resting.random = random;
+        place.runs = ++resting.runs;
     }
 
     // What one thread does: the chains that are due, until there are none.

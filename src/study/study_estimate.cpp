@@ -4,10 +4,13 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 #include "estimation/estimator.h"
+#include "study/choice_estimate.h"
 #include "study/estimability.h"
+#include "study/monte_carlo_likelihood.h"
 #include "study/study_chain.h"
 
 namespace {
@@ -140,11 +143,15 @@ void take_result(const EstimationResult& found, const StudySelection& resolved,
     estimate.effects.clear();
     estimate.covariance = by_effect(found.covariance, resolved.places);
     estimate.samples = samples_by_effect(phase.statistics, resolved.places);
+    estimate.sample_chain.assign(static_cast<std::size_t>(estimate.samples.rows), 0);
+    estimate.sample_draw.resize(static_cast<std::size_t>(estimate.samples.rows));
+    std::iota(estimate.sample_draw.begin(), estimate.sample_draw.end(), 0);
     for (std::size_t k = 0; k < resolved.places.size(); ++k) {
         const int place = resolved.places[k];
         EffectEstimate effect;
         effect.name = resolved.names[k];
         effect.estimate = at_place(found.parameters, place);
+        effect.mc_error = kNone;
         const double variance = estimate.covariance[static_cast<int>(k)][static_cast<int>(k)];
         effect.standard_error = variance >= 0.0 && ended ? std::sqrt(variance) : kNone;
         effect.t_ratio = at_place(found.t_ratios, place);
@@ -205,14 +212,21 @@ void find_verdict(const EstimationResult& found, StudyEstimate& estimate) {
 
 // What stands before any run: numbers that do not exist, but for the observed ones.
 template <class Network>
-void describe_model(StudyChain<Network>& run, const StudySelection& resolved,
+void describe_model(const Study& study, StudyChain<Network>& run, const StudySelection& resolved,
                     StudyEstimate& estimate) {
     const std::vector<double> observed = run.by_effect(run.network().statistics.data());
     const auto p = static_cast<int>(observed.size());
     estimate.covariance = matrix_create(p, p, kNone);
     for (std::size_t k = 0; k < observed.size(); ++k) {
-        estimate.effects.push_back(
-            {resolved.names[k], kNone, kNone, kNone, observed[k], kNone, kNone, false});
+        estimate.effects.push_back({.name = resolved.names[k],
+                                    .estimate = kNone,
+                                    .standard_error = kNone,
+                                    .mc_error = kNone,
+                                    .t_ratio = kNone,
+                                    .observed = observed[k],
+                                    .simulated_mean = kNone,
+                                    .simulated_sd = kNone,
+                                    .fixed = study.model.effects[k].fixed.has_value()});
     }
 }
 
@@ -256,27 +270,74 @@ void run_attempts(const Study& study, const StudySelection& resolved, StudyChain
     }
 }
 
-template <class Network>
-StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::uint32_t seed,
-                             RunProgress& progress) {
-    const Clock::time_point begin = Clock::now();
-    StudyEstimate estimate;
-    estimate.seed = seed;
-    StudyChain<Network> run(study, resolved, study_parameters(study, resolved), seed);
-    start_at_density(study, resolved, run.network(), run.parameters());
-    describe_model(run, resolved, estimate);
+// Dyads that may change, and how many of them are tied.
+struct FreeTies {
+    double dyads = 0.0;
+    double ties = 0.0;
+};
+
+FreeTies free_ties(const Study& study) {
+    const StudyNetwork& network = study.network;
+    const auto n = static_cast<double>(network.actors.size());
+    if (!study.dyads.restricted) {
+        return {n * (n - 1.0) / (network.directed ? 1.0 : 2.0),
+                static_cast<double>(network.ties.size())};
+    }
+    FreeTies free{static_cast<double>(study.dyads.free.size()), 0.0};
+    for (const ActorTie& dyad : study.dyads.free) {
+        free.ties += std::binary_search(network.ties.begin(), network.ties.end(), dyad) ? 1.0 : 0.0;
+    }
+    return free;
+}
+
+// Whether it is known before any estimation that there is no estimate.
+bool has_no_estimate(const Study& study, StudySelection& resolved, StudyEstimate& estimate) {
+    const FreeTies free = free_ties(study);
+    estimate.all_alike = free.ties == 0.0 ? -1 : free.ties == free.dyads ? 1 : 0;
     estimate.dependent = dependent_dyadic_effects(study, resolved);
     estimate.infinite = infinite_dyadic_estimates(study, resolved);
     for (const InfiniteEstimate& each : least_counts(study, resolved)) {
         estimate.infinite.push_back(each);
     }
-    if (!estimate.dependent.empty() || !estimate.infinite.empty()) {
+    return estimate.all_alike != 0 || !estimate.dependent.empty() || !estimate.infinite.empty();
+}
+
+template <class Network>
+StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::uint32_t seed,
+                             RunProgress& progress) {
+    const Clock::time_point begin = Clock::now();
+    const EstimationMethod method = study.settings.estimation.method;
+    StudyEstimate estimate;
+    estimate.seed = seed;
+    StudyChain<Network> run(study, resolved, study_parameters(study, resolved), seed);
+    describe_model(study, run, resolved, estimate);
+    if (has_no_estimate(study, resolved, estimate)) {
         estimate.verdict = StudyVerdict::not_identified;
-    } else {
+    } else if (method == EstimationMethod::mple) {
+        estimate_by_pseudo_likelihood(study, resolved, estimate);
+    } else if (method == EstimationMethod::stochastic_approximation) {
+        start_at_density(study, resolved, run.network(), run.parameters());
         run_attempts(study, resolved, run, begin, progress, estimate);
+    } else if (method == EstimationMethod::mcmle || !estimate_exactly(study, resolved, estimate)) {
+        estimate_by_simulation(study, resolved, estimate, progress);
     }
     estimate.seconds = seconds_since(begin);
     return estimate;
+}
+
+// Starts and held values that are not finite.
+void add_number_problems(const Study& study, Problems& problems) {
+    for (const StudyEffect& effect : study.model.effects) {
+        for (const auto& value : {effect.start, effect.fixed}) {
+            if (value && !std::isfinite(*value)) {
+                problems.push_back(
+                    {.field = "effect `" + effect_text(effect.expression) + "`",
+                     .found = "a value that is not finite",
+                     .expected = "a finite number",
+                     .mend = "write a number in `start` or `fixed`, or leave it out"});
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -295,23 +356,36 @@ const char* study_verdict_name(StudyVerdict verdict) {
     return "degenerate";
 }
 
+const char* estimate_method_name(const StudyEstimate& estimate) {
+    return estimate.exact ? "exact" : estimation_method_name(estimate.method);
+}
+
 Problems estimation_problems(const Study& study) {
     Problems problems;
-    const EstimationMethod method = study.settings.estimation.method;
-    if (method != EstimationMethod::automatic &&
-        method != EstimationMethod::stochastic_approximation) {
-        problems.push_back({.field = "method",
-                            .found = std::string("`") + estimation_method_name(method) + "`",
-                            .expected = "`auto` or `stochastic-approximation`",
-                            .mend = "write method = \"stochastic-approximation\""});
+    add_number_problems(study, problems);
+    const std::vector<StudyEffect>& effects = study.model.effects;
+    const bool all_held = std::all_of(effects.begin(), effects.end(),
+                                      [](const StudyEffect& each) { return each.fixed; });
+    if (all_held) {
+        problems.push_back({.field = "model",
+                            .found = "no parameter to estimate: every effect is held",
+                            .expected = "an effect that is not in `fixed`",
+                            .mend = "take an effect out of `fixed`, or simulate the model"});
     }
-    for (const StudyEffect& effect : study.model.effects) {
-        if (effect.fixed) {
-            problems.push_back({.field = "effect `" + effect_text(effect.expression) + "`",
-                                .found = "a parameter that is held",
-                                .expected = "parameters that are all estimated",
-                                .mend = "delete it from `fixed`, or take the effect out"});
-        }
+    const EstimationMethod method = study.settings.estimation.method;
+    const bool holds = std::any_of(effects.begin(), effects.end(),
+                                   [](const StudyEffect& each) { return each.fixed; });
+    if (holds && method == EstimationMethod::stochastic_approximation) {
+        problems.push_back({.field = "method",
+                            .found = "`stochastic-approximation`, and a parameter that is held",
+                            .expected = "parameters that are all estimated by this method",
+                            .mend = "write method = \"auto\", or take it out of `fixed`"});
+    }
+    if (free_ties(study).dyads == 0.0) {
+        problems.push_back({.field = "network",
+                            .found = "no dyad that may change",
+                            .expected = "two actors or more, and dyads among them that are free",
+                            .mend = "look at the network and at `free` under [dyads]"});
     }
     return problems;
 }

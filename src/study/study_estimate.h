@@ -1,17 +1,20 @@
 // Estimation of a study's model, with a verdict.
 //
-// The stochastic approximation is the engine's, number for number: with one attempt it gives what
-// the setup file's run gives at the same seed. Around it stand what people need: whether the model
-// can be estimated at all, restarts from the last estimates, and the best of the runs.
+// Where dyads do not depend on each other the estimate is computed, not simulated. Elsewhere chains
+// simulate. The stochastic approximation is the engine's, number for number: with one attempt it
+// gives what the setup file's run gives at the same seed. Around it stand what people need: whether
+// the model can be estimated at all, restarts from the last estimates, and the best of the runs.
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "base/host_options.h"
 #include "base/matrix.h"
 #include "study/identification.h"
+#include "study/sample_diagnosis.h"
 #include "study/study_selection.h"
 
 enum class StudyVerdict {
@@ -29,11 +32,28 @@ struct EffectEstimate {
     std::string name;
     double estimate = 0.0;
     double standard_error = 0.0;
-    double t_ratio = 0.0;  // (observed - simulated mean) / simulated standard deviation
+    double mc_error = 0.0;  // Monte Carlo error of the estimate; 0 where nothing was simulated
+    double t_ratio = 0.0;   // (observed - simulated mean) / simulated standard deviation
     double observed = 0.0;
     double simulated_mean = 0.0;
     double simulated_sd = 0.0;
     bool fixed = false;
+    // What the simulated statistics are worth in independent ones, and whether chains agree on them
+    // (near 1).
+    double effective_samples = std::numeric_limits<double>::quiet_NaN();
+    double gelman_rubin = std::numeric_limits<double>::quiet_NaN();
+};
+
+// How the simulated networks came about and what they look like; 0 chains where there are none.
+struct StudyDiagnosis {
+    int chains = 0;
+    std::int64_t burn_in = 0;   // proposals of a chain before its first sample
+    std::int64_t interval = 0;  // and from one to the next
+    int runs = 0;               // of the chains, the last one's samples being shown
+    // Of Hotelling's test of observed against simulated means.
+    double hotelling_p_value = std::numeric_limits<double>::quiet_NaN();
+    TieClusters clusters;
+    Matrix correlation;  // of the statistics
 };
 
 // One run of the method.
@@ -47,25 +67,51 @@ struct EstimationAttempt {
 
 struct StudyEstimate {
     StudyVerdict verdict = StudyVerdict::not_converged;
+    // What was done; `exact` where the maximum of the likelihood was computed.
     EstimationMethod method = EstimationMethod::stochastic_approximation;
+    bool exact = false;
     std::vector<EffectEstimate> effects;
     Matrix covariance;  // p x p, of the estimates
-    Matrix samples;     // statistics at the estimates, one row a sample
+    Matrix samples;     // statistics at the estimates, one row a sample; none where exact
+    // Of each row its chain and its number within it, from 0.
+    std::vector<int> sample_chain;
+    std::vector<int> sample_draw;
+    StudyDiagnosis diagnosis;
+    // Whether stochastic approximation took over for a while.
+    bool approximated = false;
+    // At the estimates, with its Monte Carlo error; NaN where it was not computed.
+    double log_likelihood = std::numeric_limits<double>::quiet_NaN();
+    double log_likelihood_error = std::numeric_limits<double>::quiet_NaN();
     std::vector<EstimationAttempt> attempts;
     DependentSet dependent;                  // when not identified
     std::vector<InfiniteEstimate> infinite;  // when an estimate would be infinite
-    std::vector<int> faulty;                 // effects that did not converge, or never moved
+    // Whether those are infinite together: none of their statistics is at its extreme, but one
+    // combination of them tells ties from dyads without one.
+    bool separated = false;
+    // Whether they are so because no simulated network lies beyond the observation.
+    bool on_hull = false;
+    // Where a run of the chains drew networks of two kinds: the share of the denser one.
+    double degenerate_share = 0.0;
+    // -1: no dyad that may change is tied; +1: all of them are.
+    int all_alike = 0;
+    std::vector<int> faulty;  // effects that did not converge, or never moved
     std::uint32_t seed = 0;
     double proposals = 0.0;
     double seconds = 0.0;
 };
 
-// What the method cannot do for this study: a parameter that is held, another method. Empty when it
-// can.
+// "exact", "mple", "mcmle", "stochastic-approximation": what was done.
+const char* estimate_method_name(const StudyEstimate& estimate);
+
+// What cannot be estimated: numbers that are not finite, every parameter held, no dyad that may
+// change; a parameter that is held where the method is stochastic approximation. Empty when it can.
 Problems estimation_problems(const Study& study);
 
-// Estimates the model. Runs that do not converge are followed by another from the last estimates,
-// up to `attempts` or the time limit; a step is made twice as long when the samples'
+// Estimates the model by the settings' method. `automatic` computes where dyads are independent of
+// each other and takes Monte Carlo maximum likelihood elsewhere.
+//
+// Stochastic approximation: runs that do not converge are followed by another from the last
+// estimates, up to `attempts` or the time limit; a step is made twice as long when the samples'
 // autocorrelation is above 0.4. The run with the smallest largest t-ratio is kept. Throws
 // RunStopped when `progress` asks for the end.
 StudyEstimate study_estimate(const Study& study, StudySelection& resolved, std::uint32_t seed,

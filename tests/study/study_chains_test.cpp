@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <cmath>
+#include <condition_variable>
 #include <limits>
 #include <map>
 #include <mutex>
@@ -243,6 +245,48 @@ TEST(StudyChains, ParametersThatAreNotNumbersMoveNothing) {
     const double none = std::numeric_limits<double>::quiet_NaN();
     for (const double ties : chains.run({none, none}).statistics.cells) {
         EXPECT_TRUE(ties == 20.0 || ties == 0.0);
+    }
+}
+
+// Keeps one of two threads at chain 1 while the other carries out the rest, so that it lags behind.
+class Rendezvous {
+  public:
+    void at(int chain) {
+        std::unique_lock<std::mutex> lock(mutex_);
+        ++visited_;
+        changed_.notify_all();
+        // A machine that gives no second thread is not waited for for ever.
+        const auto patience = std::chrono::milliseconds(200);
+        if (chain == 0) {
+            changed_.wait_for(lock, patience, [this] { return visited_ >= 2; });
+        } else if (chain == 1) {
+            changed_.wait_for(lock, patience, [this] { return visited_ >= 8; });
+        }
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    int visited_ = 0;
+};
+
+// What a thread still holds of a chain may be older than the chain.
+TEST(StudyChains, AChainThatAnotherThreadCarriedOnIsTakenAsItIs) {
+    const Study study = ring_study(12, false, "edge,2-star");
+    const StudySelection resolved = study_selection(study);
+    RunProgress progress;
+    StudyChains one(study, resolved, 3, 8, 1);
+    StudyChains two(study, resolved, 3, 8, 2);
+    const std::vector<double> at = {-1.0, 0.01};
+    for (int run = 0; run < 20; ++run) {
+        Rendezvous meeting;
+        const ChainSamples apart =
+            two.run(at, 0, 20, 1, progress,
+                    [&](int chain, int, const SampledNetwork&) { meeting.at(chain); });
+        ASSERT_EQ(one.run(at, 0, 20, 1, progress).statistics.cells, apart.statistics.cells) << run;
+        ASSERT_EQ(one.run(at, 0, 20, 1, progress).statistics.cells,
+                  two.run(at, 0, 20, 1, progress).statistics.cells)
+            << run;
     }
 }
 

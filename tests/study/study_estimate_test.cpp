@@ -22,21 +22,10 @@ StudyEstimate estimated(const Study& study, std::uint32_t seed) {
     return study_estimate(study, resolved, seed, progress);
 }
 
-// The karate network of the examples.
+// The karate network of the examples, to be estimated as a host's runs do.
 Study karate(const std::string& effects) {
-    Study study;
-    std::ifstream matrix(std::string(OVRI_SOURCE_DIRECTORY) + "/examples/karate/karate.txt");
-    for (int i = 0; i < 34; ++i) {
-        study.network.actors.push_back(std::to_string(i + 1));
-        for (int j = 0; j < 34; ++j) {
-            int cell = 0;
-            matrix >> cell;
-            if (cell == 1 && i < j) {
-                study.network.ties.push_back({i, j});
-            }
-        }
-    }
-    add_effects_of(effects, study.model);
+    Study study = karate_study(effects);
+    study.settings.estimation.method = EstimationMethod::stochastic_approximation;
     return study;
 }
 
@@ -166,12 +155,46 @@ TEST(StudyEstimate, AnEmptyNetworkHasNoEstimates) {
     EXPECT_EQ(estimate.infinite[0].sign, -1);
 }
 
-TEST(StudyEstimate, HeldParametersAndOtherMethodsAreProblems) {
+TEST(StudyEstimate, NetworksAllTiedHaveNoEstimatesWhateverTheModel) {
+    Study study = ring_study(3, false, "AT(2)");
+    const StudyEstimate tied = estimated(study, 1);
+    EXPECT_EQ(tied.verdict, StudyVerdict::not_identified);
+    EXPECT_EQ(tied.all_alike, 1);
+    study.network.ties.clear();
+    EXPECT_EQ(estimated(study, 1).all_alike, -1);
+    study = ring_study(6, false, "AT(2)");
+    study.dyads.restricted = true;
+    study.dyads.free = {{0, 2}, {0, 3}};
+    EXPECT_EQ(estimated(study, 1).all_alike, -1);
+}
+
+TEST(StudyEstimate, WhatCannotBeEstimatedIsAProblem) {
     Study study = karate("edge,AT(2)");
     EXPECT_TRUE(estimation_problems(study).empty());
     study.model.effects[1].fixed = 0.5;
-    study.settings.estimation.method = EstimationMethod::mple;
+    EXPECT_EQ(estimation_problems(study).size(), 1U);
+    study.settings.estimation.method = EstimationMethod::automatic;
+    EXPECT_TRUE(estimation_problems(study).empty());
+    study.model.effects[0].start = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(estimation_problems(study).size(), 1U);
+    study.model.effects[0].fixed = 1.0;
     EXPECT_EQ(estimation_problems(study).size(), 2U);
+    EXPECT_EQ(estimation_problems(ring_study(1, false, "edge")).size(), 1U);
+}
+
+TEST(StudyEstimate, IndependentTiesAreComputed) {
+    Study study = karate("edge");
+    study.settings.estimation.method = EstimationMethod::automatic;
+    const StudyEstimate estimate = estimated(study, 1);
+    const double d = 78.0 / 561.0;
+    EXPECT_TRUE(estimate.exact);
+    EXPECT_EQ(estimate.verdict, StudyVerdict::converged);
+    EXPECT_NEAR(estimate.effects[0].estimate, std::log(d / (1.0 - d)), 1e-12);
+    EXPECT_NEAR(estimate.effects[0].standard_error, 1.0 / std::sqrt(561.0 * d * (1.0 - d)), 1e-12);
+    EXPECT_NEAR(estimate.log_likelihood, 78.0 * std::log(d) + 483.0 * std::log(1.0 - d), 1e-9);
+    EXPECT_NEAR(estimate.effects[0].simulated_mean, 78.0, 1e-9);
+    EXPECT_EQ(estimate.proposals, 0.0);
+    EXPECT_EQ(estimate.samples.rows, 0);
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ TEST_F(ToolEstimate, ShowsATableAVerdictAndTheResultsFolder) {
     EXPECT_TRUE(result.out.starts_with("effect ")) << result.out;
     EXPECT_TRUE(out_says("\nAS(2) ")) << result.out;
     EXPECT_TRUE(out_says("\nconverged: ")) << result.out;
-    EXPECT_TRUE(out_says("stochastic approximation")) << result.out;
+    EXPECT_TRUE(out_says("Monte Carlo maximum likelihood, 8 chains, seed 3")) << result.out;
     EXPECT_TRUE(out_says("\nresults: friends.results\n")) << result.out;
     EXPECT_TRUE(err_says("10 actors, 14 ties")) << result.err;
     for (const char* file : {"result.json", "estimates.csv", "covariance.csv", "sample.csv",
@@ -83,14 +83,18 @@ TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
     for (const auto& [key, value] : ordered.items()) {
         keys.push_back(key);
     }
-    const std::vector<std::string> expected = {"format",      "ovri",       "command",   "verdict",
-                                               "exit_status", "reasons",    "advice",    "network",
-                                               "method",      "seed",       "proposals", "seconds",
-                                               "effects",     "covariance", "likelihood"};
+    const std::vector<std::string> expected = {
+        "format",  "ovri",       "command",    "verdict",  "exit_status", "reasons",
+        "advice",  "network",    "method",     "seed",     "proposals",   "seconds",
+        "effects", "covariance", "likelihood", "diagnosis"};
     EXPECT_EQ(keys, expected);
     EXPECT_EQ(json["format"], "ovri-result/1");
     EXPECT_EQ(json["verdict"], "converged");
-    EXPECT_EQ(json["method"], "stochastic-approximation");
+    EXPECT_EQ(json["method"], "mcmle");
+    EXPECT_EQ(json["diagnosis"]["chains"], 8);
+    EXPECT_EQ(json["diagnosis"]["effective_samples"].size(), 2U);
+    EXPECT_NEAR(json["diagnosis"]["correlation"][0][0].get<double>(), 1.0, 1e-12);
+    EXPECT_GT(json["diagnosis"]["hotelling_p_value"].get<double>(), 0.0);
     EXPECT_EQ(json["seed"], 3);
     EXPECT_EQ(json["network"]["ties"], 14);
     EXPECT_NEAR(json["network"]["density"].get<double>(), 14.0 / 45.0, 1e-12);
@@ -100,7 +104,8 @@ TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
     const Json& edge = json["effects"][0];
     EXPECT_EQ(edge["name"], "edge");
     EXPECT_EQ(edge["observed"], 14.0);
-    EXPECT_TRUE(edge["mc_error"].is_null());
+    EXPECT_GT(edge["mc_error"].get<double>(), 0.0);
+    EXPECT_LT(edge["mc_error"].get<double>(), 0.0201 * edge["standard_error"].get<double>());
     EXPECT_EQ(edge["fixed"], false);
     const double error = edge["standard_error"].get<double>();
     EXPECT_NEAR(edge["z"].get<double>(), edge["estimate"].get<double>() / error, 1e-12);
@@ -146,9 +151,11 @@ TEST_F(ToolEstimate, EarlierResultsStayUnlessTheyMayBeOverwritten) {
 
 TEST_F(ToolEstimate, AModelThatDoesNotConvergeIsMarkedAndAdvised) {
     // Ten samples of a model that moves in jumps do not come near the observation.
-    scratch.write("friends.toml", std::string(kModel) +
-                                      "[estimation]\nattempts = 1\nmultiplication = 1\nsubphases "
-                                      "= 1\nsamples = 10\n");
+    scratch.write("friends.toml",
+                  std::string(kModel) +
+                      "[estimation]\nmethod = \"stochastic-approximation\"\nattempts = "
+                      "1\nmultiplication = 1\nsubphases "
+                      "= 1\nsamples = 10\n");
     estimate({"friends.toml", "--effects", "edge,2-star,triangle"});
     ASSERT_EQ(result.status, 4) << result.out << result.err;
     EXPECT_TRUE(out_says("not converged: do not use these estimates")) << result.out;
@@ -201,11 +208,30 @@ TEST_F(ToolEstimate, WhatIsWrongIsToldAndNothingIsWritten) {
     EXPECT_TRUE(err_says("`triangle`")) << result.err;
     EXPECT_EQ(estimate({"absent.toml"}).status, 1);
     EXPECT_TRUE(err_says("absent.toml")) << result.err;
-    scratch.write("mcmle.toml", std::string(kModel) + "[estimation]\nmethod = \"mcmle\"\n");
-    EXPECT_EQ(estimate({"mcmle.toml"}).status, 1);
-    EXPECT_TRUE(err_says("`mcmle`")) << result.err;
+    scratch.write("held.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\n"
+                  "effects = [\"edge\"]\nfixed = { edge = -1.0 }\n");
+    EXPECT_EQ(estimate({"held.toml"}).status, 1);
+    EXPECT_TRUE(err_says("every effect is held")) << result.err;
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(folders(), 0);
+}
+
+TEST_F(ToolEstimate, MethodsOfTheCommandLine) {
+    ASSERT_EQ(estimate({"friends.toml", "--effects", "edge"}).status, 0) << result.out;
+    EXPECT_TRUE(out_says("converged (exact")) << result.out;
+    EXPECT_EQ(document("friends.results")["method"], "exact");
+    EXPECT_NEAR(document("friends.results")["likelihood"]["value"].get<double>(),
+                14.0 * std::log(14.0 / 45.0) + 31.0 * std::log(31.0 / 45.0), 1e-9);
+    ASSERT_EQ(estimate({"friends.toml", "--method", "mple"}).status, 0) << result.out;
+    EXPECT_TRUE(out_says("pseudo-likelihood")) << result.out;
+    EXPECT_EQ(document("friends.results.2")["method"], "mple");
+    EXPECT_TRUE(document("friends.results.2")["likelihood"]["value"].is_null());
+    EXPECT_TRUE(document("friends.results.2")["diagnosis"].is_null());
+    EXPECT_EQ(estimate({"friends.toml", "--method", "guess"}).status, 2);
+    EXPECT_EQ(estimate({"friends.toml", "--threads", "0"}).status, 2);
+    EXPECT_TRUE(err_says("a whole number from 1")) << result.err;
+    EXPECT_EQ(folders(), 2);
 }
 
 TEST_F(ToolEstimate, WordsThatNameNoModelAreNotUnderstood) {

@@ -1,6 +1,5 @@
-#include <chrono>
+#include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "commands/commands.h"
 #include "commands/model_options.h"
@@ -12,6 +11,7 @@
 #include "show/result_csv.h"
 #include "show/result_json.h"
 #include "show/result_table.h"
+#include "study/monte_carlo_likelihood.h"
 #include "study/study_estimate.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
@@ -23,6 +23,7 @@ struct EstimateOptions {
     ModelOptions model;
     FolderOptions folder;
     // Settings in place of the model file's.
+    std::string method;
     std::optional<std::uint32_t> attempts;
     std::optional<std::uint32_t> multiplication;
     bool json = false;
@@ -51,6 +52,7 @@ ResultEffect result_effect(const EffectEstimate& found, bool usable) {
     effect.name = found.name;
     effect.estimate = found.estimate;
     effect.standard_error = found.standard_error;
+    effect.mc_error = found.mc_error;
     effect.t_ratio = found.t_ratio;
     effect.observed = found.observed;
     effect.simulated_mean = found.simulated_mean;
@@ -58,6 +60,49 @@ ResultEffect result_effect(const EffectEstimate& found, bool usable) {
     effect.fixed = found.fixed;
     judge_effect(effect, usable);
     return effect;
+}
+
+// Akaike's and Schwarz's criteria count estimated parameters, the latter free dyads too.
+ResultLikelihood likelihood_of(const StudyEstimate& found, const Study& study) {
+    ResultLikelihood likelihood;
+    const double dyads = free_dyads(study);
+    if (!study.dyads.max_degree) {
+        likelihood.null_model = -dyads * std::log(2.0);
+    }
+    if (found.verdict != StudyVerdict::converged) {
+        return likelihood;
+    }
+    const auto parameters =
+        static_cast<double>(std::count_if(found.effects.begin(), found.effects.end(),
+                                          [](const EffectEstimate& each) { return !each.fixed; }));
+    likelihood.value = found.log_likelihood;
+    likelihood.mc_error = found.log_likelihood_error;
+    likelihood.aic = -2.0 * found.log_likelihood + 2.0 * parameters;
+    likelihood.bic = -2.0 * found.log_likelihood + std::log(dyads) * parameters;
+    return likelihood;
+}
+
+std::optional<ResultDiagnosis> diagnosis_of(const StudyEstimate& found) {
+    const StudyDiagnosis& known = found.diagnosis;
+    if (known.chains == 0) {
+        return std::nullopt;
+    }
+    ResultDiagnosis diagnosis;
+    diagnosis.chains = known.chains;
+    diagnosis.burn_in = static_cast<double>(known.burn_in);
+    diagnosis.interval = static_cast<double>(known.interval);
+    diagnosis.samples = found.samples.rows;
+    diagnosis.runs = known.runs;
+    diagnosis.approximated = found.approximated;
+    diagnosis.hotelling_p_value = known.hotelling_p_value;
+    diagnosis.two_kinds = known.clusters.apart;
+    diagnosis.dense_share = known.clusters.apart ? known.clusters.upper_share : 0.0;
+    for (const EffectEstimate& each : found.effects) {
+        diagnosis.effective_samples.push_back(each.effective_samples);
+        diagnosis.gelman_rubin.push_back(each.gelman_rubin);
+    }
+    diagnosis.correlation = known.correlation;
+    return diagnosis;
 }
 
 ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
@@ -70,7 +115,7 @@ ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
     result.reasons = verdict_reasons(found, input);
     result.advice = verdict_advice(found, input, words);
     result.network = result_network(input);
-    result.method = estimation_method_name(found.method);
+    result.method = estimate_method_name(found);
     result.seed = found.seed;
     result.proposals = found.proposals;
     result.seconds = found.seconds;
@@ -78,9 +123,8 @@ ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
         result.effects.push_back(result_effect(each, found.verdict == StudyVerdict::converged));
     }
     result.covariance = found.covariance;
-    if (!input.files.study.dyads.max_degree) {
-        result.likelihood.null_model = -free_dyads(input.files.study) * std::log(2.0);
-    }
+    result.diagnosis = diagnosis_of(found);
+    result.likelihood = likelihood_of(found, input.files.study);
     return result;
 }
 
@@ -92,16 +136,36 @@ std::string sample_csv(const StudyEstimate& found) {
     std::string text = sample_head(names);
     for (int row = 0; row < found.samples.rows; ++row) {
         const double* values = found.samples[row];
-        text += sample_row(1, row + 1, {values, values + found.samples.columns});
+        const auto at = static_cast<std::size_t>(row);
+        text += sample_row(found.sample_chain[at] + 1, found.sample_draw[at] + 1,
+                           {values, values + found.samples.columns});
     }
     return text;
 }
 
+// "stochastic approximation, 3 runs, seed 1".
+std::string method_words(const ResultRecord& result, std::size_t runs) {
+    if (result.method == "exact") {
+        return "exact: its dyads do not depend on each other, nothing was simulated";
+    }
+    if (result.method == "mple") {
+        return "maximum pseudo-likelihood; its standard errors are too small where ties depend on "
+               "each other";
+    }
+    if (result.method == "mcmle") {
+        return fmt::format("Monte Carlo maximum likelihood, {} chains, seed {}",
+                           result.diagnosis ? result.diagnosis->chains : 0, result.seed);
+    }
+    return fmt::format("stochastic approximation, {} {}, seed {}", runs, runs == 1 ? "run" : "runs",
+                       result.seed);
+}
+
 std::string verdict_line(const ResultRecord& result, std::size_t runs, const Screen& out) {
-    const std::string how = fmt::format("stochastic approximation, {} {}, seed {}", runs,
-                                        runs == 1 ? "run" : "runs", result.seed);
+    const std::string how = method_words(result, runs);
     if (result.exit_status == kDone) {
-        return fmt::format("converged: every t-ratio is below 0.1 in size ({})\n", how);
+        return result.method == "exact" || result.method == "mple"
+                   ? fmt::format("converged ({})\n", how)
+                   : fmt::format("converged: every t-ratio is below 0.1 in size ({})\n", how);
     }
     std::string name = result.verdict;
     std::replace(name.begin(), name.end(), '_', ' ');
@@ -156,13 +220,15 @@ StudyInput read_input(const EstimateOptions& options) {
     estimation.attempts = static_cast<int>(options.attempts.value_or(estimation.attempts));
     estimation.multiplication =
         static_cast<int>(options.multiplication.value_or(estimation.multiplication));
+    estimation.method = estimation_method_of(options.method).value_or(estimation.method);
     return read_study_to_estimate(std::move(model));
 }
 
 int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
     const std::uint32_t seed = settle_seed(input);
+    StudySettings& settings = input.files.study.settings;
+    settings.estimation.precision = wanted_precision(input.files.study);
     ModelFile settled = settled_model(input);
-    settled.settings.estimation.method = EstimationMethod::stochastic_approximation;
     const std::string words = model_words(options.model);
     RunLog log("ovri estimate " + words, input);
     write_model(settled, input, folder);
@@ -208,9 +274,12 @@ std::function<int()> declare_estimate(CLI::App& app) {
     const auto options = std::make_shared<EstimateOptions>();
     add_model(app, options->model, "MODEL");
     add_folder(app, options->folder);
-    add_number(app, "--attempts", options->attempts, "Runs until one converges, at most.");
+    add_method(app, options->method);
+    add_number(app, "--attempts", options->attempts,
+               "Of stochastic approximation: runs until one converges, at most.");
     add_number(app, "--multiplication", options->multiplication,
-               "Length of a step, in units of d (1 - d) n^2 proposals (d the observed density).");
+               "Of stochastic approximation: length of a step, in units of d (1 - d) n^2 proposals "
+               "(d the observed density).");
     add_forms(app, options->json, options->csv);
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
@@ -229,9 +298,16 @@ extern const Command kEstimateCommand = {
 )",
     .details = R"(
 Reads the network, the actors' attributes and the model, tells what it read, and
-estimates the effects' parameters by stochastic approximation. Runs that do not
-converge are followed by others from the last estimates, up to `attempts` of the
-model file.
+estimates the effects' parameters. Where dyads do not depend on each other the
+estimates are computed (exact). Elsewhere chains simulate networks: Monte Carlo
+maximum likelihood, until observed and simulated statistics agree and the Monte
+Carlo error of every estimate is below `precision` standard errors. Results do not
+depend on the number of threads, only on that of chains.
+
+--method stochastic-approximation is the method of setup files, number for number;
+runs that do not converge are followed by others from the last estimates, up to
+`attempts`. --method mple does not simulate: quick, but its standard errors are too
+small where ties depend on each other.
 
 Standard output takes the table, the verdict and where the results are; warnings,
 errors and progress go to standard error. The results folder is DIR, or

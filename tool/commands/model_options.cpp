@@ -34,7 +34,7 @@ void add_model(CLI::App& app, ModelOptions& options, const std::string& word) {
     add_data(app, options);
     add_number(app, "--seed", options.seed,
                "Draw from seed N. Without it one is chosen; it is always shown and recorded.");
-    add_number(app, "--threads", options.threads, "Use at most N threads; results do not change.");
+    add_threads(app, options.threads);
 }
 
 void add_data(CLI::App& app, ModelOptions& options) {

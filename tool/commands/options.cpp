@@ -25,6 +25,31 @@ std::string wrong_choice(const std::string& value, const std::string& word) {
     return "takes " + listed_choices(value) + ", not `" + word + "`";
 }
 
+// Takes one of a value's choices.
+std::function<std::string(const std::string&)> taken_choice(const std::string& value,
+                                                            std::string& taken) {
+    return [value, &taken](const std::string& word) -> std::string {
+        const std::vector<std::string> words = choices_of(value);
+        taken = word;
+        const bool known = std::find(words.begin(), words.end(), word) != words.end();
+        return known ? "" : wrong_choice(value, word);
+    };
+}
+
+// What is wrong with a number of the command line; nothing when it was read.
+std::string read_number(const std::string& word, std::uint32_t least,
+                        std::optional<std::uint32_t>& number) {
+    std::uint32_t value = 0;
+    const char* end = word.data() + word.size();
+    const auto read = std::from_chars(word.data(), end, value);
+    if (read.ec != std::errc() || read.ptr != end || value < least) {
+        return "takes a whole number from " + std::to_string(least) + " to 4294967295, not `" +
+               word + "`";
+    }
+    number = value;
+    return "";
+}
+
 }  // namespace
 
 std::vector<std::string> choices_of(const std::string& value) {
@@ -36,6 +61,9 @@ std::vector<std::string> choices_of(const std::string& value) {
     }
     if (value == "RUN") {
         return run_mode_names();
+    }
+    if (value == "METHOD") {
+        return {"auto", "mcmle", "mple", "stochastic-approximation"};
     }
     return value == "SHELL" ? std::vector<std::string>{"bash", "zsh"} : std::vector<std::string>{};
 }
@@ -110,13 +138,7 @@ void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFor
 }
 
 void add_shell(CLI::App& app, std::string& shell) {
-    const auto take = [&shell](const std::string& word) -> std::string {
-        const std::vector<std::string> words = choices_of("SHELL");
-        shell = word;
-        const bool known = std::find(words.begin(), words.end(), word) != words.end();
-        return known ? "" : wrong_choice("SHELL", word);
-    };
-    add_checked_text(app, "--completion", take, "SHELL",
+    add_checked_text(app, "--completion", taken_choice("SHELL", shell), "SHELL",
                      "Print the script by which the shell completes command lines: " +
                          listed_choices("SHELL") + ".");
 }
@@ -165,15 +187,18 @@ void add_colour(CLI::App& app, ColourChoice& choice) {
 
 CLI::Option& add_number(CLI::App& app, const std::string& name,
                         std::optional<std::uint32_t>& number, const std::string& text) {
-    const auto take = [&number](const std::string& word) -> std::string {
-        std::uint32_t value = 0;
-        const char* end = word.data() + word.size();
-        const auto read = std::from_chars(word.data(), end, value);
-        if (read.ec != std::errc() || read.ptr != end) {
-            return "takes a whole number from 0 to 4294967295, not `" + word + "`";
-        }
-        number = value;
-        return "";
-    };
+    const auto take = [&number](const std::string& word) { return read_number(word, 0, number); };
     return add_checked_text(app, name, take, "N", text);
+}
+
+void add_threads(CLI::App& app, std::optional<std::uint32_t>& threads) {
+    const auto take = [&threads](const std::string& word) { return read_number(word, 1, threads); };
+    add_checked_text(app, "--threads", take, "N", "Use at most N threads; results do not change.");
+}
+
+void add_method(CLI::App& app, std::string& method) {
+    add_checked_text(app, "--method", taken_choice("METHOD", method), "METHOD",
+                     "How to estimate: " + listed_choices("METHOD") +
+                         ". By default, auto: computed where dyads are independent of each other, "
+                         "else mcmle.");
 }

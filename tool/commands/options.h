@@ -77,6 +77,12 @@ void add_quiet(CLI::App& app, bool& quiet);
 // --color auto|always|never.
 void add_colour(CLI::App& app, ColourChoice& choice);
 
+// --threads N, 1 or more.
+void add_threads(CLI::App& app, std::optional<std::uint32_t>& threads);
+
+// --method of an estimation, by name.
+void add_method(CLI::App& app, std::string& method);
+
 // An option that takes a whole number of 32 bits.
 CLI::Option& add_number(CLI::App& app, const std::string& name,
                         std::optional<std::uint32_t>& number, const std::string& text);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "commands/commands.h"
+#include "study/monte_carlo_likelihood.h"
 #include "study/names.h"
 #include "terminal/print.h"
 
@@ -97,6 +98,29 @@ const EstimationAttempt* used_attempt(const StudyEstimate& estimate) {
     return place == estimate.attempts.end() ? nullptr : &*place;
 }
 
+// Of Monte Carlo maximum likelihood.
+void add_imprecise_reasons(const StudyEstimate& estimate, const StudyInput& input, Names& reasons) {
+    for (const int effect : estimate.faulty) {
+        const EffectEstimate& each = estimate.effects[static_cast<std::size_t>(effect)];
+        reasons.push_back(
+            std::fabs(each.t_ratio) < 0.1
+                ? fmt::format("the Monte Carlo error of `{}` is {:.3f} standard errors, not below "
+                              "{}",
+                              each.name, each.mc_error / each.standard_error,
+                              number_text(wanted_precision(input.files.study)))
+                : fmt::format("the t-ratio of `{}` is {:.3f}, not below 0.1 in size", each.name,
+                              each.t_ratio));
+    }
+    if (estimate.faulty.empty()) {
+        reasons.push_back(
+            fmt::format("observed and simulated statistics still differ together (Hotelling's "
+                        "test: p = {:.3f})",
+                        estimate.diagnosis.hotelling_p_value));
+    }
+    reasons.push_back(
+        fmt::format("the search ended after {} runs of the chains", estimate.diagnosis.runs));
+}
+
 void add_unconverged_reasons(const StudyEstimate& estimate, Names& reasons) {
     for (const int effect : estimate.faulty) {
         const EffectEstimate& each = estimate.effects[static_cast<std::size_t>(effect)];
@@ -117,8 +141,10 @@ void add_unconverged_advice(const StudyEstimate& estimate, const StudyInput& inp
     const Names& names = input.resolved.names;
     const int longest = estimate.attempts.empty() ? 30 : estimate.attempts.back().multiplication;
     const std::string model = words + " --effects " + shell_word(joined(names));
-    advice.push_back(fmt::format("ovri estimate {} --multiplication {} --attempts 20", model,
-                                 std::max(longest, 30) * 2));
+    const std::string method =
+        estimate.attempts.empty() ? " --method stochastic-approximation" : "";
+    advice.push_back(fmt::format("ovri estimate {}{} --multiplication {} --attempts 20", model,
+                                 method, std::max(longest, 30) * 2));
     const Names calm = tamed(names, input.files.study.network.directed);
     if (calm != names) {
         advice.push_back(with_effects(words, calm));
@@ -129,6 +155,34 @@ void add_unconverged_advice(const StudyEstimate& estimate, const StudyInput& inp
     }
 }
 
+// Effects that tell ties from dyads without one, with the directions of their estimates.
+std::string separation_text(const StudyEstimate& estimate, const StudyInput& input) {
+    std::vector<int> effects;
+    std::string directions;
+    for (const InfiniteEstimate& each : estimate.infinite) {
+        effects.push_back(each.effect);
+        directions +=
+            (directions.empty() ? "" : ", ") + std::string(each.sign < 0 ? "minus" : "plus");
+    }
+    const bool one = effects.size() == 1;
+    return fmt::format("{} {} tied dyads from untied ones without fail: {} would be {} infinity",
+                       listed_names(names_of(effects, input)), one ? "tells" : "together tell",
+                       one ? "its estimate" : "their estimates", directions);
+}
+
+// Effects in whose direction no simulated network lies beyond the observed one.
+std::string hull_text(const StudyEstimate& estimate, const StudyInput& input) {
+    std::string effects;
+    for (const InfiniteEstimate& each : estimate.infinite) {
+        effects += fmt::format("{}`{}` would be {} infinity", effects.empty() ? "" : ", ",
+                               input.resolved.names[static_cast<std::size_t>(each.effect)],
+                               each.sign < 0 ? "minus" : "plus");
+    }
+    return "no simulated network lies beyond the observed one, which is at the edge of what is "
+           "possible: the estimate of " +
+           effects;
+}
+
 void add_dependence_reasons(const StudyEstimate& estimate, const StudyInput& input,
                             Names& reasons) {
     const Names dependent = names_of(estimate.dependent, input);
@@ -137,6 +191,18 @@ void add_dependence_reasons(const StudyEstimate& estimate, const StudyInput& inp
     } else if (!dependent.empty()) {
         reasons.push_back(listed_names(dependent) +
                           " depend on each other: each follows from the rest");
+    }
+    if (estimate.all_alike != 0) {
+        reasons.push_back(estimate.all_alike < 0 ? "no dyad that may change is tied"
+                                                 : "every dyad that may change is tied");
+    }
+    if (estimate.on_hull) {
+        reasons.push_back(hull_text(estimate, input));
+        return;
+    }
+    if (estimate.separated) {
+        reasons.push_back(separation_text(estimate, input));
+        return;
     }
     for (const InfiniteEstimate& each : estimate.infinite) {
         reasons.push_back(fmt::format(
@@ -173,6 +239,13 @@ void add_degenerate_reasons(const StudyEstimate& estimate, const StudyInput& inp
         reasons.push_back(
             "networks of the model fall apart into nearly empty and nearly complete "
             "ones");
+        if (estimate.degenerate_share > 0.0) {
+            reasons.push_back(
+                fmt::format("in one run of the chains near the best point found {:.0f} in 100 "
+                            "networks were nearly "
+                            "complete, the others sparse",
+                            100.0 * estimate.degenerate_share));
+        }
     }
 }
 
@@ -216,7 +289,13 @@ std::vector<std::string> verdict_reasons(const StudyEstimate& estimate, const St
         case StudyVerdict::converged:
             break;
         case StudyVerdict::not_converged:
-            add_unconverged_reasons(estimate, reasons);
+            if (estimate.diagnosis.chains > 0) {
+                add_imprecise_reasons(estimate, input, reasons);
+            } else if (estimate.exact || estimate.method == EstimationMethod::mple) {
+                reasons.push_back("the likelihood has no maximum that could be found");
+            } else {
+                add_unconverged_reasons(estimate, reasons);
+            }
             break;
         case StudyVerdict::not_identified:
             add_dependence_reasons(estimate, input, reasons);

@@ -91,6 +91,34 @@ Json likelihood_json(const ResultLikelihood& likelihood) {
     return json;
 }
 
+Json numbers_json(const std::vector<double>& numbers) {
+    Json json = Json::array();
+    for (const double each : numbers) {
+        json.push_back(number(each));
+    }
+    return json;
+}
+
+Json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis) {
+    if (!diagnosis) {
+        return nullptr;
+    }
+    Json json;
+    json["chains"] = diagnosis->chains;
+    json["burn_in"] = count(diagnosis->burn_in);
+    json["interval"] = count(diagnosis->interval);
+    json["samples"] = diagnosis->samples;
+    json["runs"] = diagnosis->runs;
+    json["approximated"] = diagnosis->approximated;
+    json["hotelling_p_value"] = number(diagnosis->hotelling_p_value);
+    json["two_kinds"] = diagnosis->two_kinds;
+    json["dense_share"] = number(diagnosis->dense_share);
+    json["effective_samples"] = numbers_json(diagnosis->effective_samples);
+    json["gelman_rubin"] = numbers_json(diagnosis->gelman_rubin);
+    json["correlation"] = matrix_json(diagnosis->correlation);
+    return json;
+}
+
 ResultNetwork network_of(const Json& json) {
     return {text_at(json, "file"), json.at("directed").get<bool>(), json.at("actors").get<int>(),
             json.at("ties").get<int>(), number_at(json, "density")};
@@ -125,6 +153,37 @@ ResultLikelihood likelihood_of(const Json& json) {
             number_at(json, "aic"), number_at(json, "bic")};
 }
 
+std::vector<double> numbers_of(const Json& json) {
+    std::vector<double> numbers;
+    for (const Json& each : json) {
+        numbers.push_back(each.is_number() ? each.get<double>() : kNoNumber);
+    }
+    return numbers;
+}
+
+// None in documents of versions that had no diagnosis.
+std::optional<ResultDiagnosis> diagnosis_of(const Json& document) {
+    const auto place = document.find("diagnosis");
+    if (place == document.end() || place->is_null()) {
+        return std::nullopt;
+    }
+    const Json& json = *place;
+    ResultDiagnosis diagnosis;
+    diagnosis.chains = json.at("chains").get<int>();
+    diagnosis.burn_in = number_at(json, "burn_in");
+    diagnosis.interval = number_at(json, "interval");
+    diagnosis.samples = json.at("samples").get<int>();
+    diagnosis.runs = json.at("runs").get<int>();
+    diagnosis.approximated = json.at("approximated").get<bool>();
+    diagnosis.hotelling_p_value = number_at(json, "hotelling_p_value");
+    diagnosis.two_kinds = json.at("two_kinds").get<bool>();
+    diagnosis.dense_share = number_at(json, "dense_share");
+    diagnosis.effective_samples = numbers_of(json.at("effective_samples"));
+    diagnosis.gelman_rubin = numbers_of(json.at("gelman_rubin"));
+    diagnosis.correlation = matrix_of(json.at("correlation"));
+    return diagnosis;
+}
+
 ResultRecord record_of(const Json& json) {
     ResultRecord result;
     result.ovri = text_at(json, "ovri");
@@ -143,6 +202,7 @@ ResultRecord record_of(const Json& json) {
     }
     result.covariance = matrix_of(json.at("covariance"));
     result.likelihood = likelihood_of(json.at("likelihood"));
+    result.diagnosis = diagnosis_of(json);
     return result;
 }
 
@@ -168,6 +228,7 @@ std::string result_json(const ResultRecord& result) {
     }
     json["covariance"] = matrix_json(result.covariance);
     json["likelihood"] = likelihood_json(result.likelihood);
+    json["diagnosis"] = diagnosis_json(result.diagnosis);
     return json.dump(2) + "\n";
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,22 @@ struct ResultLikelihood {
     double bic = kNoNumber;
 };
 
+// How the simulated networks came about and what they look like.
+struct ResultDiagnosis {
+    int chains = 0;
+    double burn_in = kNoNumber;             // proposals of a chain before its first sample
+    double interval = kNoNumber;            // and from one to the next
+    int samples = 0;                        // of all chains
+    int runs = 0;                           // of the chains until the end
+    bool approximated = false;              // stochastic approximation took over for a while
+    double hotelling_p_value = kNoNumber;   // of observed against simulated means
+    bool two_kinds = false;                 // sparse networks and nearly complete ones
+    double dense_share = 0.0;               // of the latter
+    std::vector<double> effective_samples;  // one an effect
+    std::vector<double> gelman_rubin;
+    Matrix correlation;  // of the statistics
+};
+
 struct ResultRecord {
     std::string ovri;     // version
     std::string command;  // "estimate"
@@ -60,6 +77,7 @@ struct ResultRecord {
     std::vector<ResultEffect> effects;
     Matrix covariance;
     ResultLikelihood likelihood;
+    std::optional<ResultDiagnosis> diagnosis;  // where networks were simulated
 };
 
 // Fills z, p-value, interval and odds ratio from estimate and standard error. Beside an estimate

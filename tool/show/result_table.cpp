@@ -28,13 +28,14 @@ std::string stars(double p) { return p < 0.001 ? "***" : p < 0.01 ? "**" : p < 0
 
 Row row_of(const ResultEffect& effect) {
     if (effect.fixed) {
-        return {
-            effect.name, decimals(effect.estimate, 4), "held", "", "", odds(effect.odds_ratio), "",
-            "",          decimals(effect.t_ratio, 3),  ""};
+        return {effect.name, decimals(effect.estimate, 4), "held", "", "",
+                "",          odds(effect.odds_ratio),      "",     "", decimals(effect.t_ratio, 3),
+                ""};
     }
     return {effect.name,
             decimals(effect.estimate, 4),
             decimals(effect.standard_error, 4),
+            decimals(effect.mc_error, 4),
             decimals(effect.lower, 4),
             decimals(effect.upper, 4),
             odds(effect.odds_ratio),
@@ -80,8 +81,8 @@ std::string laid_out(const std::vector<Row>& rows, bool with_stars) {
 }  // namespace
 
 std::string estimates_table(const ResultRecord& result) {
-    std::vector<Row> rows = {{"effect", "estimate", "std. error", "lower 95%", "upper 95%",
-                              "odds ratio", "z", "p", "t-ratio", ""}};
+    std::vector<Row> rows = {{"effect", "estimate", "std. error", "mc error", "lower 95%",
+                              "upper 95%", "odds ratio", "z", "p", "t-ratio", ""}};
     for (const ResultEffect& effect : result.effects) {
         rows.push_back(row_of(effect));
     }
