@@ -103,6 +103,20 @@ TEST_F(Documents, ResultsOfEveryVerdictFollowTheirSchema) {
     document_of({"simulate", "converged", "--samples", "3", "--seed", "1", "--json"}, 0);
 }
 
+TEST_F(Documents, ChecksFollowTheirSchema) {
+    const std::vector<std::string> words = {"check",        "--network", "friends.csv",
+                                            "--undirected", "--json",    "--effects"};
+    const auto check = [&](const std::string& effects, int status) {
+        std::vector<std::string> all = words;
+        all.push_back(effects);
+        return document_of(all, status);
+    };
+    EXPECT_NE(check("edge,AT(2)", 0).find("\"actors\": 10"), std::string::npos);
+    EXPECT_NE(check("edge,AT(0.5)", 1).find("\"severity\": \"error\""), std::string::npos);
+    scratch_.write("run.setup", ToolSetup{.network = "nowhere.txt"}.text());
+    document_of({"check", "run.setup", "--json"}, 1);
+}
+
 TEST_F(Documents, TheEncyclopaediaFollowsItsSchema) {
     document_of({"effects", "--json"}, 0);
     document_of({"effects", "AT", "--json"}, 0);

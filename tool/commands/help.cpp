@@ -15,15 +15,17 @@ constexpr Command kOverview = {
     .name = "",
     .summary = "simulate, estimate and test exponential random graph models",
     .examples = R"(
-  ovri estimate --network friends.csv --undirected --effects 'edge,AT(2)'
-  ovri simulate friends.results
+  ovri new friends.csv --nodes people.csv
+  ovri check friends.toml
+  ovri estimate friends.toml
   ovri effects AT
+  ovri simulate friends.results
 )",
     .details = R"(
-A model file names a network, its actors and a model; results are a folder of
-text files. `ovri estimate`, `ovri simulate` and `ovri effects` are for people, all
-with --json for their scripts. `ovri run` performs the run that a host program's
-setup file describes.
+A model file names a network, its actors and a model; `ovri new` writes one. Results
+are a folder of text files. --json prints them for scripts, where a command has it.
+`ovri run` performs the run that a host program's setup file describes, `ovri check`
+looks at files of both kinds.
 )",
     .statuses = R"(
 Exit status: 0 done; 1 the check found errors and nothing was written; 2 the
