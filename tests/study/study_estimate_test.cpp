@@ -140,10 +140,13 @@ TEST(StudyEstimate, DependentEffectsAreNotIdentified) {
     EXPECT_EQ(estimate.effects[0].observed, 78.0);
 }
 
-TEST(StudyEstimate, AStatisticThatNeverMovesIsDegenerate) {
+TEST(StudyEstimate, ACountOfNothingHasNoEstimate) {
     const StudyEstimate estimate = estimated(ring_study(12, false, "edge,7-clique"), 1);
-    EXPECT_EQ(estimate.verdict, StudyVerdict::degenerate);
-    EXPECT_EQ(estimate.faulty, std::vector<int>{1});
+    EXPECT_EQ(estimate.verdict, StudyVerdict::not_identified);
+    ASSERT_EQ(estimate.infinite.size(), 1U);
+    EXPECT_EQ(estimate.infinite[0].effect, 1);
+    EXPECT_EQ(estimate.infinite[0].sign, -1);
+    EXPECT_EQ(estimate.proposals, 0.0);
 }
 
 TEST(StudyEstimate, AnEmptyNetworkHasNoEstimates) {
@@ -151,8 +154,9 @@ TEST(StudyEstimate, AnEmptyNetworkHasNoEstimates) {
     study.network.ties.clear();
     const StudyEstimate estimate = estimated(study, 1);
     EXPECT_EQ(estimate.verdict, StudyVerdict::not_identified);
-    ASSERT_EQ(estimate.infinite.size(), 1U);
+    ASSERT_EQ(estimate.infinite.size(), 2U);
     EXPECT_EQ(estimate.infinite[0].sign, -1);
+    EXPECT_EQ(estimate.infinite[1].sign, -1);
 }
 
 TEST(StudyEstimate, NetworksAllTiedHaveNoEstimatesWhateverTheModel) {
