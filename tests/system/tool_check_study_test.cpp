@@ -34,7 +34,7 @@ class ToolCheckStudy : public ToolTest {
 }  // namespace
 
 TEST_F(ToolCheckStudy, TellsWhatWasReadOfASoundModel) {
-    ASSERT_EQ(check_effects(R"("edge", "AT(2)")").status, 0) << result.out;
+    ASSERT_EQ(check_effects(R"x("edge", "AT(2)")x").status, 0) << result.out;
     EXPECT_TRUE(out_says("friends.csv: 10 actors, 14 ties")) << result.out;
     EXPECT_TRUE(out_says("friends.toml: no errors, no warnings\n")) << result.out;
     EXPECT_EQ(result.err, "");
