@@ -37,6 +37,7 @@ std::optional<RunMode> run_mode_of(const std::string& name) {
 
 std::vector<std::string> run_mode_names() {
     std::vector<std::string> names;
+    names.reserve(std::size(kModes));
     for (const ModeName& each : kModes) {
         names.emplace_back(each.name);
     }

@@ -178,6 +178,7 @@ std::vector<std::string> vertex_attributes(const igraph_t& graph) {
                            &types);
     igraph_vector_int_destroy(&types);
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(of_vertices.size()));
     for (int k = 0; k < of_vertices.size(); ++k) {
         names.push_back(of_vertices[k]);
     }
