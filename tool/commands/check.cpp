@@ -121,9 +121,10 @@ Reads the file and every file it names just as a run reads them, and writes
 nothing.
 
 Of a model (a file that ends in .toml or begins with a [section], or the same
-things as options) it tells everything that `ovri estimate` would find out before
-it begins: files, keys, values, names of effects and attributes, lambdas, effects
-that drift, that depend on each other, or whose estimate would be infinite.
+things as options) it tells everything that `ovri estimate` would find out
+before it begins: files, keys, values, names of effects and attributes, lambdas,
+effects that drift, that depend on each other, or whose estimate would be
+infinite.
 
 A setup file is read by position: each value stands behind a label of
 one word, and the label is for people only. So a label with a blank in it, a

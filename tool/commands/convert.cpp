@@ -238,8 +238,8 @@ extern const Command kConvertCommand = {
 )",
     .details = R"(
 Networks: the formats are told by the names' extensions, by content, or by
---from and --to. A .txt is written as a matrix. Without a word on direction it is
-guessed from the ties. Actors keep their names; an edge list alone leaves out
+--from and --to. A .txt is written as a matrix. Without a word on direction it
+is guessed from the ties. Actors keep their names; an edge list alone leaves out
 actors without ties.
 
 Where IN ends in .toml it is a model file, and OUT becomes a host's setup file;
@@ -248,8 +248,8 @@ with its name: OUT_network.txt and so on. The way there and back asks for the
 same run, byte for byte: what only a setup file says stands in the model file's
 section [host]. Paths in a setup file are as seen from the current directory.
 
---explain writes a setup file for reading: each line with the names of its values
-and what they mean, and what is wrong or surprising behind the last.
+--explain writes a setup file for reading: each line with the names of its
+values and what they mean, and what is wrong or surprising behind the last.
 )",
     .statuses = R"(
 Exit status: 0 done; 1 IN cannot be read or OUT exists, and nothing was written;
