@@ -15,7 +15,7 @@ the tools for it is installed first, by apt-get and announced. In order:
   formatting          clang-format has nothing to change
   Release build       in build/, warnings are errors
   Windows build       ovri.dll and ovri.exe by mingw-w64, in build-windows/
-  static analysis     clang-tidy finds nothing in src/, formats/ and tool/
+  static analysis     clang-tidy finds nothing in src/, formats/, pictures/ and tool/
   tests, Release      every test, also those of the Java host, the Windows build and the archives
   sanitizer build     in build-asan/
   tests, sanitizers   under AddressSanitizer and UndefinedBehaviorSanitizer; the archives and the
@@ -90,13 +90,13 @@ run_tests() {
 # of the queue are done at the same time.
 analyse() {
     sed -n 's|^ *"file": "\(.*\)",*$|\1|p' build/compile_commands.json |
-        grep -E "^$PWD/(src|formats|tool)/" | sort -u | xargs -d '\n' stat -c '%s %n' | sort -rn |
+        grep -E "^$PWD/(src|formats|pictures|tool)/" | sort -u | xargs -d '\n' stat -c '%s %n' | sort -rn |
         cut -d ' ' -f 2- | xargs -d '\n' -n 1 -P "$jobs" clang-tidy --quiet -p build
     echo "No findings."
 }
 
 check_formatting() {
-    find src formats tool tests bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
+    find src formats pictures tool tests bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
         xargs -0 -n 16 -P "$jobs" clang-format --dry-run --Werror
     echo "Every source file is formatted."
 }

@@ -8,6 +8,8 @@ build_packages=(
     /usr/include/toml++/toml.h=libtomlplusplus-dev
     /usr/include/nlohmann/json.hpp=nlohmann-json3-dev
     '/usr/include/igraph/igraph.h?libigraph-dev'
+    # Makes PDF and PNG of figures; the tool does without.
+    'rsvg-convert?librsvg2-bin'
 )
 
 # Each argument is PROBE=PACKAGE or PROBE?PACKAGE. A probe is a command, or the absolute path of a

@@ -9,6 +9,8 @@
 extern const Command kNewCommand;
 extern const Command kConvertCommand;
 extern const Command kEstimateCommand;
+extern const Command kGofCommand;
+extern const Command kReportCommand;
 extern const Command kRunCommand;
 extern const Command kSimulateCommand;
 extern const Command kCheckCommand;
@@ -17,9 +19,9 @@ extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {&kNewCommand,     &kEstimateCommand, &kSimulateCommand,
-                                  &kConvertCommand, &kEffectsCommand,  &kCheckCommand,
-                                  &kRunCommand,     &kHelpCommand};
+constexpr std::array kCommands = {
+    &kNewCommand,     &kEstimateCommand, &kGofCommand,   &kSimulateCommand, &kReportCommand,
+    &kConvertCommand, &kEffectsCommand,  &kCheckCommand, &kRunCommand,      &kHelpCommand};
 
 }  // namespace
 

@@ -65,6 +65,9 @@ std::vector<std::string> choices_of(const std::string& value) {
     if (value == "METHOD") {
         return {"auto", "mcmle", "mple", "stochastic-approximation"};
     }
+    if (value == "PICTURES") {
+        return {"svg", "pdf", "png"};
+    }
     return value == "SHELL" ? std::vector<std::string>{"bash", "zsh"} : std::vector<std::string>{};
 }
 
@@ -76,6 +79,13 @@ CLI::Option& add_word(CLI::App& app, const std::string& kind, std::string& word,
 CLI::Option& add_needed_word(CLI::App& app, const std::string& kind, std::string& word,
                              const std::string& text) {
     return *app.add_option(kind, word, text)->required();
+}
+
+CLI::Option& add_words(CLI::App& app, const std::string& kind, std::vector<std::string>& words,
+                       const std::string& text) {
+    return *app.add_option(kind, words, text)
+                ->required()
+                ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 CLI::Option& add_text(CLI::App& app, const std::string& name, std::string& value,
@@ -120,11 +130,12 @@ void add_folder(CLI::App& app, FolderOptions& folder) {
              "Write into the results folder even if it is there; earlier results in it go.");
 }
 
-void add_forms(CLI::App& app, bool& json, bool& csv) {
-    CLI::Option& in_json =
-        add_flag(app, "--json", json, "Print result.json on standard output, and nothing else.");
+void add_forms(CLI::App& app, bool& json, bool& csv, const std::string& json_file,
+               const std::string& csv_file) {
+    CLI::Option& in_json = add_flag(
+        app, "--json", json, "Print " + json_file + " on standard output, and nothing else.");
     CLI::Option& in_csv =
-        add_flag(app, "--csv", csv, "Print estimates.csv on standard output, and nothing else.");
+        add_flag(app, "--csv", csv, "Print " + csv_file + " on standard output, and nothing else.");
     exclude(in_csv, in_json);
 }
 

@@ -30,6 +30,10 @@ CLI::Option& add_word(CLI::App& app, const std::string& kind, std::string& word,
 CLI::Option& add_needed_word(CLI::App& app, const std::string& kind, std::string& word,
                              const std::string& text);
 
+// One word or more.
+CLI::Option& add_words(CLI::App& app, const std::string& kind, std::vector<std::string>& words,
+                       const std::string& text);
+
 // An option that takes a text of some kind ("FILE").
 CLI::Option& add_text(CLI::App& app, const std::string& name, std::string& value,
                       const std::string& kind, const std::string& text);
@@ -55,8 +59,9 @@ void add_output(CLI::App& app, std::string& directory, const std::string& text);
 // -o, --output DIR and --overwrite, of a results folder.
 void add_folder(CLI::App& app, FolderOptions& folder);
 
-// --json and --csv: what standard output takes in place of a table.
-void add_forms(CLI::App& app, bool& json, bool& csv);
+// --json and --csv: the file that standard output takes in place of a table.
+void add_forms(CLI::App& app, bool& json, bool& csv, const std::string& json_file = "result.json",
+               const std::string& csv_file = "estimates.csv");
 
 // A format of networks, by name.
 void add_format(CLI::App& app, const std::string& name, std::optional<NetworkFormat>& format,

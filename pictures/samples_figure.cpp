@@ -1,0 +1,159 @@
+#include <algorithm>
+#include <cmath>
+
+#include "pictures/axis.h"
+#include "pictures/figures.h"
+
+namespace {
+
+constexpr std::size_t kMostPoints = 400;  // of a chain that are drawn
+constexpr double kHeight = 190.0;
+
+Frame sample_frame() { return {52.0, 40.0, kFigureWidth - 12.0, kHeight - 38.0}; }
+
+Range range_of(const DrawnSample& sample) {
+    Range range;
+    range.add(sample.observed);
+    for (const std::vector<double>& chain : sample.chains) {
+        for (const double value : chain) {
+            range.add(value);
+        }
+    }
+    return range;
+}
+
+// What stands above a frame: the effect and, where it is not to be used, that it is not.
+void draw_heading(Drawing& drawing, const DrawnSample& sample) {
+    const std::string warning = sample.label.usable ? "" : sample.label.verdict + ": do not use";
+    const double taken = warning.empty() ? 0.0 : text_length(warning) * 1.1 + 10.0;
+    drawing.text(4.0, 13.0, sample.effect, "bold", Anchor::start, kFigureWidth - 12.0 - taken);
+    if (!warning.empty()) {
+        drawing.text(kFigureWidth - 6.0, 13.0, warning, "warning", Anchor::end);
+    }
+}
+
+std::string summary_of(const DrawnSample& sample) {
+    double sum = 0.0;
+    double count = 0.0;
+    for (const std::vector<double>& chain : sample.chains) {
+        for (const double value : chain) {
+            sum += value;
+            count += 1.0;
+        }
+    }
+    return number_for_people(count, 6) + " simulated networks with a mean of " +
+           number_for_people(sum / count) + "; the observed network has " +
+           number_for_people(sample.observed, 6) +
+           (sample.label.usable ? "." : "; " + sample.label.verdict + ", not to be used.");
+}
+
+// Bars of a readable width; whole numbers have bars of whole widths, centred on them.
+struct Bins {
+    double first = 0.0;
+    double width = 1.0;
+    std::vector<int> counts;
+};
+
+Bins binned(const DrawnSample& sample, double low, double high) {
+    constexpr int kMostBars = 30;
+    bool whole = true;
+    for (const std::vector<double>& chain : sample.chains) {
+        whole = whole && std::all_of(chain.begin(), chain.end(),
+                                     [](double value) { return value == std::floor(value); });
+    }
+    const std::vector<double> ticks = readable_ticks(low, high, kMostBars);
+    Bins bins;
+    bins.width = ticks.size() > 1 ? ticks[1] - ticks[0] : 1.0;
+    if (whole) {
+        bins.width = std::max(1.0, std::round(bins.width));
+    }
+    const double shift = whole ? 0.5 : 0.0;
+    bins.first = std::floor((low + shift) / bins.width) * bins.width - shift;
+    const auto count = static_cast<std::size_t>((high - bins.first) / bins.width) + 1;
+    bins.counts.assign(count, 0);
+    for (const std::vector<double>& chain : sample.chains) {
+        for (const double value : chain) {
+            const double place = (value - bins.first) / bins.width;
+            if (place >= 0.0 && place < static_cast<double>(count)) {
+                ++bins.counts[static_cast<std::size_t>(place)];
+            }
+        }
+    }
+    return bins;
+}
+
+}  // namespace
+
+Drawing trace_figure(const DrawnSample& sample) {
+    Drawing drawing(kFigureWidth, kHeight, "Trace of " + sample.effect, summary_of(sample));
+    draw_heading(drawing, sample);
+    const Frame frame = sample_frame();
+    const Range range = range_of(sample).widened(0.06);
+    std::size_t longest = 1;
+    for (const std::vector<double>& chain : sample.chains) {
+        longest = std::max(longest, chain.size());
+    }
+    const Scale across(1.0, static_cast<double>(longest), frame.left, frame.right);
+    const Scale up(range.low, range.high, frame.bottom, frame.top);
+    draw_left_axis(drawing, frame, up, "statistic", 5);
+    draw_bottom_axis(drawing, frame, across, "sample", 6);
+    for (std::size_t k = 0; k < sample.chains.size(); ++k) {
+        const std::vector<double>& chain = sample.chains[k];
+        const std::size_t step = chain.size() / kMostPoints + 1;
+        std::vector<double> x;
+        std::vector<double> y;
+        for (std::size_t draw = 0; draw < chain.size(); draw += step) {
+            x.push_back(across.at(static_cast<double>(draw + 1)));
+            y.push_back(up.at(chain[draw]));
+        }
+        const int series = static_cast<int>(k);
+        drawing.curve(x, y,
+                      "trace " + series_class(series) + " line" +
+                          (series % 4 == 0 ? "" : " d" + std::to_string(series % 4)));
+    }
+    if (std::isfinite(sample.observed)) {
+        const double y = up.at(sample.observed);
+        drawing.line(frame.left, y, frame.right, y, "target");
+    }
+    drawing.text(kFigureWidth - 12.0, 29.0,
+                 "dashed: observed, " + number_for_people(sample.observed, 6), "soft", Anchor::end);
+    return drawing;
+}
+
+Drawing histogram_figure(const DrawnSample& sample, std::optional<double> low,
+                         std::optional<double> high) {
+    Drawing drawing(kFigureWidth, kHeight, "Simulated values of " + sample.effect,
+                    summary_of(sample));
+    draw_heading(drawing, sample);
+    const Frame frame = sample_frame();
+    Range range = range_of(sample);
+    range.add(low.value_or(range.low));
+    range.add(high.value_or(range.high));
+    if (!range.any) {
+        range = range.widened(0.0);
+    }
+    const Bins bins = binned(sample, range.low, range.high);
+    const int most =
+        bins.counts.empty() ? 1 : *std::max_element(bins.counts.begin(), bins.counts.end());
+    const Scale across(bins.first,
+                       bins.first + bins.width * static_cast<double>(bins.counts.size()),
+                       frame.left, frame.right);
+    const Scale up(0.0, std::max(most, 1), frame.bottom, frame.top);
+    draw_left_axis(drawing, frame, up, "networks", 4);
+    draw_bottom_axis(drawing, frame, across, "statistic", 6);
+    for (std::size_t k = 0; k < bins.counts.size(); ++k) {
+        if (bins.counts[k] > 0) {
+            const double left = across.at(bins.first + bins.width * static_cast<double>(k));
+            const double right = across.at(bins.first + bins.width * static_cast<double>(k + 1));
+            const double top = up.at(bins.counts[k]);
+            drawing.box(left + 0.4, top, right - left - 0.8, frame.bottom - top, "bar");
+        }
+    }
+    if (std::isfinite(sample.observed)) {
+        const double x = across.at(sample.observed);
+        drawing.line(x, frame.top - 2.0, x, frame.bottom, "target");
+    }
+    drawing.text(kFigureWidth - 12.0, 29.0,
+                 "dashed: observed, " + number_for_people(sample.observed, 6), "soft", Anchor::end);
+    return drawing;
+}

@@ -1,0 +1,256 @@
+#include "study/study_gof.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+#include "fit/parameter_draws.h"
+#include "study/gof_measures.h"
+#include "study/gof_summary.h"
+#include "study/study_chain.h"
+#include "study/study_chains.h"
+
+namespace {
+
+// Proposals between samples at first, for each tie there is: half the proposals take ties.
+constexpr double kProposalsPerTie = 4.0;
+constexpr std::int64_t kLeastInterval = 200;
+constexpr std::int64_t kBurnInIntervals = 20;
+// The interval is lengthened until samples of the model's statistics are nearly independent.
+constexpr int kPilotSamples = 30;  // of each chain
+constexpr int kMostPilots = 5;
+constexpr double kAlike = 0.2;
+constexpr double kLeastLonger = 2.0;
+constexpr double kMostLonger = 12.0;
+// Intervals that a chain has to follow its parameters when they change.
+constexpr std::int64_t kSettlingIntervals = 4;
+// Streams of random numbers of a test have nothing to do with those of an estimation of that seed.
+constexpr std::uint64_t kChainStreams = std::uint64_t{1} << 32U;
+constexpr std::uint32_t kParameterStream = 1000;
+
+// One row a sample when parameters are drawn; none when they stay where they are.
+Matrix parameter_sets(const std::vector<double>& parameters, const GofSettings& settings) {
+    const int p = static_cast<int>(parameters.size());
+    if (p == 0 || settings.covariance.rows != p) {
+        return {};
+    }
+    Matrix sets = matrix_create(settings.samples, p, 0.0);
+    const Matrix root = lower_root(settings.covariance);
+    RandomSource random;
+    random.state = mixed_seed(settings.seed, kParameterStream);
+    std::vector<double> z(parameters.size(), 0.0);
+    for (int row = 0; row < sets.rows; ++row) {
+        for (double& deviate : z) {
+            deviate = normal_deviate(random);
+        }
+        for (int i = 0; i < p; ++i) {
+            double value = parameters[static_cast<std::size_t>(i)];
+            for (int k = 0; k <= i; ++k) {
+                value += root[i][k] * z[static_cast<std::size_t>(k)];
+            }
+            sets[row][i] = value;
+        }
+    }
+    return sets;
+}
+
+// Largest correlation of a statistic with itself one sample later, over the chains.
+double largest_autocorrelation(const ChainSamples& samples) {
+    const Matrix& rows = samples.statistics;
+    double largest = 0.0;
+    for (int column = 0; column < rows.columns; ++column) {
+        double mean = 0.0;
+        for (int row = 0; row < rows.rows; ++row) {
+            mean += rows[row][column] / rows.rows;
+        }
+        double squares = 0.0;
+        double products = 0.0;
+        for (int row = 0; row < rows.rows; ++row) {
+            const double deviation = rows[row][column] - mean;
+            squares += deviation * deviation;
+            products += samples.draw[static_cast<std::size_t>(row)] > 0
+                            ? deviation * (rows[row - 1][column] - mean)
+                            : 0.0;
+        }
+        largest = squares > 0.0 ? std::max(largest, products / squares) : largest;
+    }
+    return largest;
+}
+
+// The samples of one test: drawn by a number of chains, each with its share of them.
+template <class Network>
+class GofRun {
+  public:
+    GofRun(const Study& study, const StudySelection& resolved,
+           const std::vector<double>& parameters, const GofSettings& settings,
+           RunProgress& progress)
+        : study_(study),
+          resolved_(resolved),
+          parameters_(parameters),
+          settings_(settings),
+          progress_(progress),
+          meter_(study),
+          samples_(static_cast<std::size_t>(std::max(settings.samples, 0))),
+          interval_(settings.interval) {}
+
+    StudyGof run() {
+        const GofMeasures observed = measure_observed();
+        StudyChains chains(study_, resolved_, kChainStreams + settings_.seed, kDefaultChains,
+                           settings_.threads);
+        find_interval(chains);
+        const Matrix sets = parameter_sets(parameters_, settings_);
+        if (sets.rows > 0) {
+            draw_around(sets);
+        } else {
+            draw_at_estimates(chains);
+        }
+        StudyGof gof = summarised_gof(meter_.statistics(), meter_.shapes(), observed, samples_);
+        gof.effects = static_cast<int>(resolved_.names.size());
+        gof.seed = settings_.seed;
+        gof.interval = interval_;
+        gof.proposals = static_cast<double>(proposals_);
+        return gof;
+    }
+
+  private:
+    GofMeasures measure_observed() const {
+        StudyChain<Network> observed(study_, resolved_, study_parameters(study_, resolved_),
+                                     settings_.seed);
+        return meter_.measure(observed.network());
+    }
+
+    int share() const {
+        return (static_cast<int>(samples_.size()) + kDefaultChains - 1) / kDefaultChains;
+    }
+
+    std::int64_t burn_in() const {
+        return settings_.burn_in > 0 ? settings_.burn_in : kBurnInIntervals * interval_;
+    }
+
+    void find_interval(StudyChains& chains) {
+        progress_start(progress_, RunStage::burn_in, 0.0);
+        if (interval_ > 0) {
+            return;
+        }
+        interval_ =
+            std::max(kLeastInterval,
+                     static_cast<std::int64_t>(kProposalsPerTie *
+                                               static_cast<double>(study_.network.ties.size())));
+        std::int64_t before = burn_in();
+        for (int pilots = 0; pilots < kMostPilots; ++pilots) {
+            const ChainSamples pilot =
+                chains.run(parameters_, before, interval_, kPilotSamples, progress_);
+            proposals_ += pilot.proposals;
+            before = 0;
+            const double alike = largest_autocorrelation(pilot);
+            if (alike < kAlike) {
+                return;
+            }
+            // As if correlations fell by a constant factor with each proposal.
+            const double longer = std::log(kAlike) / std::log(std::min(alike, 0.999));
+            interval_ = static_cast<std::int64_t>(std::ceil(
+                static_cast<double>(interval_) * std::clamp(longer, kLeastLonger, kMostLonger)));
+        }
+    }
+
+    void start_progress(std::int64_t proposals) {
+        progress_start(progress_, RunStage::fit, static_cast<double>(proposals));
+    }
+
+    // The k-th sample of a chain stands as many places behind the one before as there are chains.
+    void take(int chain, int draw, const SampledNetwork& network) {
+        const auto place =
+            static_cast<std::size_t>(draw) * kDefaultChains + static_cast<std::size_t>(chain);
+        if (place >= samples_.size()) {
+            return;
+        }
+        if constexpr (kDirected<Network>) {
+            samples_[place] = meter_.measure(*network.digraph);
+        } else {
+            samples_[place] = meter_.measure(*network.graph);
+        }
+    }
+
+    void draw_at_estimates(StudyChains& chains) {
+        chains.restart();
+        start_progress(kDefaultChains * (burn_in() + interval_ * share()));
+        const ChainSamples drawn =
+            chains.run(parameters_, burn_in(), interval_, share(), progress_,
+                       [this](int chain, int draw, const SampledNetwork& network) {
+                           take(chain, draw, network);
+                       });
+        proposals_ += drawn.proposals;
+    }
+
+    // Each sample has parameters of its own: a chain runs by itself, from set to set.
+    void draw_around(const Matrix& sets) {
+        start_progress(kDefaultChains *
+                       (burn_in() + interval_ * (kSettlingIntervals + 1) * share()));
+        const unsigned wanted = settings_.threads > 0 ? static_cast<unsigned>(settings_.threads)
+                                                      : std::thread::hardware_concurrency();
+        std::atomic<int> next{0};
+        std::vector<std::exception_ptr> failures(kDefaultChains);
+        const auto work = [&] {
+            for (int chain = next++; chain < kDefaultChains; chain = next++) {
+                try {
+                    draw_around(sets, chain);
+                } catch (...) {
+                    failures[static_cast<std::size_t>(chain)] = std::current_exception();
+                    return;
+                }
+            }
+        };
+        std::vector<std::thread> threads;
+        for (unsigned k = 1; k < std::clamp(wanted, 1U, unsigned{kDefaultChains}); ++k) {
+            threads.emplace_back(work);
+        }
+        work();
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+        for (const std::exception_ptr& failure : failures) {
+            if (failure) {
+                std::rethrow_exception(failure);
+            }
+        }
+    }
+
+    void draw_around(const Matrix& sets, int number) {
+        StudyChains chain(study_, resolved_,
+                          kChainStreams * static_cast<std::uint64_t>(number + 2) + settings_.seed,
+                          1, 1);
+        for (int draw = 0; draw * kDefaultChains + number < sets.rows; ++draw) {
+            const double* values = sets[draw * kDefaultChains + number];
+            const ChainSamples drawn = chain.run(
+                {values, values + sets.columns},
+                draw == 0 ? burn_in() : kSettlingIntervals * interval_, interval_, 1, progress_,
+                [&](int, int, const SampledNetwork& network) { take(number, draw, network); });
+            const std::lock_guard<std::mutex> lock(mutex_);
+            proposals_ += drawn.proposals;
+        }
+    }
+
+    const Study& study_;
+    const StudySelection& resolved_;
+    const std::vector<double>& parameters_;
+    const GofSettings& settings_;
+    RunProgress& progress_;
+    const GofMeter<Network> meter_;
+    std::vector<GofMeasures> samples_;
+    std::int64_t interval_;
+    std::mutex mutex_;
+    double proposals_ = 0.0;
+};
+
+}  // namespace
+
+StudyGof study_gof(const Study& study, const StudySelection& resolved,
+                   const std::vector<double>& parameters, const GofSettings& settings,
+                   RunProgress& progress) {
+    return study.network.directed
+               ? GofRun<Digraph>(study, resolved, parameters, settings, progress).run()
+               : GofRun<Graph>(study, resolved, parameters, settings, progress).run();
+}

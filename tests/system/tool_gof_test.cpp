@@ -1,0 +1,153 @@
+// "ovri gof", driven as a person would.
+#include <algorithm>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "support/tool_runner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+class ToolGof : public ToolTest {
+  protected:
+    ToolGof() {
+        scratch.write("club.csv",
+                      "from,to\nAnn,Ben\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nFay,Ann\nAnn,Dot\nGil,"
+                      "Ann\n");
+        scratch.write("nodes.csv",
+                      "name,sex,age\nAnn,f,30\nBen,m,41\nCid,m,25\nDot,f,33\nEve,f,60\nFay,f,28\n"
+                      "Gil,m,52\n");
+        scratch.write("club.toml",
+                      "[network]\nfile = \"club.csv\"\ndirected = false\nnodes = \"nodes.csv\"\n"
+                      "[model]\neffects = [\"edge\"]\n[gof]\nsamples = 40\n[run]\nseed = 2\n");
+    }
+    const ToolResult& ovri(const std::vector<std::string>& words) {
+        result = run_tool(words, scratch.path().string());
+        return result;
+    }
+    Json document(const std::string& path) const { return Json::parse(scratch.read(path)); }
+
+    void mark_unconverged(const std::string& folder, const std::string& verdict, int status) {
+        Json json = document(folder + "/result.json");
+        json["verdict"] = verdict;
+        json["exit_status"] = status;
+        scratch.write(folder + "/result.json", json.dump());
+    }
+};
+
+std::vector<std::string> keys(const Json& json) {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : json.items()) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+}  // namespace
+
+TEST_F(ToolGof, ComparesAResultsFolder) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.out << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results"}).status, 0) << result.out << result.err;
+    EXPECT_NE(result.out.find("fits "), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("40 networks, seed 2\nresults: club.results\n"), std::string::npos)
+        << result.out;
+    const Json json = document("club.results/gof.json");
+    EXPECT_EQ(json["format"], "ovri-gof/1");
+    EXPECT_EQ(json["samples"], 40);
+    EXPECT_EQ(keys(json["statistics"][0]),
+              (std::vector<std::string>{"mean", "median", "name", "observed", "p_value", "q05",
+                                        "q95", "sd", "t_ratio"}));
+    EXPECT_EQ(keys(json["distributions"][0]), (std::vector<std::string>{"name", "rows"}));
+    EXPECT_EQ(
+        keys(json["distributions"][0]["rows"][0]),
+        (std::vector<std::string>{"at", "mean", "median", "observed", "q05", "q25", "q75", "q95"}));
+    EXPECT_TRUE(json["mahalanobis"].is_number());
+    EXPECT_EQ(json["statistics"][0]["name"], "edge");
+    EXPECT_EQ(json["statistics"][0]["observed"], 8.0);
+    // 21 dyads at a density of 8 / 21.
+    EXPECT_NEAR(json["statistics"][0]["mean"].get<double>(), 8.0, 2.5);
+    std::vector<std::string> names;
+    for (const Json& each : json["distributions"]) {
+        names.push_back(each["name"].get<std::string>());
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"degree", "edgewise-shared-partners",
+                                               "dyadwise-shared-partners", "geodesic",
+                                               "component-size", "triad-census", "mixing(sex)"}));
+    EXPECT_EQ(json["distributions"][0]["rows"][0]["at"], 0);
+    EXPECT_TRUE(scratch.read("club.results/gof.csv").starts_with("kind,name,at,observed,mean,"));
+    EXPECT_NE(scratch.read("club.results/run.log").find("gof: ovri gof club.results"),
+              std::string::npos);
+}
+
+TEST_F(ToolGof, PrintsItsFilesAndRepeatsItself) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--threads", "1"}).status, 0) << result.err;
+    const std::string first = result.out;
+    EXPECT_EQ(first, scratch.read("club.results/gof.json"));
+    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--threads", "3"}).status, 0) << result.err;
+    EXPECT_EQ(result.out, first);
+    ASSERT_EQ(ovri({"gof", "club.results", "--csv", "--seed", "3"}).status, 0) << result.err;
+    EXPECT_EQ(result.out, scratch.read("club.results/gof.csv"));
+    EXPECT_NE(scratch.read("club.results/gof.json"), first);
+}
+
+TEST_F(ToolGof, AModelIsEstimatedFirst) {
+    ASSERT_EQ(ovri({"gof", "club.toml", "--samples", "20", "--json"}).status, 0) << result.err;
+    EXPECT_NE(result.err.find("club.toml has no estimates yet"), std::string::npos) << result.err;
+    EXPECT_EQ(Json::parse(result.out)["samples"], 20);
+    EXPECT_TRUE(scratch.exists("club.results/result.json"));
+    EXPECT_TRUE(scratch.exists("club.results/gof.json"));
+    const int status =
+        ovri({"gof", "--network", "club.csv", "--undirected", "--effects", "edge,AT(2)",
+              "--samples", "20", "--bayesian", "--seed", "4", "-o", "other", "-q"})
+            .status;
+    EXPECT_EQ(status, document("other/result.json")["exit_status"]) << result.err;
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(document("other/gof.json")["bayesian"], true);
+}
+
+TEST_F(ToolGof, EstimatesThatAreNotToBeUsedAreSaidToBe) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
+    for (const auto& [verdict, status] :
+         {std::pair{"not_converged", 4}, std::pair{"degenerate", 5}}) {
+        mark_unconverged("club.results", verdict, status);
+        EXPECT_EQ(ovri({"gof", "club.results"}).status, status);
+        EXPECT_NE(result.out.find("not to be used"), std::string::npos) << result.out;
+        EXPECT_NE(result.err.find("not to be used"), std::string::npos) << result.err;
+        EXPECT_EQ(document("club.results/gof.json")["verdict"], verdict);
+    }
+}
+
+TEST_F(ToolGof, WithoutEstimatesThereIsNothingToCompare) {
+    // Nobody is tied to the other sex: an estimate of `different` would be infinite.
+    scratch.write("pairs.csv", "from,to\nAnn,Dot\nDot,Eve\nBen,Cid\nEve,Fay\nCid,Gil\n");
+    EXPECT_EQ(ovri({"gof", "--network", "pairs.csv", "--undirected", "--nodes", "nodes.csv",
+                    "--effects", "edge,different(sex)", "--seed", "1"})
+                  .status,
+              5)
+        << result.out << result.err;
+    EXPECT_NE(result.err.find("has no estimates to simulate at"), std::string::npos) << result.err;
+    EXPECT_FALSE(scratch.exists("pairs.results/gof.json"));
+    EXPECT_EQ(result.out, "");
+}
+
+TEST_F(ToolGof, HeldValuesNeedNoEstimation) {
+    scratch.write("held.toml",
+                  "[network]\nfile = \"club.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\"]\nfixed = { edge = -0.5 }\n[gof]\nsamples = 30\n[run]\nseed = 1\n");
+    ASSERT_EQ(ovri({"gof", "held.toml"}).status, 0) << result.out << result.err;
+    EXPECT_EQ(document("held.results/result.json")["effects"][0]["estimate"], -0.5);
+    EXPECT_TRUE(document("held.results/gof.json")["verdict"].is_null());
+}
+
+TEST_F(ToolGof, MistakesLeaveNothingBehind) {
+    EXPECT_EQ(ovri({"gof"}).status, 2);
+    EXPECT_EQ(ovri({"gof", "nowhere.toml"}).status, 1);
+    EXPECT_EQ(ovri({"gof", "club.toml", "--effects", "edgy"}).status, 1);
+    EXPECT_FALSE(scratch.exists("club.results"));
+    fs::create_directory(scratch.path() / "half.results");
+    EXPECT_EQ(ovri({"gof", "half.results"}).status, 1);
+    EXPECT_NE(result.err.find("result.json"), std::string::npos) << result.err;
+}

@@ -1,0 +1,24 @@
+// The figures of a report, each with a name that is good for a file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "pictures/figures.h"
+#include "show/report_source.h"
+
+enum class FigurePart { estimates, network, samples, fit };
+
+struct NamedFigure {
+    std::string name;  // "gof-degree": letters, digits and "-"
+    FigurePart part = FigurePart::estimates;
+    int source = -1;  // the result that it is about; -1 for all of them
+    Drawing drawing;
+};
+
+// In the order of the page. Figures of the same thing in several results share their axes and
+// follow each other.
+std::vector<NamedFigure> report_figures(const std::vector<ReportSource>& sources);
+
+// "not converged".
+std::string verdict_words(const ResultRecord& result);

@@ -1,0 +1,422 @@
+#include "show/report_page.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "pictures/axis.h"
+#include "study/effect_expression.h"
+
+namespace {
+
+constexpr const char* kStyle = R"(
+:root{color-scheme:light dark}
+body{margin:0 auto;padding:1rem;max-width:78rem;font:1rem/1.5 system-ui,'Liberation Sans',sans-serif;
+ color:#1b1b1b;background:#fff;overflow-wrap:anywhere}
+h1{font-size:1.5rem;line-height:1.2}
+h2{font-size:1.2rem;margin-top:2rem;border-bottom:1px solid #bbb}
+h3{font-size:1rem}
+.figures{display:grid;gap:1.2rem;grid-template-columns:repeat(auto-fit,minmax(min(100%,20rem),1fr))}
+figure{margin:0;max-width:36rem;min-width:0}
+figcaption{font-size:.85rem;color:#555}
+svg{width:100%;height:auto;display:block}
+.scroll{overflow-x:auto}
+table{border-collapse:collapse;font-variant-numeric:tabular-nums}
+th,td{padding:.15rem .6rem;text-align:right;white-space:nowrap;border-bottom:1px solid #ddd}
+th:first-child,td:first-child{text-align:left;white-space:normal;min-width:7rem;max-width:24rem}
+pre{overflow-x:auto;padding:.6rem;background:#f3f3f3;font-size:.85rem}
+.verdict{padding:.6rem .9rem;border-left:.4rem solid #00825f;background:#eef6f3}
+.verdict.bad{border-left-style:double;border-color:#a3260a;background:#fbeeea}
+@media screen and (prefers-color-scheme:dark){
+body{color:#ececec;background:#161616}
+h2{border-color:#555}
+figcaption{color:#b4b4b4}
+th,td{border-color:#3d3d3d}
+pre{background:#242424}
+.verdict{background:#142621}
+.verdict.bad{border-color:#ff9d80;background:#2c1812}
+}
+@media print{body{max-width:none;padding:0}figure{break-inside:avoid}details{display:block}}
+)";
+
+std::string name_text(const std::string& name) { return "<bdi>" + escaped(name) + "</bdi>"; }
+
+std::string decimals(double value, int places) {
+    return std::isfinite(value) ? fmt::format("{:.{}f}", value, places) : "\xE2\x80\x93";
+}
+
+std::string p_text(double value) {
+    return !std::isfinite(value) ? "\xE2\x80\x93"
+           : value < 0.001       ? "&lt;0.001"
+                                 : fmt::format("{:.3f}", value);
+}
+
+std::string row(const char* tag, const std::vector<std::string>& cells) {
+    std::string text = "<tr>";
+    for (const std::string& each : cells) {
+        text += fmt::format("<{0}>{1}</{0}>", tag, each);
+    }
+    return text + "</tr>\n";
+}
+
+// -- Verdict
+
+const char* meaning_of(const ResultRecord& result) {
+    if (result.verdict == "converged") {
+        return "Networks simulated at the estimates have, on average, the statistics of the "
+               "observed network: every t-ratio is below 0.1 in size. The estimates can be used.";
+    }
+    if (result.verdict == "not_converged") {
+        return "Networks simulated at the estimates do not have the statistics of the observed "
+               "network. The estimates are not to be used; neither is what follows from them.";
+    }
+    if (result.verdict == "not_identified") {
+        return "The data cannot tell some parameters apart, or one of them would be infinite. "
+               "The estimates are not to be used.";
+    }
+    if (result.verdict == "degenerate") {
+        return "Networks of the model fall apart into nearly empty and nearly complete ones, or "
+               "never move. The estimates are not to be used.";
+    }
+    return "Networks were simulated at values that were given; nothing was estimated.";
+}
+
+std::string verdict_section(const ReportSource& source) {
+    const ResultRecord& result = source.result;
+    std::string words = verdict_words(result);
+    words = words.empty() ? "not estimated" : words;
+    std::string text = fmt::format("<section class=\"verdict{}\">\n<h3>{}: {}</h3>\n<p>{}</p>\n",
+                                   is_usable(result) ? "" : " bad", name_text(source.name),
+                                   escaped(words), meaning_of(result));
+    if (!result.reasons.empty()) {
+        text += "<ul>\n";
+        for (const std::string& reason : result.reasons) {
+            text += "<li>" + escaped(reason) + "</li>\n";
+        }
+        text += "</ul>\n";
+    }
+    if (!result.advice.empty()) {
+        text += "<p>What to try next, in order:</p>\n<pre>";
+        for (const std::string& command : result.advice) {
+            text += escaped(command) + "\n";
+        }
+        text += "</pre>\n";
+    }
+    return text + "</section>\n";
+}
+
+// -- Estimates
+
+std::string estimates_table(const ReportSource& source) {
+    std::string text =
+        "<div class=\"scroll\"><table>\n<caption>" + name_text(source.name) +
+        (is_usable(source.result) ? ""
+                                  : " \xE2\x80\x93 " + escaped(verdict_words(source.result)) +
+                                        ": do not use these estimates") +
+        "</caption>\n<thead>" +
+        row("th", {"effect", "estimate", "std. error", "lower 95%", "upper 95%", "odds ratio", "p",
+                   "t-ratio"}) +
+        "</thead>\n<tbody>\n";
+    for (const ResultEffect& each : source.result.effects) {
+        const int places = supported_decimals(each);
+        text += row("td", {name_text(each.name), decimals(each.estimate, places),
+                           each.fixed ? "held" : decimals(each.standard_error, places),
+                           decimals(each.lower, places), decimals(each.upper, places),
+                           std::isfinite(each.odds_ratio) ? fmt::format("{:.3g}", each.odds_ratio)
+                                                          : "\xE2\x80\x93",
+                           p_text(each.p_value), decimals(each.t_ratio, 3)});
+    }
+    return text + "</tbody></table></div>\n";
+}
+
+// -- Figures
+
+// The figures of one part of the page; `number` counts all of the page.
+std::string figures_of(FigurePart part, const std::vector<ReportSource>& sources,
+                       const std::vector<NamedFigure>& figures, int source = -1) {
+    std::string text;
+    for (const NamedFigure& figure : figures) {
+        if (figure.part != part || (source >= 0 && figure.source != source)) {
+            continue;
+        }
+        text +=
+            "<figure id=\"" + figure.name + "\">\n" + figure.drawing.element("f-" + figure.name);
+        std::string caption = escaped(figure.drawing.title());
+        if (figure.source >= 0 && sources.size() > 1) {
+            caption += ", " + name_text(sources[static_cast<std::size_t>(figure.source)].name);
+        }
+        text += "<figcaption>" + caption + "</figcaption>\n</figure>\n";
+    }
+    return text.empty() ? "" : "<div class=\"figures\">\n" + text + "</div>\n";
+}
+
+// -- Fit
+
+std::string fit_table(const GofRecord& record) {
+    std::string text =
+        "<details><summary>all statistics</summary>\n<div class=\"scroll\"><table>\n<thead>" +
+        row("th", {"statistic", "observed", "mean", "sd", "5%", "95%", "t-ratio", "p"}) +
+        "</thead>\n<tbody>\n";
+    for (const GofStatistic& each : record.gof.statistics) {
+        text += row("td", {name_text(each.name), number_for_people(each.observed),
+                           number_for_people(each.mean), number_for_people(each.sd),
+                           number_for_people(each.q05), number_for_people(each.q95),
+                           decimals(each.t_ratio, 2), p_text(each.p_value)});
+    }
+    return text + "</tbody></table></div></details>\n";
+}
+
+std::string fit_section(const std::vector<ReportSource>& sources,
+                        const std::vector<NamedFigure>& figures) {
+    std::string text = "<h2>Goodness of fit</h2>\n";
+    bool any = false;
+    for (const ReportSource& source : sources) {
+        if (!source.gof) {
+            continue;
+        }
+        any = true;
+        const GofRecord& gof = *source.gof;
+        text += fmt::format("<p>{}: {} simulated networks{}. {}.{}</p>\n", name_text(source.name),
+                            gof.gof.samples,
+                            gof.bayesian ? " at parameters drawn around the estimates" : "",
+                            escaped(gof.conclusion),
+                            gof.exit_status == 0 ? "" : " The estimates are not to be used.");
+    }
+    if (!any) {
+        std::string folders;
+        for (const ReportSource& source : sources) {
+            folders += escaped("ovri gof " + source.name) + "\n";
+        }
+        return text + "<p>Not tested yet:</p>\n<pre>" + folders + "</pre>\n";
+    }
+    text +=
+        "<p>In the figures of distributions a box spans the middle half of the simulated "
+        "networks, its whiskers reach the 5% and 95% points, the line in it is the median and "
+        "the diamond the mean; dots are the observed network.</p>\n";
+    text += figures_of(FigurePart::fit, sources, figures);
+    for (const ReportSource& source : sources) {
+        text += source.gof ? fit_table(*source.gof) : "";
+    }
+    return text;
+}
+
+// -- For a paper
+
+struct Reference {
+    const char* key;
+    const char* text;
+};
+constexpr std::array kReferences = std::to_array<Reference>({
+    {"Frank and Strauss 1986",
+     "Frank, O., and Strauss, D. (1986). Markov graphs. Journal of the American Statistical "
+     "Association 81, 832\xE2\x80\x93"
+     "842."},
+    {"Geyer and Thompson 1992",
+     "Geyer, C. J., and Thompson, E. A. (1992). Constrained Monte Carlo maximum likelihood for "
+     "dependent data. Journal of the Royal Statistical Society B 54, 657\xE2\x80\x93"
+     "699."},
+    {"Hunter and Handcock 2006",
+     "Hunter, D. R., and Handcock, M. S. (2006). Inference in curved exponential family models "
+     "for networks. Journal of Computational and Graphical Statistics 15, 565\xE2\x80\x93"
+     "583."},
+    {"Hunter, Goodreau and Handcock 2008",
+     "Hunter, D. R., Goodreau, S. M., and Handcock, M. S. (2008). Goodness of fit of social "
+     "network models. Journal of the American Statistical Association 103, 248\xE2\x80\x93"
+     "258."},
+    {"Lusher, Koskinen and Robins 2013",
+     "Lusher, D., Koskinen, J., and Robins, G. (eds.) (2013). Exponential Random Graph Models for "
+     "Social Networks. Cambridge University Press."},
+    {"Snijders 2002",
+     "Snijders, T. A. B. (2002). Markov chain Monte Carlo estimation of exponential random graph "
+     "models. Journal of Social Structure 3 (2)."},
+    {"Snijders et al. 2006",
+     "Snijders, T. A. B., Pattison, P. E., Robins, G. L., and Handcock, M. S. (2006). New "
+     "specifications for exponential random graph models. Sociological Methodology 36, "
+     "99\xE2\x80\x93"
+     "153."},
+    {"Strauss and Ikeda 1990",
+     "Strauss, D., and Ikeda, M. (1990). Pseudolikelihood estimation for social networks. Journal "
+     "of the American Statistical Association 85, 204\xE2\x80\x93"
+     "212."},
+});
+
+std::string method_words(const std::string& method) {
+    if (method == "mcmle") {
+        return "Monte Carlo maximum likelihood (Geyer and Thompson 1992; Hunter and Handcock 2006)";
+    }
+    if (method == "mple") {
+        return "maximum pseudolikelihood (Strauss and Ikeda 1990)";
+    }
+    return "stochastic approximation of the maximum likelihood (Snijders 2002)";
+}
+
+std::string estimates_sentence(const ResultRecord& result) {
+    std::string list;
+    double largest = 0.0;
+    for (const ResultEffect& each : result.effects) {
+        const int places = supported_decimals(each);
+        list += (list.empty() ? "" : ", ") + each.name + " " + decimals(each.estimate, places) +
+                (each.fixed ? " (held)"
+                            : " (standard error " + decimals(each.standard_error, places) + ")");
+        largest =
+            std::isfinite(each.t_ratio) ? std::max(largest, std::fabs(each.t_ratio)) : largest;
+    }
+    return fmt::format(
+        "The estimates are: {}. The model converged: the largest t-ratio of a "
+        "statistic was {:.3f} in size.",
+        list, largest);
+}
+
+std::string paper_words(const ReportSource& source) {
+    const ResultRecord& result = source.result;
+    if (result.verdict != "converged") {
+        return source.name + ": " +
+               (result.verdict.empty() ? "nothing was estimated."
+                                       : "the estimation ended " + verdict_words(result) +
+                                             "; its estimates are not to be reported.");
+    }
+    const ResultNetwork& network = result.network;
+    std::string text = fmt::format(
+        "We fitted an exponential random graph model (Frank and Strauss 1986; Lusher, Koskinen and "
+        "Robins 2013) to the {} network of {} actors and {} {} (density {:.3f}) with ovri {}, seed "
+        "{}. The parameters were estimated by {}.",
+        network.directed ? "directed" : "undirected", network.actors, network.ties,
+        network.directed ? "arcs" : "ties", network.density, result.ovri, result.seed,
+        method_words(result.method));
+    const bool alternating =
+        std::any_of(result.effects.begin(), result.effects.end(), [](const ResultEffect& each) {
+            return parse_effect(each.name).expression.lambda.has_value();
+        });
+    if (alternating) {
+        text +=
+            " Alternating effects are those of Snijders et al. 2006, with the lambda in "
+            "parentheses.";
+    }
+    text += " " + estimates_sentence(result);
+    if (std::isfinite(result.likelihood.value)) {
+        text += fmt::format(" The log-likelihood is {:.2f}, AIC {:.2f} and BIC {:.2f}.",
+                            result.likelihood.value, result.likelihood.aic, result.likelihood.bic);
+    }
+    if (source.gof) {
+        text += fmt::format(
+            " We compared the observed network with {} networks simulated {} "
+            "(Hunter, Goodreau and Handcock 2008): {}.",
+            source.gof->gof.samples,
+            source.gof->bayesian ? "at parameters drawn around the estimates" : "at the estimates",
+            source.gof->conclusion);
+    }
+    return text;
+}
+
+std::string paper_section(const std::vector<ReportSource>& sources) {
+    std::string words;
+    std::string text = "<h2>How to describe this in a paper</h2>\n";
+    for (const ReportSource& source : sources) {
+        const std::string paragraph = paper_words(source);
+        words += paragraph;
+        text += "<p>" + escaped(paragraph) + "</p>\n";
+    }
+    std::string list;
+    for (const Reference& each : kReferences) {
+        // "Snijders 2002" in the text, with or without its parentheses.
+        if (words.find(each.key) != std::string::npos) {
+            list += "<li>" + escaped(each.text) + "</li>\n";
+        }
+    }
+    return list.empty() ? text : text + "<p>References</p>\n<ul>\n" + list + "</ul>\n";
+}
+
+// -- The rest
+
+std::string diagnosis_section(const ReportSource& source) {
+    if (source.diagnosis.empty()) {
+        return "";
+    }
+    std::string text = "<h3>" + name_text(source.name) + "</h3>\n<ul>\n";
+    for (const std::string& line : source.diagnosis) {
+        text += "<li>" + escaped(line) + "</li>\n";
+    }
+    return text + "</ul>\n";
+}
+
+std::string repeat_section(const ReportSource& source) {
+    std::string text = fmt::format("<h3>{}</h3>\n<p>ovri {}, seed {}, {}</p>\n",
+                                   name_text(source.name), escaped(source.result.ovri),
+                                   source.result.seed, escaped(source.result.network.file));
+    if (!source.model_text.empty()) {
+        text += "<details><summary>model.toml</summary><pre>" + escaped(source.model_text) +
+                "</pre></details>\n";
+    }
+    if (!source.log_text.empty()) {
+        text += "<details><summary>run.log</summary><pre>" + escaped(source.log_text) +
+                "</pre></details>\n";
+    }
+    return text;
+}
+
+std::string title_of(const std::vector<ReportSource>& sources) {
+    std::string title;
+    for (const ReportSource& source : sources) {
+        title += (title.empty() ? "" : ", ") + source.name;
+    }
+    return title;
+}
+
+}  // namespace
+
+int supported_decimals(const ResultEffect& effect) {
+    const double error = effect.mc_error > 0.0         ? effect.mc_error
+                         : effect.standard_error > 0.0 ? effect.standard_error * 0.1
+                                                       : 0.001;
+    return std::isfinite(error) ? std::clamp(static_cast<int>(std::ceil(-std::log10(error))), 0, 6)
+                                : 3;
+}
+
+std::string report_page(const std::vector<ReportSource>& sources,
+                        const std::vector<NamedFigure>& figures) {
+    const std::string title = title_of(sources);
+    std::string page =
+        "<!DOCTYPE html>\n<html lang=\"en\" xmlns=\"http://www.w3.org/1999/xhtml\">\n<head>\n"
+        "<meta charset=\"UTF-8\"/>\n"
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
+        "<meta http-equiv=\"Content-Security-Policy\" "
+        "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\"/>\n<title>" +
+        escaped(title) + "</title>\n<style>" + kStyle + drawing_style() +
+        "</style>\n</head>\n<body>\n<h1>" + name_text(title) + "</h1>\n";
+    for (const ReportSource& source : sources) {
+        const ResultNetwork& network = source.result.network;
+        page +=
+            fmt::format("<p>{}: {} actors, {} {}, density {}, {}</p>\n", name_text(network.file),
+                        network.actors, network.ties, network.directed ? "arcs" : "ties",
+                        decimals(network.density, 4), network.directed ? "directed" : "undirected");
+    }
+    for (const ReportSource& source : sources) {
+        page += verdict_section(source);
+    }
+    page += "<h2>Estimates</h2>\n" + figures_of(FigurePart::estimates, sources, figures);
+    for (const ReportSource& source : sources) {
+        page += estimates_table(source);
+    }
+    page += "<h2>The network</h2>\n" + figures_of(FigurePart::network, sources, figures);
+    for (const ReportSource& source : sources) {
+        page += source.missing.empty() ? "" : "<p>" + escaped(source.missing) + "</p>\n";
+    }
+    if (const std::string drawn = figures_of(FigurePart::samples, sources, figures);
+        !drawn.empty()) {
+        page += "<h2>Networks simulated at the estimates</h2>\n" + drawn;
+    }
+    page += fit_section(sources, figures);
+    std::string diagnosis;
+    for (const ReportSource& source : sources) {
+        diagnosis += diagnosis_section(source);
+    }
+    page += diagnosis.empty() ? "" : "<h2>Diagnosis</h2>\n" + diagnosis;
+    page += paper_section(sources);
+    page += "<h2>How to repeat this</h2>\n";
+    for (const ReportSource& source : sources) {
+        page += repeat_section(source);
+    }
+    return page + "</body>\n</html>\n";
+}

@@ -1,0 +1,72 @@
+#include "show/report_source.h"
+
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "formats/csv.h"
+#include "formats/text_file.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string words_of(std::string key) {
+    std::replace(key.begin(), key.end(), '_', ' ');
+    return key;
+}
+
+void add_lines(const std::string& path, const Json& json, std::vector<std::string>& lines) {
+    if (json.is_object()) {
+        for (const auto& [key, value] : json.items()) {
+            add_lines(path.empty() ? words_of(key) : path + ", " + words_of(key), value, lines);
+        }
+    } else if (json.is_array() && !json.empty() && json[0].is_structured()) {
+        for (const Json& each : json) {
+            add_lines(path, each, lines);
+        }
+    } else if (json.is_array()) {
+        std::string list;
+        for (const Json& each : json) {
+            list += (list.empty() ? "" : ", ") +
+                    (each.is_string() ? each.get<std::string>() : each.dump());
+        }
+        lines.push_back(path + ": " + list);
+    } else if (!json.is_null()) {
+        lines.push_back(path + ": " + (json.is_string() ? json.get<std::string>() : json.dump()));
+    }
+}
+
+}  // namespace
+
+std::vector<SampledStatistic> read_samples(const std::string& text) {
+    std::vector<SampledStatistic> samples;
+    CsvScanner scanner(text, ',');
+    if (!scanner.next() || scanner.fields().size() < 3 || scanner.fields()[0].text != "chain") {
+        return samples;
+    }
+    for (std::size_t k = 2; k < scanner.fields().size(); ++k) {
+        samples.push_back({std::string(scanner.fields()[k].text), {}});
+    }
+    std::map<std::string, std::size_t> chains;
+    while (scanner.next() && scanner.fields().size() == samples.size() + 2) {
+        const auto [place, added] =
+            chains.emplace(std::string(scanner.fields()[0].text), chains.size());
+        for (std::size_t k = 0; k < samples.size(); ++k) {
+            if (added) {
+                samples[k].chains.emplace_back();
+            }
+            samples[k].chains[place->second].push_back(
+                number_of(scanner.fields()[k + 2].text).value_or(kNoNumber));
+        }
+    }
+    return samples;
+}
+
+std::vector<std::string> read_diagnosis(const std::string& result_json) {
+    std::vector<std::string> lines;
+    const Json json = Json::parse(result_json, nullptr, false);
+    if (json.is_object() && json.contains("diagnosis")) {
+        add_lines("", json["diagnosis"], lines);
+    }
+    return lines;
+}
