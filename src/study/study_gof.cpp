@@ -23,7 +23,7 @@ constexpr std::int64_t kBurnInIntervals = 20;
 constexpr int kPilotSamples = 30;  // of each chain
 constexpr int kMostPilots = 5;
 constexpr double kAlike = 0.2;
-constexpr double kLeastLonger = 2.0;
+constexpr double kLeastLonger = 1.2;
 constexpr double kMostLonger = 12.0;
 // Intervals that a chain has to follow its parameters when they change.
 constexpr std::int64_t kSettlingIntervals = 4;

@@ -21,7 +21,8 @@ class ToolGof : public ToolTest {
                       "Gil,m,52\n");
         scratch.write("club.toml",
                       "[network]\nfile = \"club.csv\"\ndirected = false\nnodes = \"nodes.csv\"\n"
-                      "[model]\neffects = [\"edge\"]\n[gof]\nsamples = 40\n[run]\nseed = 2\n");
+                      "[model]\neffects = [\"edge\"]\n[estimation]\nmethod = "
+                      "\"stochastic-approximation\"\n[gof]\nsamples = 40\n[run]\nseed = 2\n");
     }
     const ToolResult& ovri(const std::vector<std::string>& words) {
         result = run_tool(words, scratch.path().string());

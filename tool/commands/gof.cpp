@@ -12,7 +12,6 @@
 #include "commands/results_model.h"
 #include "commands/run_log.h"
 #include "commands/study_input.h"
-#include "formats/model_writer.h"
 #include "formats/text_file.h"
 #include "show/gof_document.h"
 #include "show/gof_table.h"
@@ -264,7 +263,7 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     for (const StudyEffect& effect : tested.input.files.study.model.effects) {
         tested.parameters.push_back(*effect.fixed);
     }
-    folder.write("model.toml", model_text(settled_model(tested.input), folder.directory()));
+    write_model(settled_model(tested.input), tested.input, folder);
     folder.write("run.log", RunLog("ovri gof " + model_words(options.model), tested.input).text());
     if (!folder.failures().empty()) {
         return tell_failures(folder);

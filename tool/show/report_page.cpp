@@ -64,6 +64,11 @@ std::string row(const char* tag, const std::vector<std::string>& cells) {
 // -- Verdict
 
 const char* meaning_of(const ResultRecord& result) {
+    if (result.verdict == "converged" && result.method == "exact") {
+        return "In this model dyads do not depend on each other, so the maximum of the likelihood "
+               "was "
+               "computed; nothing was simulated. The estimates can be used.";
+    }
     if (result.verdict == "converged") {
         return "Networks simulated at the estimates have, on average, the statistics of the "
                "observed network: every t-ratio is below 0.1 in size. The estimates can be used.";
@@ -246,6 +251,9 @@ std::string method_words(const std::string& method) {
     if (method == "mcmle") {
         return "Monte Carlo maximum likelihood (Geyer and Thompson 1992; Hunter and Handcock 2006)";
     }
+    if (method == "exact") {
+        return "maximum likelihood, computed, since dyads do not depend on each other in it";
+    }
     if (method == "mple") {
         return "maximum pseudolikelihood (Strauss and Ikeda 1990)";
     }
@@ -263,10 +271,11 @@ std::string estimates_sentence(const ResultRecord& result) {
         largest =
             std::isfinite(each.t_ratio) ? std::max(largest, std::fabs(each.t_ratio)) : largest;
     }
-    return fmt::format(
-        "The estimates are: {}. The model converged: the largest t-ratio of a "
-        "statistic was {:.3f} in size.",
-        list, largest);
+    return "The estimates are: " + list +
+           (largest > 0.0 ? fmt::format(". The model converged: the largest t-ratio of a statistic "
+                                        "was {:.3f} in size.",
+                                        largest)
+                          : ".");
 }
 
 std::string paper_words(const ReportSource& source) {
