@@ -1,7 +1,7 @@
 #include "study/first_models.h"
 
 #include <algorithm>
-#include <ranges>
+#include <functional>
 
 #include "study/estimability.h"
 
@@ -67,9 +67,10 @@ Effects estimable(const Study& study, Effects wanted) {
         if (faulty.empty()) {
             return wanted;
         }
-        std::sort(faulty.begin(), faulty.end());
+        // From the last on, so that the numbers of those before stay.
+        std::sort(faulty.begin(), faulty.end(), std::greater<>());
         faulty.erase(std::unique(faulty.begin(), faulty.end()), faulty.end());
-        for (const int effect : std::views::reverse(faulty)) {
+        for (const int effect : faulty) {
             wanted.erase(wanted.begin() + effect);
         }
     }

@@ -703,11 +703,11 @@ class Search {
         if (estimate_.verdict == StudyVerdict::degenerate) {
             return;
         }
-        for (std::size_t k = 0; k < free_.size(); ++k) {
-            const EffectEstimate& effect = estimate_.effects[static_cast<std::size_t>(free_[k])];
+        for (const int each : free_) {
+            const EffectEstimate& effect = estimate_.effects[static_cast<std::size_t>(each)];
             const bool precise = effect.mc_error <= precision_ * effect.standard_error;
             if (!precise || !(std::fabs(effect.t_ratio) < kConverged)) {
-                estimate_.faulty.push_back(free_[k]);
+                estimate_.faulty.push_back(each);
             }
         }
     }

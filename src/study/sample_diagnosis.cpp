@@ -229,8 +229,9 @@ double autocorrelation_time(const std::vector<double>& values, int chains) {
                 sum += (values[t] - mean) * (values[t + lag] - mean);
             }
         }
-        // Each lag has fewer pairs than values.
-        return sum / static_cast<double>(count - lag * (count / length));
+        // Each lag has fewer pairs than values: one less in every chain.
+        const std::size_t pairs = count - lag * (count / length);
+        return sum / static_cast<double>(pairs);
     };
     if (length == 0) {
         return 1.0;
