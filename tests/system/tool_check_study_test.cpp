@@ -76,8 +76,8 @@ TEST_F(ToolCheckStudy, TakesAModelAsOptions) {
 }
 
 TEST_F(ToolCheckStudy, JsonHoldsEveryFinding) {
-    check_effects(R"("edge", "AS(0.5)") ");
-        ovri({"check", "friends.toml", "--json"});
+    check_effects(R"x("edge", "AS(0.5)")x");
+    ovri({"check", "friends.toml", "--json"});
     EXPECT_EQ(result.status, 1);
     const Json json = Json::parse(result.out);
     EXPECT_EQ(json["format"], "ovri-check/1");
