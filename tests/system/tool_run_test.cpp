@@ -289,6 +289,10 @@ TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
         EXPECT_NE(page.out.find("ovri " + command + " SETUP ["), std::string::npos);
         EXPECT_EQ(ovri({command, "--help"}).out, page.out);
     }
+    // Topics tell the defaults of the records that the tool itself begins with.
+    const ToolResult topic = ovri({"help", "estimation"});
+    EXPECT_EQ(topic.status, 0);
+    EXPECT_NE(topic.out.find("multiplication = 30 "), std::string::npos) << topic.out;
     const ToolResult version = ovri({"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_TRUE(version.out.starts_with("ovri 1.")) << version.out;

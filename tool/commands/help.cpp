@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "commands/completion.h"
+#include "commands/help_topics.h"
 #include "commands/man_page.h"
 #include "commands/options.h"
 #include "commands/page_files.h"
@@ -87,6 +88,14 @@ std::string commands_text() {
     return text;
 }
 
+std::string topics_text() {
+    std::string text;
+    for (const HelpTopic& topic : help_topics()) {
+        text += entry(topic.name, topic.summary);
+    }
+    return text;
+}
+
 struct HelpOptions {
     std::string topic;
     bool man = false;
@@ -95,6 +104,10 @@ struct HelpOptions {
 };
 
 int help(const CLI::App& tool, const HelpOptions& options) {
+    if (const HelpTopic* topic = find_help_topic(options.topic)) {
+        print(stdout, "ovri help {} - {}\n\n{}", topic->name, topic->summary, topic->text());
+        return kDone;
+    }
     if (!options.topic.empty() && find_command(options.topic) == nullptr) {
         print(stderr, "ovri: {}\n", unknown_command(options.topic));
         return kNotUnderstood;
@@ -112,7 +125,7 @@ int help(const CLI::App& tool, const HelpOptions& options) {
 
 std::function<int()> declare_help(CLI::App& app) {
     const auto options = std::make_shared<HelpOptions>();
-    app.add_option("COMMAND", options->topic, "The command that help is wanted on.");
+    app.add_option("COMMAND", options->topic, "The command or topic that help is wanted on.");
     app.add_flag("--man", options->man, "Print the page as a manual page, for man -l -.");
     add_shell(app, options->shell);
     // For the installation: every manual page and completion script, below the directory.
@@ -127,6 +140,7 @@ extern const Command kHelpCommand = {.name = "help",
                                      .examples = R"(
   ovri help
   ovri help run
+  ovri help estimation
   ovri help run --man | man -l -
   source <(ovri help --completion bash)
 )",
@@ -173,8 +187,10 @@ std::string usage(const CLI::App& app) {
 std::string help_page(const CLI::App& app) {
     const Command& page = page_of(app);
     const bool whole = app.get_parent() == nullptr;
-    return fmt::format("ovri{} - {}\n\nExamples:{}\nUsage:\n  {}\n{}{}\nOptions:\n{}{}",
-                       whole ? "" : fmt::format(" {}", page.name), page.summary, page.examples,
-                       usage(app), whole ? "\nCommands:\n" + commands_text() : "", page.details,
-                       options_text(app), page.statuses);
+    return fmt::format(
+        "ovri{} - {}\n\nExamples:{}\nUsage:\n  {}\n{}{}\nOptions:\n{}{}",
+        whole ? "" : fmt::format(" {}", page.name), page.summary, page.examples, usage(app),
+        whole ? "\nCommands:\n" + commands_text() + "\nTopics of `ovri help`:\n" + topics_text()
+              : "",
+        page.details, options_text(app), page.statuses);
 }
