@@ -103,6 +103,13 @@ TEST_F(Documents, ResultsOfEveryVerdictFollowTheirSchema) {
     document_of({"simulate", "converged", "--samples", "3", "--seed", "1", "--json"}, 0);
 }
 
+TEST_F(Documents, FitsFollowTheirSchema) {
+    estimate("edge,AS(2)", "converged", 0);
+    const std::string text =
+        document_of({"gof", "converged", "--samples", "20", "--seed", "1", "--json"}, 0);
+    EXPECT_EQ(text, scratch_.read("converged/gof.json"));
+}
+
 TEST_F(Documents, ChecksFollowTheirSchema) {
     const std::vector<std::string> words = {"check",        "--network", "friends.csv",
                                             "--undirected", "--json",    "--effects"};
