@@ -1,15 +1,10 @@
 #include "formats/model_file.h"
 
-#define TOML_EXCEPTIONS 0
-#include <toml++/toml.h>
-
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
-#include <limits>
-#include <set>
-#include <sstream>
 
+#include "formats/settings_section.h"
+#include "formats/toml_section.h"
 #include "study/names.h"
 
 namespace {
@@ -19,174 +14,7 @@ using Keys = std::vector<std::string>;
 const Keys kSections = {"network",    "attributes", "covariates", "model", "dyads",
                         "estimation", "gof",        "simulation", "run",   "host"};
 
-FilePlace place(const toml::source_region& region) {
-    return {static_cast<int>(region.begin.line), static_cast<int>(region.begin.column)};
-}
-
-// A value as it was written, shortened.
-std::string shown(const toml::node& node) {
-    std::ostringstream text;
-    node.visit([&text](const auto& value) { text << value; });
-    std::string line = text.str();
-    return line.size() > 60 ? line.substr(0, 60) + "..." : line;
-}
-
-const char* type_name(const toml::node& node) {
-    switch (node.type()) {
-        case toml::node_type::table:
-            return "a table";
-        case toml::node_type::array:
-            return "a list";
-        case toml::node_type::string:
-            return "a text";
-        case toml::node_type::integer:
-        case toml::node_type::floating_point:
-            return "a number";
-        case toml::node_type::boolean:
-            return "a truth value";
-        default:
-            return "a date or time";
-    }
-}
-
-struct Range {
-    double least = -std::numeric_limits<double>::infinity();
-    double most = std::numeric_limits<double>::infinity();
-};
-
-std::string range_text(const Range& range, const char* what) {
-    if (std::isinf(range.most)) {
-        return std::isinf(range.least) ? std::string(what)
-                                       : std::string(what) + " from " + number_text(range.least);
-    }
-    return std::string(what) + " from " + number_text(range.least) + " to " +
-           number_text(range.most);
-}
-
-// One section of the file and what its keys hold. A key that is not there leaves its target.
-class SectionReader {
-  public:
-    SectionReader(const toml::table& table, std::string section, ModelFile& model)
-        : table_(table), section_(std::move(section)), model_(model) {}
-
-    // Notes the places of the keys and complains of those that are not among `keys`.
-    void check_keys(const Keys& keys) {
-        for (const auto& [key, node] : table_) {
-            const std::string name(key.str());
-            model_.places[full_name(name)] = place(key.source());
-            if (std::find(keys.begin(), keys.end(), name) == keys.end()) {
-                unknown_key(name, keys);
-            }
-        }
-    }
-
-    void text(const char* key, std::string& target) {
-        const toml::node* node = find(key);
-        if (node == nullptr) {
-            return;
-        }
-        if (const auto value = node->value_exact<std::string>()) {
-            target = *value;
-        } else {
-            wrong_value(key, *node, "a text in quotation marks");
-        }
-    }
-
-    // A path, which must not be empty.
-    void path(const char* key, std::string& target) {
-        text(key, target);
-        if (target.empty() && find(key) != nullptr && find(key)->is_string()) {
-            wrong_value(key, *find(key), "the path of a file");
-        }
-        target = path_beside(model_.path, target);
-    }
-
-    void flag(const char* key, std::optional<bool>& target) {
-        const toml::node* node = find(key);
-        if (node == nullptr) {
-            return;
-        }
-        target = node->value_exact<bool>();
-        if (!target) {
-            wrong_value(key, *node, "`true` or `false`");
-        }
-    }
-
-    std::optional<double> number(const char* key, const Range& range = {}) {
-        const toml::node* node = find(key);
-        if (node == nullptr) {
-            return std::nullopt;
-        }
-        const auto value = node->is_number() ? node->value<double>() : std::nullopt;
-        if (!value || !std::isfinite(*value) || *value < range.least || *value > range.most) {
-            wrong_value(key, *node, range_text(range, "a number"));
-            return std::nullopt;
-        }
-        return value;
-    }
-
-    std::optional<std::int64_t> whole(const char* key, const Range& range) {
-        const toml::node* node = find(key);
-        if (node == nullptr) {
-            return std::nullopt;
-        }
-        const auto value = node->value_exact<std::int64_t>();
-        if (!value || static_cast<double>(*value) < range.least ||
-            static_cast<double>(*value) > range.most) {
-            wrong_value(key, *node, range_text(range, "a whole number"));
-            return std::nullopt;
-        }
-        return value;
-    }
-
-    template <class Target>
-    void whole(const char* key, Target& target, const Range& range) {
-        if (const auto value = whole(key, range)) {
-            target = static_cast<Target>(*value);
-        }
-    }
-
-    void number(const char* key, double& target, const Range& range) {
-        target = number(key, range).value_or(target);
-    }
-
-    const toml::node* find(std::string_view key) const { return table_.get(key); }
-
-    void wrong_value(const std::string& key, const toml::node& node, const std::string& expected,
-                     const std::string& mend = "") {
-        const FilePlace at = place(node.source());
-        model_.problems.push_back({.file = model_.path,
-                                   .line = at.line,
-                                   .column = at.column,
-                                   .field = "`" + key + "` in [" + section_ + "]",
-                                   .found = std::string(type_name(node)) + ", " + shown(node),
-                                   .expected = expected,
-                                   .mend = mend.empty() ? "write " + expected : mend});
-    }
-
-    const toml::table& table() const { return table_; }
-    const std::string& section() const { return section_; }
-
-  private:
-    std::string full_name(const std::string& key) const { return section_ + "." + key; }
-
-    void unknown_key(const std::string& name, const Keys& keys) {
-        const FilePlace at = model_.places[full_name(name)];
-        const std::string nearest = nearest_name(name, keys);
-        model_.problems.push_back(
-            {.file = model_.path,
-             .line = at.line,
-             .column = at.column,
-             .field = "[" + section_ + "]",
-             .found = "the unknown key `" + name + "`",
-             .expected = "one of " + listed_names(keys),
-             .mend = nearest.empty() ? "delete it" : "a similar one is `" + nearest + "`"});
-    }
-
-    const toml::table& table_;
-    std::string section_;
-    ModelFile& model_;
-};
+TomlFile file_of(ModelFile& model) { return {model.path, model.places, model.problems}; }
 
 void read_network_section(SectionReader reader, ModelFile& model) {
     reader.check_keys({"file", "format", "directed", "nodes", "threshold", "head"});
@@ -223,7 +51,7 @@ void set_type(SectionReader& reader, const std::string& key, const toml::node& n
 }
 
 void read_column_table(const toml::table& table, ModelFile& model, ColumnOption& option) {
-    SectionReader reader(table, "attributes." + option.name, model);
+    SectionReader reader(table, "attributes." + option.name, file_of(model));
     reader.check_keys({"type", "missing"});
     if (const toml::node* type = reader.find("type")) {
         set_type(reader, "type", *type, option);
@@ -240,7 +68,7 @@ void read_attributes_section(SectionReader reader, ModelFile& model) {
     for (const auto& [key, node] : reader.table()) {
         ColumnOption option;
         option.name = key.str();
-        model.places["attributes." + option.name] = place(key.source());
+        model.places["attributes." + option.name] = toml_place(key.source());
         if (const toml::table* table = node.as_table()) {
             read_column_table(*table, model, option);
         } else {
@@ -254,9 +82,9 @@ void read_covariates_section(SectionReader reader, ModelFile& model) {
     for (const auto& [key, node] : reader.table()) {
         CovariateSource source;
         source.name = key.str();
-        model.places["covariates." + source.name] = place(key.source());
+        model.places["covariates." + source.name] = toml_place(key.source());
         if (const toml::table* table = node.as_table()) {
-            SectionReader inner(*table, "covariates." + source.name, model);
+            SectionReader inner(*table, "covariates." + source.name, file_of(model));
             inner.check_keys({"file", "missing"});
             inner.path("file", source.file);
             source.missing = inner.number("missing");
@@ -268,21 +96,6 @@ void read_covariates_section(SectionReader reader, ModelFile& model) {
         }
         model.covariates.push_back(std::move(source));
     }
-}
-
-void add_effect(const std::string& text, FilePlace at, ModelFile& model) {
-    const ParsedEffect effect = parse_effect(text);
-    if (!effect.ok()) {
-        Problem problem = effect.problems[0];
-        problem.file = at.line > 0 ? model.path : kEffectsOption;
-        problem.line = at.line;
-        // Behind the quotation mark, when it stands in a file.
-        problem.column += at.column > 0 ? at.column : 0;
-        model.problems.push_back(std::move(problem));
-        return;
-    }
-    model.model.effects.push_back({effect.expression, {}, {}});
-    model.effect_places.push_back({at.line, at.column > 0 ? at.column + 1 : 0});
 }
 
 void read_effects(SectionReader& reader, ModelFile& model) {
@@ -298,7 +111,7 @@ void read_effects(SectionReader& reader, ModelFile& model) {
     }
     for (const toml::node& each : *list) {
         if (const auto text = each.value_exact<std::string>()) {
-            add_effect(*text, place(each.source()), model);
+            add_effect(*text, toml_place(each.source()), model);
         } else {
             reader.wrong_value("effects", each, expected, "put the effect into quotation marks");
         }
@@ -344,12 +157,12 @@ void read_values(SectionReader& reader, const char* what,
         reader.wrong_value(what, *node, "values by effect, such as { edge = -2.0 }");
         return;
     }
-    SectionReader values(*table, std::string("model.") + what, model);
+    SectionReader values(*table, std::string("model.") + what, file_of(model));
     for (const auto& [key, value] : *table) {
         const std::string name(key.str());
         StudyEffect* effect = find_model_effect(model, name);
         if (effect == nullptr) {
-            miss_effect(name, what, place(key.source()), model);
+            miss_effect(name, what, toml_place(key.source()), model);
         } else {
             effect->*member = values.number(name.c_str());
         }
@@ -372,29 +185,8 @@ void read_dyads_section(SectionReader reader, ModelFile& model) {
 }
 
 void read_estimation_section(SectionReader reader, ModelFile& model) {
-    StudyEstimation& estimation = model.settings.estimation;
-    reader.check_keys({"method", "attempts", "precision", "time_limit", "chains", "subphases",
-                       "gain", "multiplication", "samples"});
-    std::string method;
-    reader.text("method", method);
-    if (!method.empty()) {
-        const Keys methods = {"auto", "stochastic-approximation", "mple", "mcmle"};
-        const auto known = estimation_method_of(method);
-        estimation.method = known.value_or(estimation.method);
-        const std::string nearest = nearest_name(method, methods);
-        if (!known) {
-            reader.wrong_value("method", *reader.find("method"), "one of " + listed_names(methods),
-                               nearest.empty() ? "" : "a similar one is `" + nearest + "`");
-        }
-    }
-    reader.whole("attempts", estimation.attempts, {1, 1000});
-    reader.number("precision", estimation.precision, {0, 1});
-    reader.number("time_limit", estimation.time_limit, {0, 1e9});
-    reader.whole("chains", estimation.chains, {1, 1000});
-    reader.whole("subphases", estimation.subphases, {1, 20});
-    reader.number("gain", estimation.gain, {1e-6, 10});
-    reader.whole("multiplication", estimation.multiplication, {1, 1000000});
-    reader.whole("samples", estimation.samples, {2, 10000000});
+    reader.check_keys(estimation_keys());
+    read_estimation_keys(reader, model.settings.estimation);
 }
 
 void read_sampling_section(SectionReader reader, StudySampling& sampling) {
@@ -406,11 +198,8 @@ void read_sampling_section(SectionReader reader, StudySampling& sampling) {
 }
 
 void read_run_section(SectionReader reader, ModelFile& model) {
-    reader.check_keys({"seed", "threads"});
-    if (const auto seed = reader.whole("seed", {0, 4294967295.0})) {
-        model.settings.run.seed = static_cast<std::uint32_t>(*seed);
-    }
-    reader.whole("threads", model.settings.run.threads, {0, 1024});
+    reader.check_keys(run_keys());
+    read_run_keys(reader, model.settings.run);
 }
 
 void read_numbers(SectionReader& reader, const char* key, std::map<std::string, double>& numbers,
@@ -423,7 +212,7 @@ void read_numbers(SectionReader& reader, const char* key, std::map<std::string, 
         }
         return;
     }
-    SectionReader values(*table, std::string("host.") + key, model);
+    SectionReader values(*table, std::string("host.") + key, file_of(model));
     for (const auto& [row, value] : *table) {
         const std::string name(row.str());
         if (const auto number = values.number(name.c_str())) {
@@ -461,7 +250,7 @@ void read_outputs(SectionReader& reader, OutputSwitches& outputs) {
 }
 
 void read_host_section(SectionReader reader, ModelFile& model) {
-    constexpr Range kProposals = {0, 1e18};
+    constexpr NumberRange kProposals = {0, 1e18};
     HostRun& host = model.host.emplace();
     reader.check_keys({"run", "name", "output", "proposal", "density", "fit", "outputs", "burn_in",
                        "iterations", "covariance", "values", "lambdas"});
@@ -488,7 +277,7 @@ void read_host_section(SectionReader reader, ModelFile& model) {
 }
 
 void read_section(const std::string& name, const toml::table& table, ModelFile& model) {
-    const SectionReader reader(table, name, model);
+    const SectionReader reader(table, name, file_of(model));
     if (name == "network") {
         read_network_section(reader, model);
     } else if (name == "attributes") {
@@ -538,11 +327,11 @@ void need_key(ModelFile& model, const char* section, const char* key, bool there
                               .mend = mend});
 }
 
-void read_document(const toml::table& document, ModelFile& model) {
+void read_document(const toml::table& document, bool with_network, ModelFile& model) {
     for (const auto& [key, node] : document) {
         const std::string name(key.str());
         const toml::table* table = node.as_table();
-        model.places[name] = place(key.source());
+        model.places[name] = toml_place(key.source());
         const bool known = std::find(kSections.begin(), kSections.end(), name) != kSections.end();
         if (table != nullptr && known) {
             read_section(name, *table, model);
@@ -550,24 +339,17 @@ void read_document(const toml::table& document, ModelFile& model) {
             unknown_section(name, node, model.places[name], model);
         }
     }
-    need_key(model, "network", "file", !model.network.file.empty(),
+    need_key(model, "network", "file", !with_network || !model.network.file.empty(),
              "name the network's file: file = \"network.csv\"");
     need_key(model, "model", "effects", !model.model.effects.empty(),
              "list the effects: effects = [\"edge\", \"AT(2)\"]");
-}
-
-// Sections come in the order of their names; people read problems from the top.
-void sort_problems(Problems& problems) {
-    std::stable_sort(problems.begin(), problems.end(), [](const Problem& a, const Problem& b) {
-        return a.line != b.line ? a.line < b.line : a.column < b.column;
-    });
 }
 
 }  // namespace
 
 ModelFile read_model_file(const std::string& path) { return read_model_file(read_text_file(path)); }
 
-ModelFile read_model_file(const TextFile& file) {
+ModelFile read_model_file(const TextFile& file, bool with_network) {
     ModelFile model;
     model.path = file.path;
     model.problems = file.problems;
@@ -576,18 +358,27 @@ ModelFile read_model_file(const TextFile& file) {
     }
     const toml::parse_result document = toml::parse(std::string_view(file.text));
     if (document.failed()) {
-        const FilePlace at = place(document.error().source());
-        model.problems.push_back({.file = file.path,
-                                  .line = at.line,
-                                  .column = at.column,
-                                  .found = std::string(document.error().description()),
-                                  .expected = "TOML: [section], then lines such as key = \"text\"",
-                                  .mend = "mend the line; texts stand in quotation marks"});
+        model.problems.push_back(no_toml(file.path, document));
         return model;
     }
-    read_document(document.table(), model);
-    sort_problems(model.problems);
+    read_document(document.table(), with_network, model);
+    sort_by_place(model.problems);
     return model;
+}
+
+void add_effect(std::string_view text, FilePlace at, ModelFile& model) {
+    const ParsedEffect effect = parse_effect(text);
+    if (!effect.ok()) {
+        Problem problem = effect.problems[0];
+        problem.file = at.line > 0 ? model.path : kEffectsOption;
+        problem.line = at.line;
+        // Behind the quotation mark, when it stands in a file.
+        problem.column += at.column > 0 ? at.column : 0;
+        model.problems.push_back(std::move(problem));
+        return;
+    }
+    model.model.effects.push_back({effect.expression, {}, {}});
+    model.effect_places.push_back({at.line, at.column > 0 ? at.column + 1 : 0});
 }
 
 void add_effects(std::string_view list, ModelFile& model) {

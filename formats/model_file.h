@@ -54,7 +54,11 @@ struct ModelFile {
 // section or key (with the nearest one), a value of another type or out of its range, an effect
 // that is none by its form, a start or fixed value of an effect that the model does not have.
 ModelFile read_model_file(const std::string& path);
-ModelFile read_model_file(const TextFile& file);
+// Without `with_network` the file may leave its network out.
+ModelFile read_model_file(const TextFile& file, bool with_network = true);
+
+// Adds an effect to a model, with the place of its text (of the quotation mark, in a file).
+void add_effect(std::string_view text, FilePlace at, ModelFile& model);
 
 // Where effects stand that stand in no file.
 constexpr const char* kEffectsOption = "--effects";

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "commands/commands.h"
+#include "commands/estimate.h"
 #include "commands/model_options.h"
 #include "commands/options.h"
 #include "commands/results_folder.h"
@@ -29,6 +30,7 @@ struct EstimateOptions {
     bool json = false;
     bool csv = false;
     bool quiet = false;
+    bool silent = false;  // nothing on standard output either
     ColourChoice colour = ColourChoice::automatic;
 };
 
@@ -183,6 +185,9 @@ std::string verdict_line(const ResultRecord& result, std::size_t runs, const Scr
 
 void show(const ResultRecord& result, const EstimateOptions& options, std::size_t runs,
           const ResultsFolder& folder) {
+    if (options.silent) {
+        return;
+    }
     if (options.json) {
         print(stdout, "{}", result_json(result));
     } else if (options.csv) {
@@ -287,6 +292,14 @@ std::function<int()> declare_estimate(CLI::App& app) {
 }
 
 }  // namespace
+
+int estimate_into(StudyInput& input, const std::string& model_path, ResultsFolder& folder) {
+    EstimateOptions options;
+    options.model.model = model_path;
+    options.quiet = true;
+    options.silent = true;
+    return run_study(input, options, folder);
+}
 
 extern const Command kEstimateCommand = {
     .name = "estimate",
