@@ -63,6 +63,7 @@ install_tools() {
             'wine?wine'
             'valgrind?valgrind'
             'groff?groff-base' 'zsh?zsh'
+            'parallel?parallel'
         )
     fi
     install_missing "${packages[@]}"

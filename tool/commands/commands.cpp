@@ -14,14 +14,16 @@ extern const Command kReportCommand;
 extern const Command kRunCommand;
 extern const Command kSimulateCommand;
 extern const Command kCheckCommand;
+extern const Command kBatchCommand;
 extern const Command kEffectsCommand;
 extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {
-    &kNewCommand,     &kEstimateCommand, &kGofCommand,   &kSimulateCommand, &kReportCommand,
-    &kConvertCommand, &kEffectsCommand,  &kCheckCommand, &kRunCommand,      &kHelpCommand};
+constexpr std::array kCommands = {&kNewCommand,      &kEstimateCommand, &kGofCommand,
+                                  &kSimulateCommand, &kBatchCommand,    &kReportCommand,
+                                  &kConvertCommand,  &kEffectsCommand,  &kCheckCommand,
+                                  &kRunCommand,      &kHelpCommand};
 
 }  // namespace
 

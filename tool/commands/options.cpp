@@ -59,6 +59,9 @@ std::vector<std::string> choices_of(const std::string& value) {
     if (value == "WHEN") {
         return {"auto", "always", "never"};
     }
+    if (value == "ENGINE") {
+        return {"slurm", "parallel", "make"};
+    }
     if (value == "RUN") {
         return run_mode_names();
     }
@@ -172,6 +175,12 @@ void add_run_mode(CLI::App& app, std::optional<RunMode>& mode) {
                      "What the setup file asks for: " + listed_choices("RUN") +
                          ". Without it what the model file says under [host], else an "
                          "estimation.");
+}
+
+CLI::Option& add_engine(CLI::App& app, std::string& engine) {
+    return add_checked_text(app, "--emit", taken_choice("ENGINE", engine), "ENGINE",
+                            "Do nothing but write what an engine needs to do the jobs: " +
+                                listed_choices("ENGINE") + ".");
 }
 
 void add_quiet(CLI::App& app, bool& quiet) {

@@ -76,6 +76,9 @@ void add_threshold(CLI::App& app, std::optional<double>& threshold);
 // --run KIND, of a setup file.
 void add_run_mode(CLI::App& app, std::optional<RunMode>& mode);
 
+// --emit ENGINE, of a plan: the engine's name.
+CLI::Option& add_engine(CLI::App& app, std::string& engine);
+
 // -q, --quiet.
 void add_quiet(CLI::App& app, bool& quiet);
 

@@ -58,13 +58,13 @@ double share_done(const RunProgress& progress, RunStage stage) {
     return share;
 }
 
+}  // namespace
+
 std::string time_text(double seconds) {
     const auto whole = static_cast<long>(std::min(seconds, 360000.0));
     return whole >= 3600 ? fmt::format("{}:{:02}:{:02}", whole / 3600, whole / 60 % 60, whole % 60)
                          : fmt::format("{}:{:02}", whole / 60, whole % 60);
 }
-
-}  // namespace
 
 std::string progress_line(const RunProgress& progress, double seconds) {
     const RunStage stage = progress.stage.load(std::memory_order_relaxed);

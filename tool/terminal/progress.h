@@ -9,6 +9,9 @@
 
 #include "base/host_options.h"
 
+// "1:20", "2:05:00"; at most 100 hours.
+std::string time_text(double seconds);
+
 // What the line shows of a run at one moment. `seconds` is how long the present stage has lasted.
 std::string progress_line(const RunProgress& progress, double seconds);
 

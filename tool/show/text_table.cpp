@@ -1,0 +1,32 @@
+#include "show/text_table.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "terminal/wrap.h"
+
+std::string text_table(const std::vector<std::vector<std::string>>& rows) {
+    std::vector<std::size_t> widths(rows[0].size(), 0);
+    for (const auto& row : rows) {
+        for (std::size_t k = 0; k < row.size(); ++k) {
+            widths[k] = std::max(widths[k], text_width(row[k]));
+        }
+    }
+    std::string text;
+    for (const auto& row : rows) {
+        std::string line;
+        for (std::size_t k = 0; k < row.size(); ++k) {
+            const std::string blanks(widths[k] - text_width(row[k]), ' ');
+            line += k == 0 ? row[k] + blanks : "  " + blanks + row[k];
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + "\n";
+    }
+    return text;
+}
+
+std::string decimals_or_dash(double value, int places) {
+    return std::isfinite(value) ? fmt::format("{:.{}f}", value, places) : "-";
+}
