@@ -330,22 +330,23 @@ extern const Command kBatchCommand = {
 A plan crosses networks, models and seeds:
 
   networks = "villages/*.csv"        # a pattern or a list; seen from the plan
-  nodes    = "villages/*.nodes.csv"  # optional: one a network by order of name, or
-                                     # one for all
+  nodes    = "villages/*.nodes.csv"  # optional: one a network by order of
+                                     # name, or one for all
   directed = false                   # optional
   models   = [["edge", "AT(2)"], "closure.toml"]
   seeds    = [1, 2, 3]               # or { from = 1, count = 200 }
-  [settings]                         # optional: keys of [estimation], and threads
+  [settings]                         # optional: keys of [estimation]; threads
   attempts = 5
 
-All is checked before anything begins. Each job leaves jobs/NUMBER as `ovri estimate`
-would; then come summary.csv, a row a job and effect, and summary.json, which also
-pools each model over the networks. The same command goes on where it was ended:
-jobs that are done with the same inputs are kept, others done again.
+All is checked before anything begins. Each job leaves jobs/NUMBER as
+`ovri estimate` would; then come summary.csv, a row a job and effect, and
+summary.json, which also pools each model over the networks. The same command
+goes on where it was ended: jobs that are done with the same inputs are kept,
+others done again.
 )page",
     .statuses = R"(
-Exit status: 0 every job converged; 1 the plan has errors and nothing was written; 2
-the command line was not understood; 3 some jobs could not be completed; 4 some did
-not converge; 130 interrupted by Ctrl-C.
+Exit status: 0 every job converged; 1 the plan has errors and nothing was
+written; 2 the command line was not understood; 3 some jobs could not be
+completed; 4 some did not converge; 130 interrupted by Ctrl-C.
 )",
     .declare = declare_batch};
