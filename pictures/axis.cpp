@@ -157,10 +157,12 @@ void draw_bottom_axis(Drawing& drawing, const Frame& frame, const Scale& scale,
         const double x = scale.at(values[k]);
         drawing.line(x, frame.top, x, frame.bottom, "grid");
         drawing.line(x, frame.bottom, x, frame.bottom + 4.0, "axis");
-        const double half = text_length(texts[k]) / 2.0;
-        if (x - half > last) {
-            drawing.text(x, frame.bottom + 15.0, texts[k], "soft", Anchor::middle);
-            last = x + half + 3.0;
+        const double half = text_length(texts[k]) * 0.55;
+        // A text at the end of the axis stays on the drawing.
+        const double middle = std::clamp(x, half + 1.0, drawing.width() - half - 1.0);
+        if (middle - half > last) {
+            drawing.text(middle, frame.bottom + 15.0, texts[k], "soft", Anchor::middle);
+            last = middle + half + 3.0;
         }
     }
     drawing.line(frame.left, frame.bottom, frame.right, frame.bottom, "axis");

@@ -94,7 +94,7 @@ for page in karate managers both; do
         } > "$work/looked.html"
         run_chromium --window-size="$((width < 500 ? 500 : width)),1200" --dump-dom \
             "file://$work/looked.html" > "$work/dom.html"
-        found=$(sed -n '/^<pre id="findings">\|FIGURES/,/END/p' "$work/dom.html")
+        found=$(sed -n '/id="findings">FIGURES/,/^END/p' "$work/dom.html")
         figures=$(sed -n 's/.*FIGURES \([0-9]*\).*/\1/p' <<<"$found" | head -n 1)
         problems=$(grep -c '^FOUND' <<<"$found" || true)
         errors=$(grep -c 'CONSOLE.*\(error\|refused\)' "$work/chromium.err" || true)
