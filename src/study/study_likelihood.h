@@ -1,0 +1,49 @@
+// The log-likelihood of a study's model, so that models of one network can be compared.
+//
+// Where dyads are independent (a digraph's two arcs of a pair may depend on each other) it is a sum
+// over pairs of actors, and exact. Elsewhere the normalising constant is no sum that could be
+// formed. It is then found along a path (Hunter and Handcock 2006, Journal of Computational and
+// Graphical Statistics 15): from a reference, the model's dyad-independent part at its own
+// estimates, to the parameters; along it stand bridges, each so near to the next that their
+// networks overlap, and the ratio of two neighbours' constants is estimated from the networks of
+// both (Bennett 1976; Meng and Wong 1996).
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "study/study_chains.h"
+
+struct LikelihoodSettings {
+    double precision = 0.1;  // largest Monte Carlo error, in units of log-likelihood
+    // In all; where they do not suffice, the error that they left is told.
+    double most_proposals = 2e8;
+    int chains = kDefaultChains;
+    int threads = 0;
+};
+
+// A number that does not exist is NaN.
+struct StudyLikelihood {
+    double value = 0.0;
+    double mc_error = 0.0;    // standard error of `value`; 0 where it is exact
+    double null_value = 0.0;  // with every parameter at 0: -N log 2, N the dyads that may change
+    double deviance = 0.0;    // -2 x value
+    double aic = 0.0;         // deviance + 2 x parameters that were estimated
+    double bic = 0.0;         // deviance + log(N) x parameters that were estimated
+    int parameters = 0;       // those that were estimated
+    double dyads = 0.0;       // N
+    bool exact = false;
+    int bridges = 0;  // points of the path, both ends among them; 0 where it is exact
+    double proposals = 0.0;
+};
+
+// Whether no effect's change depends on other dyads (other pairs of actors, in a digraph).
+bool dyad_independent(const StudySelection& resolved);
+
+// The log-likelihood of the observed network at `parameters`: one an effect, in the study's order,
+// held ones too. Ties outside the free dyads are given. Under a cap on degrees nothing is known of
+// the constant of any reference: value and null value are NaN. The same seed gives the same value
+// whatever the threads. Throws RunStopped when `progress` asks for the end.
+StudyLikelihood study_likelihood(const Study& study, const StudySelection& resolved,
+                                 const std::vector<double>& parameters, std::uint64_t seed,
+                                 const LikelihoodSettings& settings, RunProgress& progress);
