@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 
+#include "study/identification.h"
 #include "study/study_chain.h"
 
 namespace {
@@ -275,30 +276,6 @@ bool all_within(const std::vector<double>& values, double bound) {
 }
 
 }  // namespace
-
-std::vector<Dependence> effect_dependences(const StudySelection& resolved) {
-    const EffectSelection& selection = resolved.selection;
-    std::vector<Dependence> dependences(resolved.places.size(), Dependence::other_dyads);
-    const auto mark = [&](int place, Dependence dependence) {
-        for (std::size_t k = 0; k < resolved.places.size(); ++k) {
-            if (resolved.places[k] == place) {
-                dependences[k] = dependence;
-            }
-        }
-    };
-    for (std::size_t id = 0; id < selection.structural.size(); ++id) {
-        if (selection.structural[id].position >= 0) {
-            mark(selection.structural[id].position,
-                 selection.catalogue->effects[id].facts.dependence);
-        }
-    }
-    for_each_attribute_effect(selection, [&](AttributeGroup group, int row, int, int place) {
-        mark(place, group_catalogue(*selection.catalogue, group)
-                        .effects[static_cast<std::size_t>(row)]
-                        .facts.dependence);
-    });
-    return dependences;
-}
 
 DyadicLikelihood dyadic_likelihood(const Study& study, const StudySelection& resolved,
                                    const std::vector<double>& parameters, bool derivatives) {

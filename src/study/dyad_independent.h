@@ -6,9 +6,6 @@
 #include "base/matrix.h"
 #include "study/study_selection.h"
 
-// Of each effect of the model, in its order, what its change depends on.
-std::vector<Dependence> effect_dependences(const StudySelection& resolved);
-
 // The log-likelihood of the dyad-independent effects at some parameters, with its derivatives.
 struct DyadicLikelihood {
     double value = 0.0;

@@ -12,6 +12,7 @@
 #include "study/estimability.h"
 #include "study/monte_carlo_likelihood.h"
 #include "study/study_chain.h"
+#include "study/study_likelihood.h"
 
 namespace {
 
@@ -302,6 +303,36 @@ bool has_no_estimate(const Study& study, StudySelection& resolved, StudyEstimate
     return estimate.all_alike != 0 || !estimate.dependent.empty() || !estimate.infinite.empty();
 }
 
+// Of estimates that may be used and whose likelihood is not known yet. Those of the
+// pseudo-likelihood do not maximise it.
+void add_likelihood(const Study& study, const StudySelection& resolved, StudyEstimate& estimate,
+                    RunProgress& progress) {
+    if (estimate.verdict != StudyVerdict::converged || !std::isnan(estimate.log_likelihood) ||
+        estimate.method == EstimationMethod::mple) {
+        return;
+    }
+    // A held effect may drift; what chains then draw from is no model with a likelihood.
+    Study all_estimated = study;
+    for (StudyEffect& effect : all_estimated.model.effects) {
+        effect.fixed.reset();
+    }
+    if (!drifting_effects(all_estimated, resolved).ok()) {
+        return;
+    }
+    std::vector<double> parameters;
+    for (const EffectEstimate& each : estimate.effects) {
+        parameters.push_back(each.estimate);
+    }
+    LikelihoodSettings settings;
+    settings.chains = study.settings.estimation.chains;
+    settings.threads = study.settings.run.threads;
+    const StudyLikelihood found =
+        study_likelihood(study, resolved, parameters, estimate.seed, settings, progress);
+    estimate.log_likelihood = found.value;
+    estimate.log_likelihood_error = found.mc_error;
+    estimate.proposals += found.proposals;
+}
+
 template <class Network>
 StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::uint32_t seed,
                              RunProgress& progress) {
@@ -321,6 +352,7 @@ StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::
     } else if (method == EstimationMethod::mcmle || !estimate_exactly(study, resolved, estimate)) {
         estimate_by_simulation(study, resolved, estimate, progress);
     }
+    add_likelihood(study, resolved, estimate, progress);
     estimate.seconds = seconds_since(begin);
     return estimate;
 }

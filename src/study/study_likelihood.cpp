@@ -7,6 +7,7 @@
 
 #include "base/random_stream.h"
 #include "study/dyad_independent.h"
+#include "study/identification.h"
 
 namespace {
 

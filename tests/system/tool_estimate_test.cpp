@@ -100,7 +100,14 @@ TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
     EXPECT_NEAR(json["network"]["density"].get<double>(), 14.0 / 45.0, 1e-12);
     EXPECT_GT(json["proposals"].get<double>(), 0.0);
     EXPECT_NEAR(json["likelihood"]["null"].get<double>(), -45.0 * std::log(2.0), 1e-9);
-    EXPECT_TRUE(json["likelihood"]["value"].is_null());
+    const Json& likelihood = json["likelihood"];
+    const double value = likelihood["value"].get<double>();
+    EXPECT_GT(value, likelihood["null"].get<double>());
+    EXPECT_LT(value, 0.0);
+    EXPECT_GT(likelihood["mc_error"].get<double>(), 0.0);
+    EXPECT_LE(likelihood["mc_error"].get<double>(), 0.1);
+    EXPECT_NEAR(likelihood["aic"].get<double>(), -2.0 * value + 4.0, 1e-9);
+    EXPECT_NEAR(likelihood["bic"].get<double>(), -2.0 * value + 2.0 * std::log(45.0), 1e-9);
     const Json& edge = json["effects"][0];
     EXPECT_EQ(edge["name"], "edge");
     EXPECT_EQ(edge["observed"], 14.0);
