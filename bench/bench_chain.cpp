@@ -52,18 +52,27 @@ struct Case {
     int largest = 1 << 30;
 };
 
-// Times `step`, which returns 1 for an accepted proposal.
-template <class Step>
-Outcome timed(long proposals, Step step) {
+// Times `run`, which returns how many of its proposals were accepted.
+template <class Run>
+Outcome timed_run(long proposals, Run run) {
     Outcome outcome;
-    double accepted = 0.0;
     const double start = processor_nanoseconds();
-    for (long proposal = 0; proposal < proposals; ++proposal) {
-        accepted += step();
-    }
+    const double accepted = run();
     outcome.nanoseconds = (processor_nanoseconds() - start) / static_cast<double>(proposals);
     outcome.accepted = accepted / static_cast<double>(proposals);
     return outcome;
+}
+
+// Times `step`, which returns 1 for an accepted proposal.
+template <class Step>
+Outcome timed(long proposals, Step step) {
+    return timed_run(proposals, [&] {
+        double accepted = 0.0;
+        for (long proposal = 0; proposal < proposals; ++proposal) {
+            accepted += step();
+        }
+        return accepted;
+    });
 }
 
 template <class Run>
@@ -107,7 +116,9 @@ Outcome chain_cost(const EffectSelection& selection, int mean_degree, int propos
         Chain<Network> chain{network, model.active, model.parameters.data(), random};
         chain.proposal_kind = proposal_kind;
         chain_prepare(chain);
-        Outcome outcome = timed(size.proposals, [&] { return chain_step(chain); });
+        Outcome outcome = timed_run(size.proposals, [&] {
+            return chain_run(chain, static_cast<double>(size.proposals), [](double) {});
+        });
         outcome.checksum = checksum(network);
         for (const double value : network.statistics) {
             outcome.checksum += value;

@@ -33,7 +33,7 @@ struct RunProgress {
     std::atomic<double> work_total{0.0};
     std::atomic<int> step{0};
     std::atomic<int> steps{0};
-    // Set by the host: the run ends at the next proposal, its files closed, its stage not `done`.
+    // Set by the host: the run ends within some proposals, its files closed, its stage not `done`.
     std::atomic<bool> stop{false};
 };
 

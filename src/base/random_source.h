@@ -30,11 +30,13 @@ constexpr int kDraws = 32768;
 // pseudorandom number generators: the finaliser of SplitMix64.
 std::uint32_t mixed_seed(std::uint32_t seed, std::uint32_t k);
 
-// One draw, 0..32767: bits 16 to 30 of the next state.
-inline int random_draw(RandomSource& random) {
-    random.state = random.state * 214013U + 2531011U;
-    return static_cast<int>((random.state >> 16U) & 0x7FFFU);
+// One draw, 0..32767: bits 16 to 30 of the next state. The first form is for loops that keep the
+// state to themselves.
+inline int draw_of_state(std::uint32_t& state) {
+    state = state * 214013U + 2531011U;
+    return static_cast<int>((state >> 16U) & 0x7FFFU);
 }
+inline int random_draw(RandomSource& random) { return draw_of_state(random.state); }
 
 // An integer in 0..n-1, the draw modulo n; n must be positive.
 inline int random_below(RandomSource& random, int n) { return random_draw(random) % n; }

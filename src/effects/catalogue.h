@@ -89,12 +89,24 @@ struct EffectTraits {
     int cliques = 0;
     // Reads the two power tables.
     bool powers = false;
+    // Counts the ties themselves: every change is 1.
+    bool counts_ties = false;
+    // Its change reads ties and degrees, none of the tables of two-paths and triangles.
+    bool without_tables = false;
 };
+constexpr EffectTraits without_tables(EffectTraits traits) {
+    traits.without_tables = true;
+    return traits;
+}
 constexpr EffectTraits kFull = {.full_model = true};
+constexpr EffectTraits kTies = {.full_model = true, .counts_ties = true, .without_tables = true};
+constexpr EffectTraits kDegrees = without_tables(kFull);
 constexpr EffectTraits kOutside = {.full_model = false};
 constexpr EffectTraits kLambda = {.full_model = true, .alternating = true, .weighted = true};
 constexpr EffectTraits kLambdaOne = {
     .full_model = true, .alternating = true, .weighted = true, .full_model_lambda = 1.0F};
+constexpr EffectTraits kLambdaDegrees = without_tables(kLambda);
+constexpr EffectTraits kLambdaOneDegrees = without_tables(kLambdaOne);
 constexpr EffectTraits kLambdaPowers = {
     .full_model = true, .alternating = true, .weighted = true, .powers = true};
 constexpr EffectTraits kAlternatingClique = {.full_model = true, .alternating = true, .cliques = 8};

@@ -86,15 +86,11 @@ template <class Cell>
 Part(Members, Members, int, Cell) -> Part<Cell>;
 
 // Sum over k ascending of the term of the first part where k is in it, then of the second where k
-// is in that. Two parts known to be empty cost nothing, small ones are walked by lists.
+// is in that. Small parts are walked by lists.
 template <class First, class Second>
-double closed_sum(const PathTerm& term, const First& first, const Second& second) {
-    const int terms = first.size + second.size;
-    if (terms == 0) {
-        return 0.0;
-    }
-    if (terms <= UnorderedSum::kTerms) {
-        UnorderedSum unordered(term);
+double closed_sum(const EffectData& data, int adding, const First& first, const Second& second) {
+    if (first.size + second.size <= UnorderedSum::kTerms) {
+        UnorderedSum unordered(data, adding);
         if (first.size > 0) {
             common_for_each(first.a, first.b, [&](int k) { unordered.add(first.cell(k)); });
         }
@@ -105,6 +101,7 @@ double closed_sum(const PathTerm& term, const First& first, const Second& second
             return unordered.value();
         }
     }
+    const PathTerm term(data, adding);
     const std::uint64_t* first_a = first.a.row();
     const std::uint64_t* first_b = first.b.row();
     const std::uint64_t* second_a = second.a.row();
@@ -125,51 +122,63 @@ double closed_sum(const PathTerm& term, const First& first, const Second& second
     return sum;
 }
 
+// A table of two-paths: `rows` has a row of bits for each of its rows, `columns` one for each of
+// its columns, set where a cell is not 0.
+struct PathTable {
+    const CountTable& cells;
+    const BitMatrix& rows;
+    const BitMatrix& columns;
+};
+
 // Sum over k ascending, i and j left out: the term of the cell [i][k] of a table where j sends to
-// k, then that of [k][j] where k sends to i. `columns` has a row of bits for each column of the
-// table, `rows` one for each row, set where a cell is not 0.
-double open_sum(const Digraph& digraph, const PathTerm& term, const CountTable& table,
-                const BitMatrix& rows, const BitMatrix& columns, int i, int j) {
-    const Members from_j = receivers_of(digraph, j);
-    const Members to_i = senders_of(digraph, i);
-    const int size_j = out_of(digraph, j);
-    const int size_i = in_of(digraph, i);
-    if (size_j + size_i <= UnorderedSum::kTerms) {
-        UnorderedSum unordered(term);
-        unordered.add_cells(from_j, size_j, i, rows[i],
-                            [cells = table[i]](int k) { return cells[k]; });
-        unordered.add_cells(to_i, size_i, j, columns[j], [&](int k) { return table[k][j]; });
-        if (unordered.exact()) {
-            return unordered.value();
-        }
-    }
+// k, then that of [k][j] where k sends to i.
+double ordered_open_sum(const Digraph& digraph, const EffectData& data, int adding,
+                        const CountTable& table, int i, int j) {
+    const PathTerm term(data, adding);
     double sum = 0.0;
-    for_each_of_two(from_j, to_i, i, j, [&](int k, bool after_j, bool before_i) {
-        if (after_j) {
-            sum += term(table[i][k]);
-        }
-        if (before_i) {
-            sum += term(table[k][j]);
-        }
-    });
+    for_each_of_two(receivers_of(digraph, j), senders_of(digraph, i), i, j,
+                    [&](int k, bool after_j, bool before_i) {
+                        if (after_j) {
+                            sum += term(table[i][k]);
+                        }
+                        if (before_i) {
+                            sum += term(table[k][j]);
+                        }
+                    });
     return sum;
 }
 
-// Sum over the `size` members of a set other than `without`, ascending, of the terms of row `of` of
-// a symmetric table.
-double row_sum(const PathTerm& term, const CountTable& table, const BitMatrix& any,
-               const Members& members, int size, int of, int without) {
-    if (size <= UnorderedSum::kTerms) {
-        UnorderedSum unordered(term);
-        unordered.add_cells(members, size, without, any[of],
-                            [cells = table[of]](int k) { return cells[k]; });
-        if (unordered.exact()) {
-            return unordered.value();
-        }
+// The same, in any order where that cannot be seen.
+inline double open_sum(const Digraph& digraph, const EffectData& data, int adding,
+                       const PathTable& table, int i, int j) {
+    const int back = digraph_has_arc(digraph, j, i) ? 1 : 0;
+    const std::uint16_t* from_i = table.cells[i];
+    const std::uint16_t* to_j = table.cells.cells.data() + j;
+    const std::ptrdiff_t stride = table.cells.columns;
+    const std::optional<double> unordered =
+        unordered_sum(data, adding,
+                      CellSet{receivers_of(digraph, j), out_of(digraph, j) - back, table.rows[i],
+                              [=](int k) { return from_i[k]; }},
+                      CellSet{senders_of(digraph, i), in_of(digraph, i) - back, table.columns[j],
+                              [=](int k) { return to_j[k * stride]; }});
+    return unordered ? *unordered : ordered_open_sum(digraph, data, adding, table.cells, i, j);
+}
+
+// Sum over the `size` members of a set other than `of`, ascending, of the terms of row `of` of a
+// symmetric table.
+double row_sum(const EffectData& data, int adding, const CountTable& table, const BitMatrix& any,
+               const Members& members, int size, int of) {
+    const int count = members.has(of) ? size - 1 : size;
+    const std::optional<double> unordered = unordered_sum(
+        data, adding,
+        CellSet{members, count, any[of], [cells = table[of]](int k) { return cells[k]; }});
+    if (unordered) {
+        return *unordered;
     }
+    const PathTerm term(data, adding);
     double sum = 0.0;
     row_for_each(members.row(), members.rows.words_per_row, [&](int k) {
-        if (k != without) {
+        if (k != of) {
             sum += term(table[of][k]);
         }
     });
@@ -318,14 +327,17 @@ double digraph_at_t_change(const Digraph& digraph, const EffectData& data, int i
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
-    const double sum = closed_sum(
-        term,
-        Part{receivers_of(digraph, i), receivers_of(digraph, j), shared_receivers_of(digraph, i, j),
-             [&](int k) { return two_paths_of(digraph, i, k); }},
-        Part{senders_of(digraph, i), senders_of(digraph, j), shared_senders_of(digraph, i, j),
-             [&](int k) { return two_paths_of(digraph, k, j); }});
-    return base_term(data, two_paths_of(digraph, i, j)) + sum;
+    const int receivers = shared_receivers_of(digraph, i, j);
+    const int senders = shared_senders_of(digraph, i, j);
+    const double base = base_term(data, two_paths_of(digraph, i, j));
+    if (receivers + senders == 0) {
+        return base;
+    }
+    return base + closed_sum(data, adding,
+                             Part{receivers_of(digraph, i), receivers_of(digraph, j), receivers,
+                                  [&](int k) { return two_paths_of(digraph, i, k); }},
+                             Part{senders_of(digraph, i), senders_of(digraph, j), senders,
+                                  [&](int k) { return two_paths_of(digraph, k, j); }});
 }
 double digraph_at_t_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.two_paths[i][j]; });
@@ -337,14 +349,16 @@ double digraph_at_c_change(const Digraph& digraph, const EffectData& data, int i
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
     const int cycles = two_paths_of(digraph, j, i);
-    const double sum = closed_sum(term,
-                                  Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
-                                       [&](int k) { return two_paths_of(digraph, k, j); }},
-                                  Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
-                                       [&](int k) { return two_paths_of(digraph, i, k); }});
-    return base_term(data, cycles) + sum;
+    const double base = base_term(data, cycles);
+    if (cycles == 0) {
+        return base;
+    }
+    return base + closed_sum(data, adding,
+                             Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
+                                  [&](int k) { return two_paths_of(digraph, k, j); }},
+                             Part{receivers_of(digraph, j), senders_of(digraph, i), cycles,
+                                  [&](int k) { return two_paths_of(digraph, i, k); }});
 }
 double digraph_at_c_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.two_paths[j][i]; });
@@ -356,14 +370,17 @@ double digraph_at_d_change(const Digraph& digraph, const EffectData& data, int i
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
+    const int receivers = shared_receivers_of(digraph, i, j);
+    const int paths = two_paths_of(digraph, i, j);
+    const double base = base_term(data, shared_senders_of(digraph, i, j));
+    if (receivers + paths == 0) {
+        return base;
+    }
     const auto cell = [&](int k) { return shared_senders_of(digraph, j, k); };
-    const double sum = closed_sum(
-        term,
-        Part{receivers_of(digraph, i), receivers_of(digraph, j), shared_receivers_of(digraph, i, j),
-             cell},
-        Part{receivers_of(digraph, i), senders_of(digraph, j), two_paths_of(digraph, i, j), cell});
-    return base_term(data, shared_senders_of(digraph, i, j)) + sum;
+    return base +
+           closed_sum(data, adding,
+                      Part{receivers_of(digraph, i), receivers_of(digraph, j), receivers, cell},
+                      Part{receivers_of(digraph, i), senders_of(digraph, j), paths, cell});
 }
 double digraph_at_d_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data, [&](int i, int j) { return digraph.shared_senders[i][j]; });
@@ -375,14 +392,16 @@ double digraph_at_u_change(const Digraph& digraph, const EffectData& data, int i
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
+    const int paths = two_paths_of(digraph, i, j);
+    const int senders = shared_senders_of(digraph, i, j);
+    const double base = base_term(data, shared_receivers_of(digraph, i, j));
+    if (paths + senders == 0) {
+        return base;
+    }
     const auto cell = [&](int k) { return shared_receivers_of(digraph, i, k); };
-    const double sum = closed_sum(
-        term,
-        Part{receivers_of(digraph, i), senders_of(digraph, j), two_paths_of(digraph, i, j), cell},
-        Part{senders_of(digraph, i), senders_of(digraph, j), shared_senders_of(digraph, i, j),
-             cell});
-    return base_term(data, shared_receivers_of(digraph, i, j)) + sum;
+    return base + closed_sum(data, adding,
+                             Part{receivers_of(digraph, i), senders_of(digraph, j), paths, cell},
+                             Part{senders_of(digraph, i), senders_of(digraph, j), senders, cell});
 }
 double digraph_at_u_count(Digraph& digraph, const EffectData& data) {
     return closed_count(digraph, data,
@@ -436,9 +455,8 @@ double digraph_a2p_t_change(const Digraph& digraph, const EffectData& data, int 
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
-    return open_sum(digraph, term, digraph.two_paths, digraph.any_two_paths,
-                    digraph.any_two_paths_in, i, j);
+    return open_sum(digraph, data, adding,
+                    {digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in}, i, j);
 }
 double digraph_a2p_t_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.two_paths);
@@ -450,8 +468,8 @@ namespace {
 // two-path from i to j would have, and not about those of their form above 1: the two forms are not
 // each other's limit, and both stand.
 double shared_change_at_one(const Digraph& digraph, const CountTable& table, const BitMatrix& any,
-                            const PathTerm& term, int i, int j) {
-    return open_sum(digraph, term, table, any, any, i, j);
+                            const EffectData& data, int adding, int i, int j) {
+    return open_sum(digraph, data, adding, {table, any, any}, i, j);
 }
 
 }  // namespace
@@ -462,13 +480,12 @@ double digraph_a2p_d_change(const Digraph& digraph, const EffectData& data, int 
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
-    if (term.counted()) {
+    if (data.lambda == 1.0F) {
         return shared_change_at_one(digraph, digraph.shared_senders, digraph.any_shared_senders,
-                                    term, i, j);
+                                    data, adding, i, j);
     }
-    return row_sum(term, digraph.shared_senders, digraph.any_shared_senders,
-                   receivers_of(digraph, i), out_of(digraph, i), j, j);
+    return row_sum(data, adding, digraph.shared_senders, digraph.any_shared_senders,
+                   receivers_of(digraph, i), out_of(digraph, i), j);
 }
 double digraph_a2p_d_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_senders) * 0.5;
@@ -480,13 +497,12 @@ double digraph_a2p_u_change(const Digraph& digraph, const EffectData& data, int 
     if (dead(data)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
-    if (term.counted()) {
+    if (data.lambda == 1.0F) {
         return shared_change_at_one(digraph, digraph.shared_receivers, digraph.any_shared_receivers,
-                                    term, i, j);
+                                    data, adding, i, j);
     }
-    return row_sum(term, digraph.shared_receivers, digraph.any_shared_receivers,
-                   senders_of(digraph, j), in_of(digraph, j), i, i);
+    return row_sum(data, adding, digraph.shared_receivers, digraph.any_shared_receivers,
+                   senders_of(digraph, j), in_of(digraph, j), i);
 }
 double digraph_a2p_u_count(Digraph& digraph, const EffectData& data) {
     return open_count(digraph, data, digraph.shared_receivers) * 0.5;

@@ -33,33 +33,8 @@ const CodedAttribute* coded_attribute_of(const AttributeTable& table, AttributeG
     return coded && attribute < list.size() ? &list[attribute] : nullptr;
 }
 
-void prepare(Graph& graph, int i, int j) { graph_clique_changes(graph, i, j); }
-void prepare(Digraph&, int, int) {}
-
-// Evaluates the effects whose parameter is (or is not) exactly 0.0; the clique enumeration runs
-// once, when the first effect that reads it is met.
-template <bool weighted, class Network>
-double evaluate(Network& network, const ActiveModel<Network>& model, const double* parameters,
-                double* change, int i, int j, int adding) {
-    double sum = 0.0;
-    bool prepared = false;
-    for (const ActiveEffect<Network>& effect : model) {
-        const double parameter = parameters[effect.position];
-        if ((parameter != 0.0) != weighted) {
-            continue;
-        }
-        if (effect.reads_cliques && !prepared) {
-            prepare(network, i, j);
-            prepared = true;
-        }
-        const double value = effect.change(network, effect.data, i, j, adding);
-        change[effect.position] = value;
-        if constexpr (weighted) {
-            sum += parameter * value;
-        }
-    }
-    return sum;
-}
+void list_cliques(Graph& graph, int i, int j) { graph_clique_changes(graph, i, j); }
+void list_cliques(Digraph&, int, int) {}
 
 }  // namespace
 
@@ -81,8 +56,9 @@ ActiveModel<Network> active_model(const EffectSelection& selection) {
         data.exact_weights = exact_weight_count(choice.weights);
         data.powers_a = &choice.powers_a;
         data.powers_b = &choice.powers_b;
-        model.push_back(
-            {functions.change, functions.count, data, choice.position, effect.traits.cliques > 0});
+        model.push_back({functions.change, functions.count, data, choice.position,
+                         effect.traits.cliques > 0, effect.traits.counts_ties,
+                         effect.traits.without_tables});
     }
     for_each_attribute_effect(
         selection, [&](AttributeGroup group, int row, int attribute, int position) {
@@ -104,23 +80,59 @@ ActiveModel<Network> active_model(const EffectSelection& selection) {
 template ActiveModel<Graph> active_model<Graph>(const EffectSelection&);
 template ActiveModel<Digraph> active_model<Digraph>(const EffectSelection&);
 
-double evaluate_weighted(Graph& graph, const ActiveModel<Graph>& model, const double* parameters,
-                         double* change, int i, int j, int adding) {
-    return evaluate<true>(graph, model, parameters, change, i, j, adding);
+template <class Network>
+void part_model(const ActiveModel<Network>& model, const double* parameters,
+                PartedModel<Network>& parted) {
+    parted.weighted.clear();
+    parted.resting.clear();
+    parted.start = 0.0;
+    parted.start_position = -1;
+    bool first = true;
+    bool listed[2] = {false, false};
+    for (const ActiveEffect<Network>& effect : model) {
+        const double parameter = parameters[effect.position];
+        const bool weighted = parameter != 0.0;
+        if (weighted && first && effect.counts_ties) {
+            parted.start = parameter;
+            parted.start_position = effect.position;
+        } else {
+            bool& cliques = listed[weighted ? 1 : 0];
+            (weighted ? parted.weighted : parted.resting)
+                .push_back({effect.change, &effect.data, parameter,
+                            static_cast<std::size_t>(effect.position),
+                            effect.reads_cliques && !cliques});
+            cliques = cliques || effect.reads_cliques;
+        }
+        first = first && !weighted;
+    }
 }
-double evaluate_weighted(Digraph& digraph, const ActiveModel<Digraph>& model,
-                         const double* parameters, double* change, int i, int j, int adding) {
-    return evaluate<true>(digraph, model, parameters, change, i, j, adding);
-}
+template void part_model<Graph>(const ActiveModel<Graph>&, const double*, PartedModel<Graph>&);
+template void part_model<Digraph>(const ActiveModel<Digraph>&, const double*,
+                                  PartedModel<Digraph>&);
 
-void evaluate_unweighted(Graph& graph, const ActiveModel<Graph>& model, const double* parameters,
-                         double* change, int i, int j, int adding) {
-    evaluate<false>(graph, model, parameters, change, i, j, adding);
+// The clique enumeration runs once, when the first effect that reads it is met.
+template <class Network>
+double evaluate_toggle(Network& network, const ActiveModel<Network>& model,
+                       const double* parameters, double* change, int i, int j, int adding) {
+    double sum = 0.0;
+    bool listed = false;
+    for (const ActiveEffect<Network>& effect : model) {
+        if (effect.reads_cliques && !listed) {
+            list_cliques(network, i, j);
+            listed = true;
+        }
+        const double value = effect.change(network, effect.data, i, j, adding);
+        change[effect.position] = value;
+        if (parameters[effect.position] != 0.0) {
+            sum += parameters[effect.position] * value;
+        }
+    }
+    return sum;
 }
-void evaluate_unweighted(Digraph& digraph, const ActiveModel<Digraph>& model,
-                         const double* parameters, double* change, int i, int j, int adding) {
-    evaluate<false>(digraph, model, parameters, change, i, j, adding);
-}
+template double evaluate_toggle<Graph>(Graph&, const ActiveModel<Graph>&, const double*, double*,
+                                       int, int, int);
+template double evaluate_toggle<Digraph>(Digraph&, const ActiveModel<Digraph>&, const double*,
+                                         double*, int, int, int);
 
 template <class Network>
 void compute_statistics(Network& network, const ActiveModel<Network>& model) {

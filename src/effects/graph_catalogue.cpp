@@ -57,21 +57,21 @@ constexpr const char* kNotation =
 // report, change. "P0" is a second triangle count that no setup row selects; its labels keep their
 // places.
 constexpr auto kEffects = std::to_array<StructuralEffect>({
-    structural("edge", {"edge", "ties", "sum_{i<j} x_ij", Cost::constant, Dependence::none}, kFull,
+    structural("edge", {"edge", "ties", "sum_{i<j} x_ij", Cost::constant, Dependence::none}, kTies,
                kWhole, {"edge", "edge", "edge", "edge", "edge", "edge", "edges", "edge "},
                {edge_change, edge_count}),
-    structural("2-star",
-               {"2-star", "two ties that share an actor", "sum_i C(d_i,2)", Cost::constant}, kFull,
-               kWhole, shown_as("2-star", "star2", "star2 "), {star2_change, star2_count}),
-    structural("3-star",
-               {"3-star", "three ties that share an actor", "sum_i C(d_i,3)", Cost::constant},
-               kFull, kWhole, shown_as("3-star", "star3", "star3 "), {star3_change, star3_count}),
-    structural("4-star",
-               {"4-star", "four ties that share an actor", "sum_i C(d_i,4)", Cost::constant}, kFull,
-               kWhole, shown_as("4-star", "star4", "star4 "), {star4_change, star4_count}),
-    structural("5-star",
-               {"5-star", "five ties that share an actor", "sum_i C(d_i,5)", Cost::constant}, kFull,
-               kWhole, shown_as("5-star", "star5", "star5 "), {star5_change, star5_count}),
+    structural(
+        "2-star", {"2-star", "two ties that share an actor", "sum_i C(d_i,2)", Cost::constant},
+        kDegrees, kWhole, shown_as("2-star", "star2", "star2 "), {star2_change, star2_count}),
+    structural(
+        "3-star", {"3-star", "three ties that share an actor", "sum_i C(d_i,3)", Cost::constant},
+        kDegrees, kWhole, shown_as("3-star", "star3", "star3 "), {star3_change, star3_count}),
+    structural(
+        "4-star", {"4-star", "four ties that share an actor", "sum_i C(d_i,4)", Cost::constant},
+        kDegrees, kWhole, shown_as("4-star", "star4", "star4 "), {star4_change, star4_count}),
+    structural(
+        "5-star", {"5-star", "five ties that share an actor", "sum_i C(d_i,5)", Cost::constant},
+        kDegrees, kWhole, shown_as("5-star", "star5", "star5 "), {star5_change, star5_count}),
     structural("Triangle", {"triangle", "three actors, all tied", "K_3", Cost::constant}, kFull,
                kWholeWide,
                {"Triangle", "triangle", "triangle", "Triangle", "Triangle", "triangles", "Triangle",
@@ -90,7 +90,7 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                clique_traits(7), kWholeWide, shown_as("7-clique", "clique7", "c7 "),
                {clique7_change, clique7_count}),
     structural("Isolates", {"isolates", "actors without a tie", "sum_i [d_i = 0]", Cost::constant},
-               kFull, kWholeWide,
+               kDegrees, kWholeWide,
                {"Isolates", "iso", "iso", "Isolates", "Isolates", "Isolates", "Isolates", "iso ",
                 "triangle"},
                {isolates_change, isolates_count}),
@@ -175,7 +175,7 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
         "two3star",
         {"two3star", "2-stars less half the 3-stars: the alternating star cut off after two terms",
          "sum_i (C(d_i,2) - 1/2 C(d_i,3))", Cost::constant},
-        kFull, kTruncated,
+        kDegrees, kTruncated,
         {"2_3star", "two3star", "two3star", "2_3star", "2_3star", "2_3Star", "2_3star",
          "two3star "},
         {two_three_star_change, two_three_star_count}),
@@ -199,13 +199,13 @@ constexpr auto kEffects = std::to_array<StructuralEffect>({
                 "stars of two and more ties: each further tie of an actor adds more, up to lambda "
                 "(alternating star)",
                 "λ^2 sum_i (w^d_i - 1 + d_i/λ)", Cost::constant},
-               kLambda, kAlternatingWide, shown_as("AS(%.2f)", "as", "as "),
+               kLambdaDegrees, kAlternatingWide, shown_as("AS(%.2f)", "as", "as "),
                {alternating_star_change, alternating_star_count}),
     structural(
         "AS2",
         {"AS", "a second alternating star beside the first, with a lambda of its own",
          "λ^2 sum_i (w^d_i - 1 + d_i/λ)", Cost::constant},
-        kLambdaOne, kAlternatingWide,
+        kLambdaOneDegrees, kAlternatingWide,
         {"AS2(%.2f)", "as2", "as2", "AS2(%.2f)", "AS2(%.2f)", "AS(%.2f)", "AS2(%.2f)", "as2 "},
         {alternating_star_change, alternating_star_count}),
     structural(

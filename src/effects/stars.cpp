@@ -6,8 +6,29 @@
 
 namespace {
 
-double both_ends(const Graph& graph, int i, int j, int k) {
-    return star_change(graph, i, k) + star_change(graph, j, k);
+// C(d, k), its products in 32 bits; 0.0 when k exceeds d.
+template <int k>
+double choose(int d) {
+    if (d < k) {
+        return 0.0;
+    }
+    const auto times = [](int a, int b) { return wrapping_product(a, b); };
+    if constexpr (k == 1) {
+        return d;
+    } else if constexpr (k == 2) {
+        return times(d - 1, d) * 0.5;
+    } else if constexpr (k == 3) {
+        return times(times(d - 2, d - 1), d) / 6.0;
+    } else if constexpr (k == 4) {
+        return times(times(times(d - 3, d - 2), d - 1), d) / 24.0;
+    } else {
+        return times(times(times(times(d - 4, d - 3), d - 2), d - 1), d) / 120.0;
+    }
+}
+
+template <int k>
+double both_ends(const Graph& graph, int i, int j) {
+    return choose<k>(degree_of(graph, i)) + choose<k>(degree_of(graph, j));
 }
 
 double star_count(const Graph& graph, int k) {
@@ -22,21 +43,17 @@ double star_count(const Graph& graph, int k) {
 
 double star_change(const Graph& graph, int actor, int k) {
     const int d = degree_of(graph, actor);
-    if (d < k) {
-        return 0.0;
-    }
-    const auto times = [](int a, int b) { return wrapping_product(a, b); };
     switch (k) {
         case 1:
-            return d;
+            return choose<1>(d);
         case 2:
-            return times(d - 1, d) * 0.5;
+            return choose<2>(d);
         case 3:
-            return times(times(d - 2, d - 1), d) / 6.0;
+            return choose<3>(d);
         case 4:
-            return times(times(times(d - 3, d - 2), d - 1), d) / 24.0;
+            return choose<4>(d);
         case 5:
-            return times(times(times(times(d - 4, d - 3), d - 2), d - 1), d) / 120.0;
+            return choose<5>(d);
         default:
             return 0.0;
     }
@@ -49,19 +66,19 @@ double edge_count(Graph& graph, const EffectData&) { return graph.edges; }
 // k ties that share an actor: an added tie makes one k-star of each k - 1 ties already there, at
 // either end. Change O(1), count O(n).
 double star2_change(const Graph& graph, const EffectData&, int i, int j, int) {
-    return both_ends(graph, i, j, 1);
+    return both_ends<1>(graph, i, j);
 }
 double star2_count(Graph& graph, const EffectData&) { return star_count(graph, 2); }
 double star3_change(const Graph& graph, const EffectData&, int i, int j, int) {
-    return both_ends(graph, i, j, 2);
+    return both_ends<2>(graph, i, j);
 }
 double star3_count(Graph& graph, const EffectData&) { return star_count(graph, 3); }
 double star4_change(const Graph& graph, const EffectData&, int i, int j, int) {
-    return both_ends(graph, i, j, 3);
+    return both_ends<3>(graph, i, j);
 }
 double star4_count(Graph& graph, const EffectData&) { return star_count(graph, 4); }
 double star5_change(const Graph& graph, const EffectData&, int i, int j, int) {
-    return both_ends(graph, i, j, 4);
+    return both_ends<4>(graph, i, j);
 }
 double star5_count(Graph& graph, const EffectData&) { return star_count(graph, 5); }
 

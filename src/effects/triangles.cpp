@@ -52,14 +52,18 @@ double alternating_triangle_change(const Graph& graph, const EffectData& data, i
                                    int adding) {
     const int common = two_paths_of(graph, i, j);
     if (data.lambda > 1.0F) {
+        const double own =
+            static_cast<double>(data.lambda) * (1.0 - geometric_weight(common, data.weights));
+        if (common == 0) {
+            return own;
+        }
         const int lag = adding - 1;
         double sum = 0.0;
         for_each_common(graph, i, j, [&](int k) {
             sum += geometric_weight(graph.two_paths[j][k] + lag, data.weights) +
                    geometric_weight(graph.two_paths[i][k] + lag, data.weights);
         });
-        return sum +
-               static_cast<double>(data.lambda) * (1.0 - geometric_weight(common, data.weights));
+        return sum + own;
     }
     if (data.lambda == 1.0F) {
         double sum = 0.0;
@@ -97,19 +101,16 @@ double alternating_two_path_change(const Graph& graph, const EffectData& data, i
     if (!(data.lambda >= 1.0F)) {
         return 0.0;
     }
-    const PathTerm term(data, adding);
-    const int size_i = degree_of(graph, i);
-    const int size_j = degree_of(graph, j);
-    if (size_i + size_j <= UnorderedSum::kTerms) {
-        UnorderedSum unordered(term);
-        unordered.add_cells(neighbours_of(graph, j), size_j, i, graph.any_two_paths[i],
-                            [cells = graph.two_paths[i]](int k) { return cells[k]; });
-        unordered.add_cells(neighbours_of(graph, i), size_i, j, graph.any_two_paths[j],
-                            [cells = graph.two_paths[j]](int k) { return cells[k]; });
-        if (unordered.exact()) {
-            return unordered.value();
-        }
+    const int tied = graph_has_edge(graph, i, j) ? 1 : 0;
+    const auto cells_of = [&graph, tied](int actor, int other) {
+        return CellSet{neighbours_of(graph, other), degree_of(graph, other) - tied,
+                       graph.any_two_paths[actor],
+                       [cells = graph.two_paths[actor]](int k) { return cells[k]; }};
+    };
+    if (const auto sum = unordered_sum(data, adding, cells_of(i, j), cells_of(j, i))) {
+        return *sum;
     }
+    const PathTerm term(data, adding);
     double sum = 0.0;
     for_each_near(graph, i, j, [&](int k, bool tied_to_i, bool tied_to_j) {
         if (tied_to_j) {

@@ -27,10 +27,8 @@ void announce(Estimation<Network>& run, EstimationEvent event) {
 // Makes as many proposals as a counter 0, 1, 2, .. stays below a step's length.
 template <class Network>
 const std::vector<double>& make_step(Estimation<Network>& run) {
-    for (double counter = 0.0; counter < run.result.proposals_per_step; counter += 1.0) {
-        chain_step(run.chain);
-        progress_check(run.progress);
-    }
+    chain_run(run.chain, run.result.proposals_per_step,
+              [&](double) { progress_check(run.progress); });
     return run.chain.network.statistics;
 }
 

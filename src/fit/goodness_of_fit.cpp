@@ -1,5 +1,7 @@
 #include "fit/goodness_of_fit.h"
 
+#include <cmath>
+
 #include "base/conversions.h"
 #include "measures/descriptives.h"
 
@@ -16,11 +18,14 @@ FitResult goodness_of_fit(Chain<Network>& chain, Network& observed,
     progress_start(progress, RunStage::fit, proposals);
     double since_sample = 0.0;
     double due = interval;
-    for (double counter = 1.0; counter <= proposals; counter += 1.0) {
-        const int accepted = chain_step(chain);
+    const double whole = std::floor(proposals);
+    for (double counter = 0.0; counter < whole;) {
+        const double steps = steps_to_sample(counter, due, whole);
+        const double accepted =
+            chain_run(chain, steps, [&](double made) { progress_work(progress, counter + made); });
         result.accepted += accepted;
         since_sample += accepted;
-        progress_work(progress, counter);
+        counter += steps;
         if (counter == due) {
             refresh_descriptives(network);
             observer.described(network);

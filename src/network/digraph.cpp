@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "network/path_tables.h"
+
 namespace {
 
 void move_count(std::vector<int>& histogram, int from, int to) {
@@ -40,38 +42,37 @@ void toggle_arc(Digraph& digraph, int i, int j, int by) {
     received += by;
 }
 
-// A cell that goes up was 0 when it was 0 before, one that goes down is 0 when it is so now.
-bool passes_zero(int before, int by) { return before == (by == 1 ? 0 : 1); }
-
 // One more or less (`by`) in the cells [k][end] and [end][k] of a symmetric table, for each k of
-// `members` but `without`.
-void change_shared(CountTable& table, BitMatrix& any, const Members& members, int without, int end,
-                   int by) {
+// `members` but `end`.
+template <int by>
+void change_shared(CountTable& table, BitMatrix& any, const Members& members, int end) {
     std::uint16_t* row = table[end];
-    std::uint64_t* any_row = any[end];
-    members_for_each(members.lists, members.rows, members.actor, [&](int k) {
-        if (k == without) {
-            return;
-        }
-        const int before = row[k];
-        const auto after = static_cast<std::uint16_t>(before + by);
+    const CountColumn column(table, end);
+    change_cells<by>(members, end, any[end], BitColumn(any, end), [&](int k) {
+        const auto after = static_cast<std::uint16_t>(row[k] + by);
         row[k] = after;
-        table[k][end] = after;
-        if (passes_zero(before, by)) {
-            row_flip(any_row, k);
-            row_flip(any[k], end);
-        }
+        column[k] = after;
+        return after;
     });
 }
 
-// The cell [a][b] of `two_paths`.
-void change_two_path(Digraph& digraph, int a, int b, int by) {
-    std::uint16_t& cell = digraph.two_paths[a][b];
-    if (passes_zero(cell, by)) {
-        row_flip(digraph.any_two_paths[a], b);
-        row_flip(digraph.any_two_paths_in[b], a);
-    }
-    cell = static_cast<std::uint16_t>(cell + by);
+// The tables of two-paths around an arc i to j that has come or gone.
+template <int by>
+void change_around(Digraph& digraph, int i, int j) {
+    const Members from_i{digraph.receivers, digraph.adjacency, i};
+    const Members to_i{digraph.senders, digraph.adjacency_in, i};
+    const Members from_j{digraph.receivers, digraph.adjacency, j};
+    const Members to_j{digraph.senders, digraph.adjacency_in, j};
+    change_shared<by>(digraph.shared_senders, digraph.any_shared_senders, from_i, j);
+    change_shared<by>(digraph.shared_receivers, digraph.any_shared_receivers, to_j, i);
+    const CountColumn to_j_cells(digraph.two_paths, j);
+    change_cells<by>(
+        to_i, j, digraph.any_two_paths_in[j], BitColumn(digraph.any_two_paths, j),
+        [&](int k) { return to_j_cells[k] = static_cast<std::uint16_t>(to_j_cells[k] + by); });
+    std::uint16_t* from_i_cells = digraph.two_paths[i];
+    change_cells<by>(
+        from_j, i, digraph.any_two_paths[i], BitColumn(digraph.any_two_paths_in, i),
+        [&](int k) { return from_i_cells[k] = static_cast<std::uint16_t>(from_i_cells[k] + by); });
 }
 
 }  // namespace
@@ -119,23 +120,35 @@ void digraph_remove_arc(Digraph& digraph, int i, int j) {
 }
 
 void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding) {
-    const int by = adding == 1 ? 1 : -1;
-    const Members from_i{digraph.receivers, digraph.adjacency, i};
-    const Members to_i{digraph.senders, digraph.adjacency_in, i};
-    const Members from_j{digraph.receivers, digraph.adjacency, j};
-    const Members to_j{digraph.senders, digraph.adjacency_in, j};
-    change_shared(digraph.shared_senders, digraph.any_shared_senders, from_i, j, j, by);
-    change_shared(digraph.shared_receivers, digraph.any_shared_receivers, to_j, i, i, by);
-    members_for_each(to_i.lists, to_i.rows, i, [&](int k) {
-        if (k != j) {
-            change_two_path(digraph, k, j, by);
-        }
-    });
-    members_for_each(from_j.lists, from_j.rows, j, [&](int k) {
-        if (k != i) {
-            change_two_path(digraph, i, k, by);
-        }
-    });
+    if (adding == 1) {
+        change_around<1>(digraph, i, j);
+    } else {
+        change_around<-1>(digraph, i, j);
+    }
+}
+
+void digraph_count_two_paths(Digraph& digraph) {
+    const auto receivers_for_each = [&digraph](int of, auto visit) {
+        members_for_each(digraph.receivers, digraph.adjacency, of, visit);
+    };
+    const auto senders_for_each = [&digraph](int of, auto visit) {
+        members_for_each(digraph.senders, digraph.adjacency_in, of, visit);
+    };
+    std::fill(digraph.any_two_paths_in.words.begin(), digraph.any_two_paths_in.words.end(), 0);
+    for (int i = 0; i < digraph.vertices; ++i) {
+        count_row(digraph.shared_receivers, digraph.any_shared_receivers, i, [&](auto count) {
+            receivers_for_each(i, [&](int k) { senders_for_each(k, count); });
+        });
+        count_row(digraph.shared_senders, digraph.any_shared_senders, i, [&](auto count) {
+            senders_for_each(i, [&](int k) { receivers_for_each(k, count); });
+        });
+        count_row(digraph.two_paths, digraph.any_two_paths, i, [&](auto count) {
+            receivers_for_each(i, [&](int k) { receivers_for_each(k, count); });
+        });
+        const BitColumn column(digraph.any_two_paths_in, i);
+        row_for_each(digraph.any_two_paths[i], digraph.any_two_paths.words_per_row,
+                     [&](int k) { column.set(k); });
+    }
 }
 
 void digraph_add_tie(Digraph& digraph, int i, int j) {

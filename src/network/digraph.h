@@ -64,6 +64,10 @@ void digraph_remove_arc(Digraph& digraph, int i, int j);
 // arc.
 void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding);
 
+// Brings the tables of the second half up to date from the arcs alone, whatever they held; see
+// graph_count_two_paths.
+void digraph_count_two_paths(Digraph& digraph);
+
 // Both halves of an addition.
 void digraph_add_tie(Digraph& digraph, int i, int j);
 

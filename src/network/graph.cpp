@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "network/path_tables.h"
+
 namespace {
 
 std::size_t size_of(std::int64_t count) {
@@ -30,27 +32,21 @@ void toggle_end(Graph& graph, int actor, int other, int by) {
 }
 
 // One two-path more or less (`by`) between `end` and each neighbour of `of` but `end` itself.
-void change_two_paths(Graph& graph, int of, int end, int by) {
+template <int by>
+void change_two_paths(Graph& graph, int of, int end) {
     std::uint16_t* row = graph.two_paths[end];
-    std::uint64_t* any = graph.any_two_paths[end];
+    const CountColumn column(graph.two_paths, end);
     int* histogram = graph.two_path_distribution.data();
-    // A cell that goes up was 0 when it was 0 before, one that goes down is 0 when it is so now.
-    const int from_zero = by == 1 ? 0 : 1;
-    members_for_each(graph.neighbours, graph.adjacency, of, [&](int k) {
-        if (k == end) {
-            return;
-        }
-        const int before = row[k];
-        const auto after = static_cast<std::uint16_t>(before + by);
-        row[k] = after;
-        graph.two_paths[k][end] = after;
-        if (before == from_zero) {
-            row_flip(any, k);
-            row_flip(graph.any_two_paths[k], end);
-        }
-        --histogram[before];
-        ++histogram[before + by];
-    });
+    change_cells<by>({graph.neighbours, graph.adjacency, of}, end, graph.any_two_paths[end],
+                     BitColumn(graph.any_two_paths, end), [&](int k) {
+                         const int before = row[k];
+                         const auto after = static_cast<std::uint16_t>(before + by);
+                         row[k] = after;
+                         column[k] = after;
+                         --histogram[before];
+                         ++histogram[before + by];
+                         return after;
+                     });
 }
 
 void change_triangles(Graph& graph, int actor, int by) {
@@ -120,8 +116,13 @@ void graph_remove_edge(Graph& graph, int i, int j) {
 
 void graph_update_two_paths(Graph& graph, int i, int j, int adding) {
     const int by = adding == 1 ? 1 : -1;
-    change_two_paths(graph, i, j, by);
-    change_two_paths(graph, j, i, by);
+    if (by == 1) {
+        change_two_paths<1>(graph, i, j);
+        change_two_paths<1>(graph, j, i);
+    } else {
+        change_two_paths<-1>(graph, i, j);
+        change_two_paths<-1>(graph, j, i);
+    }
     if (!graph.any_two_paths.has(i, j)) {
         return;
     }
@@ -131,6 +132,34 @@ void graph_update_two_paths(Graph& graph, int i, int j, int adding) {
     const int common = graph.two_paths[i][j];
     change_triangles(graph, i, by * common);
     change_triangles(graph, j, by * common);
+}
+
+void graph_count_two_paths(Graph& graph) {
+    const auto neighbours_for_each = [&graph](int of, auto visit) {
+        members_for_each(graph.neighbours, graph.adjacency, of, visit);
+    };
+    std::int64_t twice_pairs = 0;
+    std::fill(graph.two_path_distribution.begin(), graph.two_path_distribution.end(), 0);
+    std::fill(graph.triangle_distribution.begin(), graph.triangle_distribution.end(), 0);
+    for (int i = 0; i < graph.vertices; ++i) {
+        count_row(graph.two_paths, graph.any_two_paths, i, [&](auto count) {
+            neighbours_for_each(i, [&](int k) { neighbours_for_each(k, count); });
+        });
+        const std::uint16_t* cells = graph.two_paths[i];
+        row_for_each(graph.any_two_paths[i], graph.any_two_paths.words_per_row, [&](int k) {
+            graph.two_path_distribution[cells[k]] += k < i ? 1 : 0;
+            ++twice_pairs;
+        });
+        int twice_triangles = 0;
+        neighbours_for_each(i, [&](int k) { twice_triangles += cells[k]; });
+        graph.triangles[static_cast<std::size_t>(i)] = 0;
+        ++graph.triangle_distribution[0];
+        change_triangles(graph, i, twice_triangles / 2);
+    }
+    if (!graph.two_path_distribution.empty()) {
+        const std::int64_t n = graph.vertices;
+        graph.two_path_distribution[0] = static_cast<int>((n * (n - 1) - twice_pairs) / 2);
+    }
 }
 
 void graph_add_tie(Graph& graph, int i, int j) {

@@ -88,6 +88,10 @@ void graph_remove_edge(Graph& graph, int i, int j);
 // dyad. O(d_i + d_j), for actors without a list + n / 64.
 void graph_update_two_paths(Graph& graph, int i, int j, int adding);
 
+// Brings the tables of the second half up to date from the ties alone, whatever they held. O(n^2 +
+// the sum of squared degrees): for whoever made many toggles without their second halves.
+void graph_count_two_paths(Graph& graph);
+
 // Both halves of an addition.
 void graph_add_tie(Graph& graph, int i, int j);
 

@@ -29,6 +29,8 @@ inline void update_tables(Graph& graph, int i, int j, int adding) {
 inline void update_tables(Digraph& digraph, int i, int j, int adding) {
     digraph_update_two_paths(digraph, i, j, adding);
 }
+inline void count_tables(Graph& graph) { graph_count_two_paths(graph); }
+inline void count_tables(Digraph& digraph) { digraph_count_two_paths(digraph); }
 
 inline void copy_network(const Graph& source, Graph& target) { graph_copy(source, target); }
 inline void copy_network(const Digraph& source, Digraph& target) { digraph_copy(source, target); }

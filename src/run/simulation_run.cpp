@@ -1,5 +1,7 @@
 #include "run/simulation_run.h"
 
+#include <cmath>
+
 #include "base/text_writer.h"
 #include "measures/descriptives.h"
 #include "network/network_verbs.h"
@@ -80,9 +82,11 @@ void simulation_run(Chain<Network>& chain, const OutputContext& outputs, RunProg
     double total = 0.0;
     double accepted = 0.0;
     double sample_point = sample_interval;
-    for (double counter = 1.0; counter < iterations + 1.0; counter += 1.0) {
-        accepted += chain_step(chain);
-        progress_work(progress, counter);
+    for (double counter = 0.0; counter < iterations;) {
+        const double steps = steps_to_sample(counter, sample_point, iterations);
+        accepted +=
+            chain_run(chain, steps, [&](double made) { progress_work(progress, counter + made); });
+        counter += std::ceil(steps);
         if (counter != sample_point) {
             continue;
         }

@@ -1,6 +1,5 @@
 #include "sampling/acceptance.h"
 
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -89,39 +88,24 @@ Extended log_by_short_series(Extended z) {
     return (z + z * square * (third + Extended{tail, 0.0})) * Extended{2.0, 0.0};
 }
 
-// Logarithms of numbers between 0 and 1 and just above: the number is parted into a power of two,
-// the nearest 64th between 0.71 and 1.42, and a quotient near 1.
-class Logarithm {
-  public:
-    Logarithm() {
-        for (std::size_t part = kSmallest; part < logs_.size(); ++part) {
-            const auto numerator = static_cast<double>(part);
-            logs_[part] = log_by_long_series(Extended{numerator - kParts, 0.0} /
-                                             Extended{numerator + kParts, 0.0});
-        }
+// The logarithm of a number between 0 and 1 or just above: it is parted into a power of two, the
+// nearest 64th between 0.71 and 1.42, and a quotient near 1.
+Extended logarithm(Extended x) {
+    constexpr double kParts = 64.0;
+    int exponent = 0;
+    double fraction = std::frexp(x.high, &exponent);
+    if (fraction < 0.71) {
+        fraction *= 2.0;
+        --exponent;
     }
-
-    Extended operator()(Extended x) const {
-        int exponent = 0;
-        double fraction = std::frexp(x.high, &exponent);
-        if (fraction < 0.71) {
-            fraction *= 2.0;
-            --exponent;
-        }
-        const double rounded = std::floor(fraction * kParts + 0.5);
-        const Extended nearest{rounded / kParts, 0.0};
-        const Extended scaled{fraction, std::ldexp(x.low, -exponent)};
-        const Extended z = (scaled + Extended{-nearest.high, 0.0}) / (scaled + nearest);
-        return log_of_power_of_two(exponent) +
-               (logs_[static_cast<std::size_t>(rounded)] + log_by_short_series(z));
-    }
-
-  private:
-    static constexpr double kParts = 64.0;
-    // 64ths from 0.71 to 1.42.
-    static constexpr std::size_t kSmallest = 45;
-    std::array<Extended, 92> logs_{};
-};
+    const double part = std::floor(fraction * kParts + 0.5);
+    const Extended log_of_part =
+        log_by_long_series(Extended{part - kParts, 0.0} / Extended{part + kParts, 0.0});
+    const Extended nearest{part / kParts, 0.0};
+    const Extended scaled{fraction, std::ldexp(x.low, -exponent)};
+    const Extended z = (scaled + Extended{-nearest.high, 0.0}) / (scaled + nearest);
+    return log_of_power_of_two(exponent) + (log_of_part + log_by_short_series(z));
+}
 
 double rounded_up(Extended x) {
     return x.low > 0.0 ? std::nextafter(x.high, std::numeric_limits<double>::infinity()) : x.high;
@@ -130,37 +114,33 @@ double rounded_up(Extended x) {
 // The smallest x for which exp(x), rounded to double, is not less than `value`, which is positive:
 // the logarithm of the point half-way between `value` and the double before it. No exponential of a
 // double other than 0 falls on such a point itself.
-double threshold(const Logarithm& logarithm, double value) {
+double threshold(double value) {
     const double before = std::nextafter(value, 0.0);
     return rounded_up(logarithm(exact_sum(value, (before - value) / 2.0)));
 }
 
-std::vector<double> thresholds(bool greater) {
-    const Logarithm logarithm;
-    std::vector<double> table;
-    table.reserve(kDraws);
-    for (int draw = 0; draw < kDraws; ++draw) {
-        const double uniform = uniform_of_draw(draw);
-        if (greater && draw == 0) {
-            // Half the smallest positive double, 2^-1075, is where exp(x) stops to be 0.
-            table.push_back(rounded_up(log_of_power_of_two(-1075)));
-        } else if (draw == 0) {
-            table.push_back(-std::numeric_limits<double>::infinity());
-        } else {
-            table.push_back(threshold(logarithm, greater ? std::nextafter(uniform, 2.0) : uniform));
-        }
-    }
-    return table;
-}
-
 }  // namespace
 
-const std::vector<double>& not_less_thresholds() {
-    static const std::vector<double> table = thresholds(false);
-    return table;
+double not_less_threshold(int draw) {
+    return draw == 0 ? -std::numeric_limits<double>::infinity() : threshold(uniform_of_draw(draw));
 }
 
-const std::vector<double>& greater_thresholds() {
-    static const std::vector<double> table = thresholds(true);
+double greater_threshold(int draw) {
+    if (draw == 0) {
+        // Half the smallest positive double, 2^-1075, is where exp(x) stops to be 0.
+        return rounded_up(log_of_power_of_two(-1075));
+    }
+    return threshold(std::nextafter(uniform_of_draw(draw), 2.0));
+}
+
+const std::vector<float>& uniform_logarithms() {
+    static const std::vector<float> table = [] {
+        std::vector<float> logarithms(kDraws, std::numeric_limits<float>::quiet_NaN());
+        for (int draw = 1; draw < kDraws; ++draw) {
+            logarithms[static_cast<std::size_t>(draw)] =
+                static_cast<float>(std::log(uniform_of_draw(draw)));
+        }
+        return logarithms;
+    }();
     return table;
 }

@@ -6,7 +6,8 @@
 // give the same files.
 #pragma once
 
-#include <cstdint>
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "base/host_options.h"
@@ -40,21 +41,72 @@ struct Chain {
     std::vector<double> removal = {};
     // Draws of actors, by the number of these; set at the first draw.
     Remainder actors = Remainder(1);
-    // The smallest accepted log-odds of each draw, for toggles and the undirected swap, and for the
-    // directed swaps; set at the first step that asks for them.
-    const double* not_less = nullptr;
-    const double* greater = nullptr;
+    // The model parted by its parameters; set at the start of each run of steps.
+    PartedModel<Network> parted = {};
+    // The tables of two-paths and triangles wait for the end of a long run of steps whose model
+    // does not read them, and whether a step has left them behind.
+    bool tables_wait = false;
+    bool tables_behind = false;
 };
 
 // Makes room for the change vectors.
 template <class Network>
 void chain_prepare(Chain<Network>& chain);
 
-// One step of the chain's proposal kind; 1 when the proposal was accepted, else 0. Accepted when
-// the ratio is not less than a uniform number (toggles and the undirected swap), or greater than it
-// (the two directed swaps); a ratio that is not a number is rejected.
+// Makes this many steps of the chain's proposal kind; returns how many proposals were accepted. A
+// proposal is accepted when the ratio is not less than a uniform number (toggles and the undirected
+// swap), or greater than it (the two directed swaps); a ratio that is not a number is rejected. The
+// parameters stay as they are meanwhile.
 template <class Network>
-int chain_step(Chain<Network>& chain);
+int chain_steps(Chain<Network>& chain, int steps);
+
+// One step.
+template <class Network>
+int chain_step(Chain<Network>& chain) {
+    return chain_steps(chain, 1);
+}
+
+// How many steps to make, of `left` (more than 0), before the next look at the host's wishes: so
+// few that a host waits for a moment only.
+template <class Network>
+int steps_at_once(const Chain<Network>& chain, double left);
+
+// Around a run of so many steps: where no effect of the model reads the tables of two-paths and
+// triangles, and counting them anew costs less than keeping them, they are left alone until the
+// end.
+template <class Network>
+void tables_begin(Chain<Network>& chain, double steps);
+template <class Network>
+void tables_end(Chain<Network>& chain);
+
+// Makes a step for each of a counter 0, 1, 2, .. that stays below `proposals`, and calls
+// after(steps made), which may throw, every now and then and at the end. Returns how many proposals
+// were accepted. Whatever ends it, the network's tables are up to date.
+template <class Network, class After>
+double chain_run(Chain<Network>& chain, double proposals, After after) {
+    tables_begin(chain, proposals);
+    double accepted = 0.0;
+    try {
+        for (double made = 0.0; made < proposals;) {
+            const int steps = steps_at_once(chain, proposals - made);
+            accepted += chain_steps(chain, steps);
+            made += steps;
+            after(made);
+        }
+    } catch (...) {
+        tables_end(chain);
+        throw;
+    }
+    tables_end(chain);
+    return accepted;
+}
+
+// Steps from `made` of `total` to the sample that is due, or to the end where none is: a point that
+// is not a whole number is never met.
+inline double steps_to_sample(double made, double due, double total) {
+    const bool comes = due > made && due == std::floor(due);
+    return comes ? std::min(due - made, total - made) : total - made;
+}
 
 // Reseeds, then makes `proposals` steps (a floating count, from 0.0 while below it). Reseeding at
 // every start means that two drivers started within one second repeat each other's stream.

@@ -124,24 +124,6 @@ bool draw_free_dyad(Chain<Network>& chain, Dyad& dyad) {
     return true;
 }
 
-// Draws the dyad of a single toggle. False when none is eligible.
-template <class Network>
-inline bool draw_dyad(Chain<Network>& chain, Dyad& dyad) {
-    if (chain.network.vertices < 2) {
-        chain.stuck = true;
-        return false;
-    }
-    if (chain.free_dyads != nullptr) {
-        return draw_free_dyad(chain, dyad);
-    }
-    const Remainder& actors = actor_remainder(chain);
-    dyad.i = draw_actor(chain.random, actors);
-    do {
-        dyad.j = draw_actor(chain.random, actors);
-    } while (dyad.j == dyad.i);
-    return true;
-}
-
 // Draws two dyads, one of them tied and one not, until both may be proposed. The usual case by
 // itself, as most of the time of a swap in a sparse network goes here. False after
 // `most` draws.

@@ -16,30 +16,15 @@ bool refused_by_cap(const Digraph& digraph, Dyad dyad, int cap) {
     return digraph.out_degree[static_cast<std::size_t>(dyad.i)] >= cap;
 }
 
-}  // namespace
-
-DyadSpace::DyadSpace(int n, bool directed) : actors_(n < 2 ? 0 : n), directed_(directed) {
-    count_ = n < 2 ? 0.0 : static_cast<double>(n) * (n - 1.0) / (directed ? 1.0 : 2.0);
-}
-
-DyadSpace::DyadSpace(std::vector<Dyad> dyads)
-    : count_(static_cast<double>(dyads.size())), dyads_(std::move(dyads)) {}
-
-TieList::TieList(int n, bool directed)
-    : actors_(static_cast<std::size_t>(std::max(n, 0))), directed_(directed) {
-    const std::size_t pairs = actors_ * actors_;
-    places_.assign(directed ? pairs : (pairs - actors_) / 2, 0);
+// Before steps at the same parameters.
+template <class Network>
+void begin_steps(TieNoTieChain<Network>& chain) {
+    part_model(chain.model, chain.parameters, chain.parted);
+    chain.parted.give_start(chain.change);
 }
 
 template <class Network>
-void tie_no_tie_prepare(TieNoTieChain<Network>& chain) {
-    chain.change.assign(chain.network.statistics.size(), 0.0);
-}
-template void tie_no_tie_prepare<Graph>(TieNoTieChain<Graph>&);
-template void tie_no_tie_prepare<Digraph>(TieNoTieChain<Digraph>&);
-
-template <class Network>
-int tie_no_tie_step(TieNoTieChain<Network>& chain) {
+int make_step(TieNoTieChain<Network>& chain) {
     const double dyads = chain.dyads.count();
     if (dyads == 0.0) {
         return 0;
@@ -70,14 +55,14 @@ int tie_no_tie_step(TieNoTieChain<Network>& chain) {
     const int adding = tied ? 0 : 1;
     double* change = chain.change.data();
     const double log_odds =
-        evaluate_weighted(network, chain.model, chain.parameters, change, dyad.i, dyad.j, adding);
+        evaluate_weighted(network, chain.parted, change, dyad.i, dyad.j, adding);
     if (!((tied ? -log_odds : log_odds) > least)) {
         if (tied) {
             add_bit(network, dyad.i, dyad.j);
         }
         return 0;
     }
-    evaluate_unweighted(network, chain.model, chain.parameters, change, dyad.i, dyad.j, adding);
+    evaluate_resting(network, chain.parted, change, dyad.i, dyad.j, adding);
     double* statistics = network.statistics.data();
     const std::size_t p = chain.change.size();
     if (tied) {
@@ -95,17 +80,46 @@ int tie_no_tie_step(TieNoTieChain<Network>& chain) {
     update_tables(network, dyad.i, dyad.j, adding);
     return 1;
 }
+
+}  // namespace
+
+DyadSpace::DyadSpace(int n, bool directed) : actors_(n < 2 ? 0 : n), directed_(directed) {
+    count_ = n < 2 ? 0.0 : static_cast<double>(n) * (n - 1.0) / (directed ? 1.0 : 2.0);
+}
+
+DyadSpace::DyadSpace(std::vector<Dyad> dyads)
+    : count_(static_cast<double>(dyads.size())), dyads_(std::move(dyads)) {}
+
+TieList::TieList(int n, bool directed)
+    : actors_(static_cast<std::size_t>(std::max(n, 0))), directed_(directed) {
+    const std::size_t pairs = actors_ * actors_;
+    places_.assign(directed ? pairs : (pairs - actors_) / 2, 0);
+}
+
+template <class Network>
+void tie_no_tie_prepare(TieNoTieChain<Network>& chain) {
+    chain.change.assign(chain.network.statistics.size(), 0.0);
+}
+template void tie_no_tie_prepare<Graph>(TieNoTieChain<Graph>&);
+template void tie_no_tie_prepare<Digraph>(TieNoTieChain<Digraph>&);
+
+template <class Network>
+int tie_no_tie_step(TieNoTieChain<Network>& chain) {
+    begin_steps(chain);
+    return make_step(chain);
+}
 template int tie_no_tie_step<Graph>(TieNoTieChain<Graph>&);
 template int tie_no_tie_step<Digraph>(TieNoTieChain<Digraph>&);
 
 template <class Network>
 void tie_no_tie_run(TieNoTieChain<Network>& chain, std::int64_t proposals, RunProgress& progress) {
     constexpr std::int64_t kBetweenChecks = 4096;
+    begin_steps(chain);
     while (proposals > 0) {
         progress_check(progress);
         const std::int64_t block = std::min(proposals, kBetweenChecks);
         for (std::int64_t k = 0; k < block; ++k) {
-            tie_no_tie_step(chain);
+            make_step(chain);
         }
         progress.work_done.fetch_add(static_cast<double>(block), std::memory_order_relaxed);
         proposals -= block;

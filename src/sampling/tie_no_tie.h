@@ -114,6 +114,8 @@ struct TieNoTieChain {
     // No actor gets more ties (out-going ones, when directed). One who has more can only lose some.
     int max_degree = std::numeric_limits<int>::max();
     std::vector<double> change = {};
+    // The model parted by its parameters; set at the start of each run of steps.
+    PartedModel<Network> parted = {};
 };
 
 // Probability of the proposal that leads back over that of the one that adds (removes) a tie, in a

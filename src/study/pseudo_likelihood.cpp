@@ -92,8 +92,8 @@ class Changes {
     };
 
     void evaluate(int i, int j, int adding, double* ordered) {
-        evaluate_weighted(network(), run_.model(), run_.parameters().data(), placed_.data(), i, j,
-                          adding);
+        evaluate_toggle(network(), run_.model(), run_.parameters().data(), placed_.data(), i, j,
+                        adding);
         for (std::size_t k = 0; k < places_.size(); ++k) {
             ordered[k] = placed_[static_cast<std::size_t>(places_[k])];
         }

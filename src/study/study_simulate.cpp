@@ -36,9 +36,9 @@ StudySimulation simulate(const Study& study, const StudySelection& resolved,
     burn_in_run(chain, static_cast<double>(simulation.burn_in), progress);
     progress_start(progress, RunStage::simulation, sampling.samples);
     for (int number = 0; number < sampling.samples; ++number) {
-        for (std::int64_t k = number == 0 ? simulation.interval : 0; k < simulation.interval; ++k) {
-            chain_step(chain);
-            progress_check(progress);
+        if (number > 0) {
+            chain_run(chain, static_cast<double>(simulation.interval),
+                      [&](double) { progress_check(progress); });
         }
         count_anew(network, run.model());
         visit({number, run.by_effect(network.statistics.data()), ties_of(network)});

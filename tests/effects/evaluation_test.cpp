@@ -173,7 +173,9 @@ TEST(Evaluation, DeferredChangesAreThoseOfAFullEvaluation) {
     for (std::size_t place = 0; place < model.parameters.size(); place += 2) {
         model.parameters[place] = 0.0;
     }
-    ASSERT_TRUE(has_unweighted(model.effects, model.parameters.data()));
+    PartedModel<Graph> parted;
+    part_model(model.effects, model.parameters.data(), parted);
+    ASSERT_FALSE(parted.resting.empty());
     TestRandom random(16);
     for (int repeat = 0; repeat < 60; ++repeat) {
         const PlainGraph plain = random_graph(random, kActors, 0.55);
@@ -183,26 +185,70 @@ TEST(Evaluation, DeferredChangesAreThoseOfAFullEvaluation) {
             std::vector<double> deferred(model.parameters.size(), 55.0);
             const double sum = evaluate_toggle(state.graph, model.effects, model.parameters.data(),
                                                full.data(), 8, 2, state.adding);
-            EXPECT_EQ(evaluate_weighted(state.graph, model.effects, model.parameters.data(),
-                                        deferred.data(), 8, 2, state.adding),
+            EXPECT_EQ(evaluate_weighted(state.graph, parted, deferred.data(), 8, 2, state.adding),
                       sum);
             for (std::size_t place = 0; place < deferred.size(); ++place) {
                 EXPECT_EQ(deferred[place], place % 2 == 0 ? 55.0 : full[place]) << place;
             }
             // Another dyad's cliques in between must not show.
             graph_clique_changes(state.graph, 3, 4);
-            evaluate_unweighted(state.graph, model.effects, model.parameters.data(),
-                                deferred.data(), 8, 2, state.adding);
+            evaluate_resting(state.graph, parted, deferred.data(), 8, 2, state.adding);
             EXPECT_EQ(deferred, full);
         }
     }
 }
 
-TEST(Evaluation, NoEffectIsUnweightedWhenEveryParameterMoves) {
+TEST(Evaluation, NoEffectRestsWhenEveryParameterMoves) {
     const WholeModel model(17);
-    EXPECT_FALSE(has_unweighted(model.effects, model.parameters.data()));
+    PartedModel<Graph> parted;
+    part_model(model.effects, model.parameters.data(), parted);
+    EXPECT_TRUE(parted.resting.empty());
+    const StructuralModel edge({"edge"}, 2.0F);
     const double negative_zero[] = {-0.0};
-    EXPECT_TRUE(has_unweighted(StructuralModel({"edge"}, 2.0F).effects, negative_zero));
+    part_model(edge.effects, negative_zero, parted);
+    EXPECT_TRUE(parted.weighted.empty());
+    EXPECT_EQ(parted.resting.size(), 1U);
+    EXPECT_EQ(parted.start_position, -1);
+}
+
+// The effect whose change is always 1 gives the sum its start where it comes first, and only there.
+TEST(Evaluation, ASumStartsAtTheParameterOfTheTiesWhereThatComesFirst) {
+    const StructuralModel model({"edge", "Triangle"}, 2.0F);
+    Graph graph = engine_graph(reference::without_tie(reference::complete_graph(4), 0, 1));
+    const double parameters[] = {0.75, 0.5};
+    double changes[] = {-1.0, -1.0};
+    PartedModel<Graph> parted;
+    part_model(model.effects, parameters, parted);
+    EXPECT_EQ(parted.start, 0.75);
+    EXPECT_EQ(parted.start_position, 0);
+    ASSERT_EQ(parted.weighted.size(), 1U);
+    EXPECT_EQ(evaluate_weighted(graph, parted, changes, 0, 1, 1), 1.75);
+    EXPECT_EQ(changes[0], -1.0);
+    EXPECT_EQ(changes[1], 2.0);
+
+    const ActiveModel<Graph> reversed{model.effects[1], model.effects[0]};
+    part_model(reversed, parameters, parted);
+    EXPECT_EQ(parted.start, 0.0);
+    EXPECT_EQ(parted.start_position, -1);
+    EXPECT_EQ(evaluate_weighted(graph, parted, changes, 0, 1, 1), 1.75);
+    EXPECT_EQ(changes[0], 1.0);
+}
+
+TEST(Evaluation, EffectsThatCountTiesChangeByOneOnAnyNetwork) {
+    WholeModel model(19);
+    TestRandom random(20);
+    int found = 0;
+    for (int repeat = 0; repeat < 20; ++repeat) {
+        EngineState state =
+            engine_state(random_graph(random, kActors, 0.5), 1, 7, Stage::addition, 8);
+        for (const auto& effect : model.effects) {
+            if (effect.counts_ties) {
+                EXPECT_EQ(effect.change(state.graph, effect.data, 1, 7, state.adding), 1.0);
+                ++found;
+            }
+        }
+    }
+    EXPECT_EQ(found, 20);
 }
 
 TEST(Evaluation, AnEffectOfEveryKindStandsBehindTheStructuralOnesInItsOwnOrder) {

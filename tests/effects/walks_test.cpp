@@ -102,7 +102,9 @@ void expect_same_changes(NetworkKind kind, float lambda) {
             if (model[effect].reads_cliques) {
                 continue;
             }
-            const auto& [change, count, data, position, cliques] = model[effect];
+            const auto& change = model[effect].change;
+            const auto& data = model[effect].data;
+            const int position = model[effect].position;
             const double by_lists = change(listed, data, i, j, adding);
             EXPECT_EQ(by_lists, change(bits_alone, data, i, j, adding)) << position;
             EXPECT_EQ(by_lists, ordered[effect].change(listed, ordered[effect].data, i, j, adding))

@@ -113,6 +113,20 @@ TEST(GraphProperties, TablesStayThoseOfBruteForceThroughRandomToggles) {
     }
 }
 
+TEST(GraphProperties, TablesCountedAnewAreThoseOfBruteForceWhateverTheyHeld) {
+    for (const PlainGraph& plain : networks()) {
+        Graph graph = engine_graph(plain);
+        std::fill(graph.two_paths.cells.begin(), graph.two_paths.cells.end(), 7);
+        std::fill(graph.any_two_paths.words.begin(), graph.any_two_paths.words.end(),
+                  ~std::uint64_t{0});
+        std::fill(graph.triangles.begin(), graph.triangles.end(), 3);
+        std::fill(graph.two_path_distribution.begin(), graph.two_path_distribution.end(), 5);
+        std::fill(graph.triangle_distribution.begin(), graph.triangle_distribution.end(), 5);
+        graph_count_two_paths(graph);
+        ASSERT_TRUE(tables_are_those_of(graph, plain)) << "n = " << plain.n;
+    }
+}
+
 TEST(GraphProperties, TogglingTwiceRestoresEveryTableAndHistogram) {
     for (const PlainGraph& plain : networks()) {
         Graph graph = engine_graph(plain);

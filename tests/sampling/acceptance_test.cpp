@@ -45,24 +45,21 @@ void expect_smallest_accepted(double threshold, double value, int draw) {
 }
 
 TEST(Acceptance, ThresholdsAreTheSmallestLogOddsWhoseExponentialIsNotLess) {
-    ASSERT_EQ(not_less_thresholds().size(), 32768U);
     for (int draw = 1; draw < kDraws - 1; ++draw) {
-        expect_smallest_accepted(not_less_thresholds()[static_cast<std::size_t>(draw)],
-                                 uniform_of_draw(draw), draw);
+        expect_smallest_accepted(not_less_threshold(draw), uniform_of_draw(draw), draw);
     }
 }
 
 TEST(Acceptance, ThresholdsAreTheSmallestLogOddsWhoseExponentialIsGreater) {
-    ASSERT_EQ(greater_thresholds().size(), 32768U);
     for (int draw = 1; draw < kDraws - 1; ++draw) {
-        expect_smallest_accepted(greater_thresholds()[static_cast<std::size_t>(draw)],
+        expect_smallest_accepted(greater_threshold(draw),
                                  std::nextafter(uniform_of_draw(draw), 2.0), draw);
     }
 }
 
 TEST(Acceptance, TheLowestUniformNumberIsNeverAboveARatioAndBelowEveryPositiveOne) {
-    EXPECT_EQ(not_less_thresholds()[0], -std::numeric_limits<double>::infinity());
-    const double smallest = greater_thresholds()[0];
+    EXPECT_EQ(not_less_threshold(0), -std::numeric_limits<double>::infinity());
+    const double smallest = greater_threshold(0);
     const Quad point = static_cast<Quad>(std::numeric_limits<double>::denorm_min()) / 2;
     EXPECT_TRUE(exponential(-smallest) < 1 / point);
     EXPECT_TRUE(exponential(-std::nextafter(smallest, -1000.0)) > 1 / point);
@@ -70,8 +67,8 @@ TEST(Acceptance, TheLowestUniformNumberIsNeverAboveARatioAndBelowEveryPositiveOn
 
 TEST(Acceptance, TheHighestUniformNumberIsOne) {
     EXPECT_EQ(uniform_of_draw(kDraws - 1), 1.0);
-    EXPECT_EQ(not_less_thresholds()[kDraws - 1], -0x1p-54);
-    EXPECT_EQ(greater_thresholds()[kDraws - 1], 0x1p-53);
+    EXPECT_EQ(not_less_threshold(kDraws - 1), -0x1p-54);
+    EXPECT_EQ(greater_threshold(kDraws - 1), 0x1p-53);
     EXPECT_TRUE(exponential(-0x1p-54) > rounding_point(1.0));
     EXPECT_TRUE(exponential(std::nextafter(-0x1p-54, -1.0)) < rounding_point(1.0));
     EXPECT_TRUE(exponential(0x1p-53) > rounding_point(std::nextafter(1.0, 2.0)));
@@ -84,12 +81,48 @@ TEST(Acceptance, TheHighestUniformNumberIsOne) {
 TEST(Acceptance, DecidesAsTheExponentialOfTheLibraryAFewPlacesFromTheThresholds) {
     for (int draw = 1; draw < kDraws; ++draw) {
         const double uniform = uniform_of_draw(draw);
-        for (const auto* table : {&not_less_thresholds(), &greater_thresholds()}) {
-            const double threshold = (*table)[static_cast<std::size_t>(draw)];
+        for (const double threshold : {not_less_threshold(draw), greater_threshold(draw)}) {
             const double step = 4.0 * (std::abs(threshold) + 1.0) * 0x1p-52;
             EXPECT_GT(std::exp(threshold + step), uniform);
             EXPECT_LT(std::exp(threshold - step), uniform);
         }
+    }
+}
+
+// A decision by the logarithms is the one by the threshold: at it, just below it, on both sides of
+// the distance from which on the logarithm decides alone, and far away.
+template <AcceptedWhen when>
+void expect_decisions_of(double threshold, int draw) {
+    const float* logarithms = uniform_logarithms().data();
+    const double infinity = std::numeric_limits<double>::infinity();
+    const auto decided = [&](double log_odds) {
+        return accepted_at<when>(draw, log_odds, logarithms);
+    };
+    ASSERT_TRUE(decided(threshold)) << draw;
+    ASSERT_EQ(decided(std::nextafter(threshold, -infinity)), std::isinf(threshold)) << draw;
+    for (const double away : {1e-9, 0.4, 0.99, 1.0, 1.01, 1.1, 2.0, 1e3, 1e6}) {
+        ASSERT_TRUE(decided(threshold + away * kLogarithmError)) << draw << ' ' << away;
+        ASSERT_EQ(decided(threshold - away * kLogarithmError), std::isinf(threshold)) << draw;
+    }
+    ASSERT_TRUE(decided(infinity));
+    ASSERT_EQ(decided(-infinity), std::isinf(threshold));
+    ASSERT_FALSE(decided(std::numeric_limits<double>::quiet_NaN()));
+}
+
+TEST(Acceptance, DecidesByTheThresholdsAtEveryDistance) {
+    for (int draw = 0; draw < kDraws; ++draw) {
+        expect_decisions_of<AcceptedWhen::not_less>(not_less_threshold(draw), draw);
+        expect_decisions_of<AcceptedWhen::greater>(greater_threshold(draw), draw);
+    }
+}
+
+TEST(Acceptance, LogarithmsLieWellWithinTheirErrorOfTheThresholds) {
+    ASSERT_EQ(uniform_logarithms().size(), 32768U);
+    EXPECT_TRUE(std::isnan(uniform_logarithms()[0]));
+    for (int draw = 1; draw < kDraws; ++draw) {
+        const double logarithm = uniform_logarithms()[static_cast<std::size_t>(draw)];
+        ASSERT_NEAR(not_less_threshold(draw), logarithm, kLogarithmError / 8) << draw;
+        ASSERT_NEAR(greater_threshold(draw), logarithm, kLogarithmError / 8) << draw;
     }
 }
 
