@@ -10,7 +10,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFriends =
-    "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nDot,Fay\n";
+    "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\nCid,Dot\nDot,Eve\nDot,Fay\nEve,Fay\n";
 
 class ToolConvert : public ToolTest {
   protected:

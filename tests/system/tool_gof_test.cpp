@@ -101,7 +101,7 @@ TEST_F(ToolGof, AModelIsEstimatedFirst) {
     EXPECT_TRUE(scratch.exists("club.results/result.json"));
     EXPECT_TRUE(scratch.exists("club.results/gof.json"));
     const int status =
-        ovri({"gof", "--network", "club.csv", "--undirected", "--effects", "edge,AT(2)",
+        ovri({"gof", "--network", "club.csv", "--undirected", "--effects", "edge,2-star",
               "--samples", "20", "--bayesian", "--seed", "4", "-o", "other", "-q"})
             .status;
     EXPECT_EQ(status, document("other/result.json")["exit_status"]) << result.err;

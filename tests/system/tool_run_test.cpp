@@ -283,10 +283,11 @@ TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
         EXPECT_NE(result.out.find("\n  check           explain"), std::string::npos);
         EXPECT_EQ(result.err, "");
     }
-    for (const std::string command : {"run", "check"}) {
+    for (const auto& [command, usage] :
+         {std::pair{"run", "\n  ovri run SETUP ["}, std::pair{"check", "\n  ovri check [FILE] ["}}) {
         const ToolResult page = ovri({"help", command});
         EXPECT_EQ(page.status, 0);
-        EXPECT_NE(page.out.find("ovri " + command + " SETUP ["), std::string::npos);
+        EXPECT_NE(page.out.find(usage), std::string::npos) << page.out;
         EXPECT_EQ(ovri({command, "--help"}).out, page.out);
     }
     // Topics tell the defaults of the records that the tool itself begins with.
@@ -320,8 +321,10 @@ TEST(ToolCommandLine, EveryExampleOfAPageIsUnderstood) {
             if (line.starts_with("  ovri ")) {
                 std::istringstream text(line.substr(7, line.find('>') - 7));
                 std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
-                // A setup file that is not there is status 1, not 2.
-                words[1] = "nowhere.setup";
+                // A file that is not there is status 1, not 2.
+                if (!words[1].starts_with('-')) {
+                    words[1] = "nowhere.setup";
+                }
                 EXPECT_EQ(ovri(words).status, 1) << line;
                 ++examples;
             }
@@ -351,7 +354,7 @@ TEST(ToolCommandLine, WhatIsNotUnderstoodEndsWithStatusTwoAndAMessage) {
         {{"--frob"}, "unknown option `--frob`; `ovri help` lists all"},
         {{"help", "chek"}, "unknown command `chek`; a similar one is `check`"},
         {{"run"}, "SETUP is missing; the command line is `ovri run SETUP [options]`"},
-        {{"check"}, "SETUP is missing"},
+        {{"check"}, "FILE is missing"},
         {{"check", "a", "b"}, "`b` is one word too many"},
         {{"run", "a", "--frob"}, "unknown option `--frob`; `ovri help run` lists all"},
         {{"run", "--sed", "5", "a"}, "unknown option `--sed`; a similar one is `--seed`"},
