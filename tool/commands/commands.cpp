@@ -10,6 +10,7 @@ extern const Command kNewCommand;
 extern const Command kConvertCommand;
 extern const Command kEstimateCommand;
 extern const Command kGofCommand;
+extern const Command kCompareCommand;
 extern const Command kReportCommand;
 extern const Command kRunCommand;
 extern const Command kSimulateCommand;
@@ -21,9 +22,9 @@ extern const Command kHelpCommand;
 namespace {
 
 constexpr std::array kCommands = {&kNewCommand,      &kEstimateCommand, &kGofCommand,
-                                  &kSimulateCommand, &kBatchCommand,    &kReportCommand,
-                                  &kConvertCommand,  &kEffectsCommand,  &kCheckCommand,
-                                  &kRunCommand,      &kHelpCommand};
+                                  &kSimulateCommand, &kBatchCommand,    &kCompareCommand,
+                                  &kReportCommand,   &kConvertCommand,  &kEffectsCommand,
+                                  &kCheckCommand,    &kRunCommand,      &kHelpCommand};
 
 }  // namespace
 
