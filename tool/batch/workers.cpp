@@ -1,13 +1,16 @@
 #include "batch/workers.h"
 
+#include "commands/commands.h"
+
 #ifdef _WIN32
 
 bool run_jobs(const std::vector<int>& order, int, const WorkerCalls& calls,
               const std::atomic<bool>& stop) {
     for (const int job : order) {
         calls.tick(1);
-        const int status = stop ? 0 : calls.perform(job);
-        if (stop) {
+        const int status = stop ? kInterrupted : calls.perform(job);
+        // While a job runs, Ctrl-C is the job's.
+        if (stop || status == kInterrupted) {
             return false;
         }
         calls.ended(job, status);
@@ -29,7 +32,6 @@ bool run_jobs(const std::vector<int>& order, int, const WorkerCalls& calls,
 #include <exception>
 #include <thread>
 
-#include "commands/commands.h"
 #include "terminal/print.h"
 
 namespace {
