@@ -244,8 +244,9 @@ bool write_text_file(const std::string& path, const std::string& text) {
         written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() &&
                   std::fflush(file.get()) == 0;
     }
-    if (!written) {
-        std::error_code problem;
+    // Half a file goes; a device or a pipe that takes no more is not ours to remove.
+    std::error_code problem;
+    if (!written && fs::is_regular_file(native_path(path), problem)) {
         fs::remove(native_path(path), problem);
     }
     return written;

@@ -153,7 +153,7 @@ class PairSum {
     }
 
     void add(const Pair& pair) {
-        Alike& alike = alike_.at(pair.free * kStates + pair.observed);
+        Alike& alike = alike_.at(std::size_t{pair.free} * kStates + pair.observed);
         if (alike.count > 0.0 && alike.pair.first == pair.first &&
             alike.pair.second == pair.second && alike.pair.second_after == pair.second_after) {
             alike.count += 1.0;
@@ -238,7 +238,7 @@ class PairSum {
     DyadicLikelihood sum_;
     std::vector<double> mean_;
     // The last pair of each kind: by what is free, and by what was observed.
-    std::array<Alike, kStates * kStates> alike_;
+    std::array<Alike, std::size_t{kStates} * kStates> alike_;
 };
 
 template <class Network>

@@ -74,6 +74,17 @@ TEST(TextFile, NumbersHaveADecimalPoint) {
     EXPECT_FALSE(is_decimal_comma("a,b"));
 }
 
+TEST(TextFile, ADeviceThatTakesNoMoreStaysWhereItIs) {
+    const ScratchDirectory scratch;
+    const std::string link = (scratch.path() / "full").string();
+    std::filesystem::create_symlink("/dev/full", link);
+    EXPECT_FALSE(write_text_file(link, "text"));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    EXPECT_TRUE(write_text_file((scratch.path() / "file").string(), "text"));
+    EXPECT_EQ(file_text(scratch.path() / "file"), "text");
+}
+
 TEST(TextFile, PathsAreRelativeToTheFileThatNamesThem) {
     EXPECT_EQ(path_beside("dir/model.toml", "karate.csv"), "dir/karate.csv");
     EXPECT_EQ(path_beside("model.toml", "karate.csv"), "karate.csv");
