@@ -17,14 +17,15 @@ extern const Command kSimulateCommand;
 extern const Command kCheckCommand;
 extern const Command kBatchCommand;
 extern const Command kEffectsCommand;
+extern const Command kSelftestCommand;
 extern const Command kHelpCommand;
 
 namespace {
 
-constexpr std::array kCommands = {&kNewCommand,      &kEstimateCommand, &kGofCommand,
-                                  &kSimulateCommand, &kBatchCommand,    &kCompareCommand,
-                                  &kReportCommand,   &kConvertCommand,  &kEffectsCommand,
-                                  &kCheckCommand,    &kRunCommand,      &kHelpCommand};
+constexpr std::array kCommands = {
+    &kNewCommand,     &kEstimateCommand, &kGofCommand,     &kSimulateCommand, &kBatchCommand,
+    &kCompareCommand, &kReportCommand,   &kConvertCommand, &kEffectsCommand,  &kCheckCommand,
+    &kRunCommand,     &kSelftestCommand, &kHelpCommand};
 
 }  // namespace
 
