@@ -283,8 +283,8 @@ TEST(ToolCommandLine, HelpAndVersionAreWorthReading) {
         EXPECT_NE(result.out.find("\n  check           explain"), std::string::npos);
         EXPECT_EQ(result.err, "");
     }
-    for (const auto& [command, usage] :
-         {std::pair{"run", "\n  ovri run SETUP ["}, std::pair{"check", "\n  ovri check [FILE] ["}}) {
+    for (const auto& [command, usage] : {std::pair{"run", "\n  ovri run SETUP ["},
+                                         std::pair{"check", "\n  ovri check [FILE] ["}}) {
         const ToolResult page = ovri({"help", command});
         EXPECT_EQ(page.status, 0);
         EXPECT_NE(page.out.find(usage), std::string::npos) << page.out;

@@ -90,3 +90,25 @@ TEST_F(ToolSimulate, ValuesThatAreMissingOrUnknownAreErrors) {
     EXPECT_EQ(ovri({"simulate", "ring.toml", "--format", "picture"}).status, 2);
     EXPECT_FALSE(scratch.exists("ring.results"));
 }
+
+TEST_F(ToolSimulate, OverwritesResultsAloneAndNeverWhatItReads) {
+    ASSERT_EQ(ovri({"simulate", "ring.toml", "-o", "drawn"}).status, 0) << result.err;
+    EXPECT_EQ(ovri({"simulate", "ring.toml", "-o", "drawn", "--overwrite"}).status, 0);
+    // A folder of the user's own, though its files bear names that results have too.
+    scratch.write("mine/model.toml", "# my notes\n");
+    scratch.write("mine/networks/a.csv", "from,to\nAnn,Ben\n");
+    EXPECT_EQ(ovri({"simulate", "ring.toml", "-o", "mine", "--overwrite"}).status, 1);
+    EXPECT_NE(result.err.find("other things than results"), std::string::npos) << result.err;
+    EXPECT_EQ(scratch.read("mine/model.toml"), "# my notes\n");
+    EXPECT_TRUE(scratch.exists("mine/networks/a.csv"));
+    // Results that the run itself reads.
+    EXPECT_EQ(ovri({"simulate", "drawn", "-o", "drawn", "--overwrite"}).status, 1);
+    EXPECT_NE(result.err.find("which this run reads"), std::string::npos) << result.err;
+    EXPECT_TRUE(scratch.exists("drawn/result.json"));
+}
+
+TEST_F(ToolSimulate, NoNetworksAtAllAreNotUnderstood) {
+    EXPECT_EQ(ovri({"simulate", "ring.toml", "--samples", "0"}).status, 2);
+    EXPECT_EQ(ovri({"gof", "ring.toml", "--samples", "1"}).status, 2);
+    EXPECT_FALSE(scratch.exists("ring.results"));
+}

@@ -100,7 +100,7 @@ int perform_job(const std::string& directory, const Plan& plan, const Job& job,
     const std::string home = path_beside(plan.path, ".");
     const ModelFile model = seen_from(home, job_model(plan, job));
     const WorkingFolder working(home);
-    ResultsFolder folder({{whole.begin(), whole.end()}, true}, name);
+    ResultsFolder folder({{whole.begin(), whole.end()}, true, {}, true}, name);
     if (!folder.mistake().empty()) {
         print(stderr, "ovri: job {}: {}\n", job.number, folder.mistake());
         return kNotCompleted;

@@ -295,7 +295,7 @@ std::function<int()> declare_batch(CLI::App& app) {
                "directory. Jobs that are done in it are kept.");
     add_flag(app, "--overwrite", options->folder.overwrite, "Do every job again.");
     add_number(app, "--workers", options->workers,
-               "Do N jobs at a time, in place of one a core; results do not change.");
+               "Do N jobs at a time, in place of one a core; results do not change.", 1);
     CLI::Option& job = add_number(app, "--job", options->job, "Do job N alone.");
     CLI::Option& engine = add_engine(app, options->engine);
     CLI::Option& collect = add_flag(app, "--collect", options->collect,

@@ -267,7 +267,9 @@ int estimate(const EstimateOptions& options) {
     if (!options.quiet) {
         tell_notes(input, screen);
     }
-    ResultsFolder folder(options.folder, model_name(options.model));
+    FolderOptions wanted = options.folder;
+    wanted.inputs = files_of(input.model);
+    ResultsFolder folder(wanted, model_name(options.model));
     if (!folder.mistake().empty()) {
         print(stderr, "ovri: {}\n", folder.mistake());
         return kErrorsFound;

@@ -296,7 +296,9 @@ int gof_of_model(const GofOptions& options) {
         tell_problems(input.problems, screen);
         return kErrorsFound;
     }
-    ResultsFolder folder(options.folder, model_name(options.model));
+    FolderOptions wanted = options.folder;
+    wanted.inputs = files_of(input.model);
+    ResultsFolder folder(wanted, model_name(options.model));
     if (!folder.mistake().empty()) {
         print(stderr, "ovri: {}\n", folder.mistake());
         return kErrorsFound;
@@ -334,7 +336,9 @@ int gof(const GofOptions& options) {
     if (options.folder.directory.empty()) {
         return gof_of_folder(options, source, source);
     }
-    ResultsFolder folder(options.folder, source);
+    FolderOptions wanted = options.folder;
+    wanted.inputs = {source + "/result.json"};
+    ResultsFolder folder(wanted, source);
     if (!folder.mistake().empty()) {
         print(stderr, "ovri: {}\n", folder.mistake());
         return kErrorsFound;
@@ -345,7 +349,7 @@ int gof(const GofOptions& options) {
 std::function<int()> declare_gof(CLI::App& app) {
     const auto options = std::make_shared<GofOptions>();
     add_model(app, options->model, "MODEL");
-    add_number(app, "--samples", options->samples, "Compare with N networks; 1000 by default.");
+    add_number(app, "--samples", options->samples, "Compare with N networks; 1000 by default.", 2);
     add_number(app, "--burn-in", options->burn_in, "Proposals before a chain's first network.");
     add_number(app, "--interval", options->interval, "Proposals from one network to the next.");
     add_flag(app, "--bayesian", options->bayesian,

@@ -206,14 +206,16 @@ void add_colour(CLI::App& app, ColourChoice& choice) {
 }
 
 CLI::Option& add_number(CLI::App& app, const std::string& name,
-                        std::optional<std::uint32_t>& number, const std::string& text) {
-    const auto take = [&number](const std::string& word) { return read_number(word, 0, number); };
+                        std::optional<std::uint32_t>& number, const std::string& text,
+                        std::uint32_t least) {
+    const auto take = [&number, least](const std::string& word) {
+        return read_number(word, least, number);
+    };
     return add_checked_text(app, name, take, "N", text);
 }
 
 void add_threads(CLI::App& app, std::optional<std::uint32_t>& threads) {
-    const auto take = [&threads](const std::string& word) { return read_number(word, 1, threads); };
-    add_checked_text(app, "--threads", take, "N", "Use at most N threads; results do not change.");
+    add_number(app, "--threads", threads, "Use at most N threads; results do not change.", 1);
 }
 
 void add_method(CLI::App& app, std::string& method) {

@@ -93,4 +93,5 @@ void add_method(CLI::App& app, std::string& method);
 
 // An option that takes a whole number of 32 bits.
 CLI::Option& add_number(CLI::App& app, const std::string& name,
-                        std::optional<std::uint32_t>& number, const std::string& text);
+                        std::optional<std::uint32_t>& number, const std::string& text,
+                        std::uint32_t least = 0);

@@ -18,6 +18,33 @@ constexpr const char* kWritten[] = {
     "gof.csv",     "networks",      "network.txt",      "report.html", "figures",
     "model.toml",  "run.log",       "result.json.part", "inputs.json"};
 
+// Whether a command has left results in the folder, complete or not.
+bool holds_results(const std::string& directory) {
+    const auto begins = [&](const char* name, const std::string& words) {
+        const TextFile file = read_text_file(directory + "/" + name);
+        return file.ok() && file.text.substr(0, 200).find(words) != std::string::npos;
+    };
+    return begins("run.log", "version: ovri ") || begins("result.json", "\"ovri-result/") ||
+           begins("gof.json", "\"ovri-gof/");
+}
+
+// The first of the files that stands inside the folder; empty when none does.
+std::string input_inside(const std::string& directory, const std::vector<std::string>& inputs) {
+    std::error_code problem;
+    const fs::path folder = fs::weakly_canonical(native_path(directory), problem);
+    for (const std::string& input : inputs) {
+        if (input.empty() || input == "-") {
+            continue;
+        }
+        const fs::path below =
+            fs::weakly_canonical(native_path(input), problem).lexically_relative(folder);
+        if (!below.empty() && *below.begin() != "..") {
+            return input;
+        }
+    }
+    return "";
+}
+
 void clear(const std::string& directory) {
     for (const char* name : kWritten) {
         std::error_code problem;
@@ -50,6 +77,13 @@ void ResultsFolder::take(const FolderOptions& options) {
     } else if (!fs::is_empty(path, problem) && !options.overwrite) {
         mistake_ = "the results folder `" + directory_ +
                    "` exists; name another one by -o, or add --overwrite";
+    } else if (const std::string input = input_inside(directory_, options.inputs); !input.empty()) {
+        mistake_ = "the results folder `" + directory_ + "` holds `" + input +
+                   "`, which this run reads; name another folder by -o";
+    } else if (!options.own && !fs::is_empty(path, problem) && !holds_results(directory_)) {
+        mistake_ = "the folder `" + directory_ +
+                   "` holds other things than results and is not overwritten; name another one by "
+                   "-o";
     } else {
         clear(directory_);
     }

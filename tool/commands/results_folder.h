@@ -7,13 +7,17 @@
 struct FolderOptions {
     std::string directory;  // -o; empty for NAME.results
     bool overwrite = false;
+    // Files that the run reads: a folder that holds one of them is not overwritten.
+    std::vector<std::string> inputs = {};
+    // Whether the folder's place is the command's own, so that whatever stands in it is too.
+    bool own = false;
 };
 
 class ResultsFolder {
   public:
     // Makes the folder: the one that is asked for, else NAME.results, NAME.results.2 and so on, the
     // first that is not there. What stands in a folder that is to be overwritten goes, as far as
-    // commands have written it.
+    // commands have written it; a folder without results is left alone.
     ResultsFolder(const FolderOptions& options, const std::string& name);
 
     // Why there is no folder; empty when there is one.

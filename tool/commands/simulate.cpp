@@ -85,6 +85,10 @@ void take_estimates(const std::string& directory, ModelFile& model) {
                                   .mend = "run `ovri estimate` again: the folder is incomplete"});
         return;
     }
+    if (result->exit_status != kDone) {
+        print(stderr, "warning: the estimation of {} ended {}: its estimates are not to be used\n",
+              directory, result->verdict);
+    }
     for (const ResultEffect& effect : result->effects) {
         if (std::isfinite(effect.estimate)) {
             set_value(model.model, parse_effect(effect.name).expression, effect.estimate);
@@ -286,7 +290,9 @@ int simulate(const SimulateOptions& options) {
     if (!options.quiet) {
         tell_notes(input, screen);
     }
-    ResultsFolder folder(options.folder, name_of(options));
+    FolderOptions wanted = options.folder;
+    wanted.inputs = files_of(input.model);
+    ResultsFolder folder(wanted, name_of(options));
     if (!folder.mistake().empty()) {
         print(stderr, "ovri: {}\n", folder.mistake());
         return kErrorsFound;
@@ -299,7 +305,7 @@ std::function<int()> declare_simulate(CLI::App& app) {
     add_model(app, options->model, "MODEL");
     add_text(app, "--values", options->values, "LIST",
              "Values of effects, such as 'edge=-2,AT(2)=0.5', in place of the model's.");
-    add_number(app, "--samples", options->samples, "Draw N networks.");
+    add_number(app, "--samples", options->samples, "Draw N networks; 100 by default.", 1);
     add_number(app, "--burn-in", options->burn_in, "Proposals before the first network.");
     add_number(app, "--interval", options->interval, "Proposals from one network to the next.");
     add_format(app, "--format", options->format, "Format of the networks.");

@@ -81,6 +81,15 @@ StudyInput read_study_to_estimate(ModelFile model) {
     return input;
 }
 
+std::vector<std::string> files_of(const ModelFile& model) {
+    std::vector<std::string> files = {model.path, model.network.file, model.network.nodes,
+                                      model.free_dyads};
+    for (const CovariateSource& each : model.covariates) {
+        files.push_back(each.file);
+    }
+    return files;
+}
+
 std::string network_summary(const StudyInput& input) {
     const ResultNetwork network = result_network(input);
     return fmt::format("{} actors, {} {}, {} without ties, density {:.4f}, {}", network.actors,

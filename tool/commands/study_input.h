@@ -26,6 +26,9 @@ StudyInput read_study_to_estimate(ModelFile model);
 // "34 actors, 78 ties, 2 without ties, density 0.1390, undirected".
 std::string network_summary(const StudyInput& input);
 
+// The files that the model and its data were read from.
+std::vector<std::string> files_of(const ModelFile& model);
+
 // Tells what was read and guessed, and what is wrong with it.
 void tell_notes(const StudyInput& input, const Screen& out);
 void tell_problems(const Problems& problems, const Screen& out);
