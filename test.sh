@@ -62,7 +62,7 @@ install_tools() {
             'x86_64-w64-mingw32-objdump?binutils-mingw-w64-x86-64'
             'wine?wine'
             'valgrind?valgrind'
-            'groff?groff-base' 'zsh?zsh'
+            'groff?groff-base' 'zsh?zsh' 'xmllint?libxml2-utils'
             'parallel?parallel'
         )
     fi

@@ -248,6 +248,7 @@ int estimate_into(const GofOptions& options, const std::string& directory) {
         words.insert(words.end(), {"--", model.model});
     }
     std::vector<char*> pointers;
+    pointers.reserve(words.size());
     for (std::string& word : words) {
         pointers.push_back(word.data());
     }
