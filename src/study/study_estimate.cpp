@@ -344,6 +344,8 @@ StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::
     describe_model(study, run, resolved, estimate);
     if (has_no_estimate(study, resolved, estimate)) {
         estimate.verdict = StudyVerdict::not_identified;
+        // None was begun: the one that would have been.
+        estimate.method = method == EstimationMethod::automatic ? EstimationMethod::mcmle : method;
     } else if (method == EstimationMethod::mple) {
         estimate_by_pseudo_likelihood(study, resolved, estimate);
     } else if (method == EstimationMethod::stochastic_approximation) {

@@ -206,6 +206,8 @@ TEST_F(ToolEstimate, ANetworkWithoutTiesHasAnInfiniteEstimate) {
     estimate({"--network", "empty.txt", "--undirected", "--effects", "edge"});
     EXPECT_EQ(result.status, 5) << result.out << result.err;
     EXPECT_TRUE(out_says("minus infinity")) << result.out;
+    EXPECT_TRUE(out_says("before anything was simulated")) << result.out;
+    EXPECT_FALSE(out_says("stochastic approximation")) << result.out;
 }
 
 TEST_F(ToolEstimate, WhatIsWrongIsToldAndNothingIsWritten) {

@@ -147,6 +147,9 @@ std::string sample_csv(const StudyEstimate& found) {
 
 // "stochastic approximation, 3 runs, seed 1".
 std::string method_words(const ResultRecord& result, std::size_t runs) {
+    if (result.verdict == "not_identified" && result.proposals == 0.0) {
+        return "found before anything was simulated";
+    }
     if (result.method == "exact") {
         return "exact: its dyads do not depend on each other, nothing was simulated";
     }
