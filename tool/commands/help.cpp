@@ -7,7 +7,6 @@
 #include "commands/man_page.h"
 #include "commands/options.h"
 #include "commands/page_files.h"
-#include "terminal/interrupt.h"
 #include "terminal/print.h"
 
 namespace {
@@ -107,7 +106,7 @@ struct HelpOptions {
 int help(const CLI::App& tool, const HelpOptions& options) {
     if (const HelpTopic* topic = find_help_topic(options.topic)) {
         print(stdout, "ovri help {} - {}\n\n{}", topic->name, topic->summary, topic->text());
-        return lost_output(stdout) ? kNotCompleted : kDone;
+        return kDone;
     }
     if (!options.topic.empty() && find_command(options.topic) == nullptr) {
         print(stderr, "ovri: {}\n", unknown_command(options.topic));
@@ -121,7 +120,7 @@ int help(const CLI::App& tool, const HelpOptions& options) {
           !options.shell.empty() ? completion_script(tool, options.shell)
           : options.man          ? man_page(app)
                                  : help_page(app));
-    return lost_output(stdout) ? kNotCompleted : kDone;
+    return kDone;
 }
 
 std::function<int()> declare_help(CLI::App& app) {
