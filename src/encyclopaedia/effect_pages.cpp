@@ -55,8 +55,7 @@ const char* source_text(Source source) {
         "networks. Journal of Computational and Graphical Statistics 15, 565-583.",
         "Lusher, D., Koskinen, J. & Robins, G. (eds., 2013). Exponential Random Graph Models for "
         "Social Networks. Cambridge University Press.",
-        "Morris, M., Handcock, M. S. & Hunter, D. R. (2008). Specification of exponential-family "
-        "random graph models: terms and computational aspects. Journal of Statistical Software "
+        "Morris, M., Handcock, M. S. & Hunter, D. R. (2008). Journal of Statistical Software "
         "24(4).",
         "Pattison, P. & Robins, G. (2002). Neighborhood-based models for social networks. "
         "Sociological Methodology 32, 301-337.",

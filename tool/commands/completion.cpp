@@ -148,7 +148,7 @@ std::string bash_script(const CLI::App& tool) {
 
 // -- zsh
 
-// In single quotes, with the signs escaped that part a specification's fields.
+// In single quotes, with the signs escaped that part the fields of what the shell is told.
 std::string zsh_text(const std::string& text) {
     std::string quoted;
     for (const char character : text) {
