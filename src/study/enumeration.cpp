@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <map>
 
+#include "base/no_number.h"
 #include "study/positive_matrix.h"
 
 namespace {
@@ -154,9 +154,8 @@ ExactAnswers enumerate_answers(const StudyNetwork& network, const CountStatistic
             share /= 2.0;
         }
     }
-    const double none = std::numeric_limits<double>::quiet_NaN();
-    const std::vector<double> nones(observed.size(), none);
-    return {nones, nones, none};
+    const std::vector<double> none(observed.size(), kNoNumber);
+    return {none, none, kNoNumber};
 }
 
 std::vector<double> count_edges_and_alternating_triangles(const TieCells& ties, int actors) {

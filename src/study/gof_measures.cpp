@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <map>
 #include <numeric>
 
+#include "base/no_number.h"
 #include "measures/clustering.h"
 #include "measures/descriptives.h"
 #include "measures/triad_census.h"
@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 // Attributes of more categories have their pairs told as same and different only.
 constexpr int kMostCategories = 12;
 
@@ -207,7 +206,7 @@ std::vector<double> triads_of(const Digraph& digraph) {
 
 double correlation_of(double n, double x, double y, double xx, double yy, double xy) {
     const double spread = (n * xx - x * x) * (n * yy - y * y);
-    return spread > 0.0 ? (n * xy - x * y) / std::sqrt(spread) : kNone;
+    return spread > 0.0 ? (n * xy - x * y) / std::sqrt(spread) : kNoNumber;
 }
 
 // Correlation of the values at the two ends of the ties; a tie without direction counts both ways.
@@ -407,7 +406,7 @@ double GofMeter<Network>::assortativity(const Trait& trait,
         expected += from[k] * to[k];
     }
     const double most = all * all - expected;
-    return most > 0.0 ? (all * same - expected) / most : kNone;
+    return most > 0.0 ? (all * same - expected) / most : kNoNumber;
 }
 
 template <class Network>

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <set>
+
+#include "base/no_number.h"
 
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr double kFar = 2.0;
 constexpr double kRare = 0.05;
 // A pivot below this share of its diagonal stands for a combination of the columns before it.
@@ -17,7 +17,7 @@ constexpr int kSamplesPerStatistic = 5;
 
 double ascending_quantile(std::span<const double> ascending, double share) {
     if (ascending.empty()) {
-        return kNone;
+        return kNoNumber;
     }
     const double place = share * static_cast<double>(ascending.size() - 1);
     const auto below = static_cast<std::size_t>(place);
@@ -58,10 +58,10 @@ GofStatistic summarised(const std::string& name, double observed, std::vector<do
     const bool still = !sampled.empty() && sampled.front() == sampled.back();
     statistic.mean = still ? sampled.front() : statistic.mean;
     statistic.sd = still ? 0.0 : std::sqrt(squares / count);
-    statistic.t_ratio = statistic.sd > 0.0 ? (observed - statistic.mean) / statistic.sd : kNone;
+    statistic.t_ratio = statistic.sd > 0.0 ? (observed - statistic.mean) / statistic.sd : kNoNumber;
     statistic.p_value = std::isfinite(observed) && count > 0.0
                             ? rank_p_value(rank.below, rank.above, rank.equal)
-                            : kNone;
+                            : kNoNumber;
     statistic.q05 = ascending_quantile(sampled, 0.05);
     statistic.median = ascending_quantile(sampled, 0.5);
     statistic.q95 = ascending_quantile(sampled, 0.95);
@@ -134,13 +134,13 @@ GofRow summarised_row(const GofShape& shape, int entry, std::size_t number,
     }
     std::sort(counts.begin(), counts.end());
     const std::size_t zeros = samples.size() - counts.size();
-    row.mean = samples.empty() ? kNone : sum / static_cast<double>(samples.size());
+    row.mean = samples.empty() ? kNoNumber : sum / static_cast<double>(samples.size());
     row.q05 = quantile_with_zeros(counts, zeros, 0.05);
     row.q25 = quantile_with_zeros(counts, zeros, 0.25);
     row.median = quantile_with_zeros(counts, zeros, 0.5);
     row.q75 = quantile_with_zeros(counts, zeros, 0.75);
     row.q95 = quantile_with_zeros(counts, zeros, 0.95);
-    row.p_value = samples.empty() ? kNone : rank_p_value(rank.below, rank.above, rank.equal);
+    row.p_value = samples.empty() ? kNoNumber : rank_p_value(rank.below, rank.above, rank.equal);
     return row;
 }
 
@@ -160,13 +160,13 @@ class Distances {
     }
 
     // Squared distance of the observed network.
-    double observed() const { return columns_.empty() ? kNone : observed_; }
+    double observed() const { return columns_.empty() ? kNoNumber : observed_; }
 
     // Share of samples at least as far from the mean of the others, by their covariance; the
     // observed network counted as one.
     double p_value() const {
         if (columns_.empty()) {
-            return kNone;
+            return kNoNumber;
         }
         const auto n = static_cast<double>(samples_.size());
         int farther = 1;
@@ -249,7 +249,7 @@ class Distances {
 double quantile_with_zeros(std::span<const double> ascending, std::size_t zeros, double share) {
     const std::size_t count = ascending.size() + zeros;
     if (count == 0) {
-        return kNone;
+        return kNoNumber;
     }
     const auto value = [&](std::size_t place) {
         return place < zeros ? 0.0 : ascending[place - zeros];

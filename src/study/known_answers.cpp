@@ -1,9 +1,9 @@
 #include "study/known_answers.h"
 
 #include <cmath>
-#include <limits>
 #include <utility>
 
+#include "base/no_number.h"
 #include "study/enumeration.h"
 #include "study/known_networks.h"
 #include "study/study_estimate.h"
@@ -24,7 +24,7 @@ constexpr std::uint32_t kSeed = 1;
 struct Expected {
     std::vector<double> estimates;
     std::vector<double> standard_errors;
-    double log_likelihood = std::numeric_limits<double>::quiet_NaN();
+    double log_likelihood = kNoNumber;
 };
 
 struct Allowed {
@@ -46,9 +46,7 @@ class Answers {
         const StudyEstimate found = study_estimate(study, resolved, seed, progress_);
         const bool usable = found.verdict == StudyVerdict::converged;
         const std::string model = network + ": " + listed(resolved.names);
-        const auto number = [usable](double value) {
-            return usable ? value : std::numeric_limits<double>::quiet_NaN();
-        };
+        const auto number = [usable](double value) { return usable ? value : kNoNumber; };
         for (std::size_t k = 0; k < expected.estimates.size(); ++k) {
             const EffectEstimate& effect = found.effects[k];
             const bool known = k < expected.standard_errors.size();

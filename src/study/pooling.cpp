@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
 
-namespace {
+#include "base/no_number.h"
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+namespace {
 
 double squared_error(const GroupEstimate& group) {
     return group.standard_error * group.standard_error;
@@ -59,8 +58,15 @@ void test_variance(const std::vector<GroupEstimate>& groups, PooledEstimate& poo
 }  // namespace
 
 PooledEstimate pool_estimates(const std::vector<GroupEstimate>& groups) {
-    PooledEstimate pooled{
-        static_cast<int>(groups.size()), kNone, kNone, kNone, kNone, kNone, kNone, 0, kNone};
+    PooledEstimate pooled{static_cast<int>(groups.size()),
+                          kNoNumber,
+                          kNoNumber,
+                          kNoNumber,
+                          kNoNumber,
+                          kNoNumber,
+                          kNoNumber,
+                          0,
+                          kNoNumber};
     if (groups.empty()) {
         return pooled;
     }

@@ -5,6 +5,7 @@
 #include <limits>
 #include <numeric>
 
+#include "base/no_number.h"
 #include "study/positive_matrix.h"
 
 namespace {
@@ -257,7 +258,7 @@ double gelman_rubin(const std::vector<double>& values, int chains) {
     const auto m = static_cast<std::size_t>(std::max(chains, 1));
     const std::size_t length = values.size() / m;
     if (m < 2 || length < 2) {
-        return std::numeric_limits<double>::quiet_NaN();
+        return kNoNumber;
     }
     const double mean = mean_of(values.data(), m * length);
     double between = 0.0;
@@ -273,8 +274,7 @@ double gelman_rubin(const std::vector<double>& values, int chains) {
     between /= static_cast<double>(m - 1);
     within /= static_cast<double>(m * (length - 1));
     const double shrunk = static_cast<double>(length - 1) / static_cast<double>(length);
-    return within > 0.0 ? std::sqrt(shrunk + between / within)
-                        : std::numeric_limits<double>::quiet_NaN();
+    return within > 0.0 ? std::sqrt(shrunk + between / within) : kNoNumber;
 }
 
 MeanCovariance covariance_of_mean(const Matrix& samples, int chains) {

@@ -7,6 +7,7 @@
 #include <numeric>
 #include <utility>
 
+#include "base/no_number.h"
 #include "estimation/estimator.h"
 #include "study/choice_estimate.h"
 #include "study/estimability.h"
@@ -16,7 +17,6 @@
 
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr double kConverged = 0.1;
 // Samples more alike than this are too close to each other.
 constexpr double kTooAlike = 0.4;
@@ -34,7 +34,7 @@ double column_sd(const Matrix& samples, int column, double mean) {
         const double deviation = samples[row][column] - mean;
         sum += deviation * deviation;
     }
-    return samples.rows > 0 ? std::sqrt(sum / samples.rows) : kNone;
+    return samples.rows > 0 ? std::sqrt(sum / samples.rows) : kNoNumber;
 }
 
 double largest_autocorrelation(const Matrix& samples, const std::vector<double>& means) {
@@ -102,7 +102,7 @@ void start_at_density(const Study& study, const StudySelection& resolved, const 
 // A matrix over places as one over the study's effects.
 Matrix by_effect(const Matrix& matrix, const std::vector<int>& places) {
     const int p = static_cast<int>(places.size());
-    Matrix ordered = matrix_create(p, p, kNone);
+    Matrix ordered = matrix_create(p, p, kNoNumber);
     for (int i = 0; i < p && matrix.rows == p; ++i) {
         for (int j = 0; j < p; ++j) {
             ordered[i][j] =
@@ -124,7 +124,7 @@ Matrix samples_by_effect(const Matrix& samples, const std::vector<int>& places) 
 
 double at_place(const std::vector<double>& values, int place) {
     const auto at = static_cast<std::size_t>(place);
-    return at < values.size() ? values[at] : kNone;
+    return at < values.size() ? values[at] : kNoNumber;
 }
 
 // Proposals of one run in all its phases.
@@ -152,9 +152,9 @@ void take_result(const EstimationResult& found, const StudySelection& resolved,
         EffectEstimate effect;
         effect.name = resolved.names[k];
         effect.estimate = at_place(found.parameters, place);
-        effect.mc_error = kNone;
+        effect.mc_error = kNoNumber;
         const double variance = estimate.covariance[static_cast<int>(k)][static_cast<int>(k)];
-        effect.standard_error = variance >= 0.0 && ended ? std::sqrt(variance) : kNone;
+        effect.standard_error = variance >= 0.0 && ended ? std::sqrt(variance) : kNoNumber;
         effect.t_ratio = at_place(found.t_ratios, place);
         effect.observed = at_place(found.observed, place);
         effect.simulated_mean = at_place(phase.means, place);
@@ -217,16 +217,16 @@ void describe_model(const Study& study, StudyChain<Network>& run, const StudySel
                     StudyEstimate& estimate) {
     const std::vector<double> observed = run.by_effect(run.network().statistics.data());
     const auto p = static_cast<int>(observed.size());
-    estimate.covariance = matrix_create(p, p, kNone);
+    estimate.covariance = matrix_create(p, p, kNoNumber);
     for (std::size_t k = 0; k < observed.size(); ++k) {
         estimate.effects.push_back({.name = resolved.names[k],
-                                    .estimate = kNone,
-                                    .standard_error = kNone,
-                                    .mc_error = kNone,
-                                    .t_ratio = kNone,
+                                    .estimate = kNoNumber,
+                                    .standard_error = kNoNumber,
+                                    .mc_error = kNoNumber,
+                                    .t_ratio = kNoNumber,
                                     .observed = observed[k],
-                                    .simulated_mean = kNone,
-                                    .simulated_sd = kNone,
+                                    .simulated_mean = kNoNumber,
+                                    .simulated_sd = kNoNumber,
                                     .fixed = study.model.effects[k].fixed.has_value()});
     }
 }

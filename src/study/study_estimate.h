@@ -7,12 +7,12 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "base/host_options.h"
 #include "base/matrix.h"
+#include "base/no_number.h"
 #include "study/identification.h"
 #include "study/sample_diagnosis.h"
 #include "study/study_selection.h"
@@ -40,8 +40,8 @@ struct EffectEstimate {
     bool fixed = false;
     // What the simulated statistics are worth in independent ones, and whether chains agree on them
     // (near 1).
-    double effective_samples = std::numeric_limits<double>::quiet_NaN();
-    double gelman_rubin = std::numeric_limits<double>::quiet_NaN();
+    double effective_samples = kNoNumber;
+    double gelman_rubin = kNoNumber;
 };
 
 // How the simulated networks came about and what they look like; 0 chains where there are none.
@@ -51,7 +51,7 @@ struct StudyDiagnosis {
     std::int64_t interval = 0;  // and from one to the next
     int runs = 0;               // of the chains, the last one's samples being shown
     // Of Hotelling's test of observed against simulated means.
-    double hotelling_p_value = std::numeric_limits<double>::quiet_NaN();
+    double hotelling_p_value = kNoNumber;
     TieClusters clusters;
     Matrix correlation;  // of the statistics
 };
@@ -80,8 +80,8 @@ struct StudyEstimate {
     // Whether stochastic approximation took over for a while.
     bool approximated = false;
     // At the estimates, with its Monte Carlo error; NaN where it was not computed.
-    double log_likelihood = std::numeric_limits<double>::quiet_NaN();
-    double log_likelihood_error = std::numeric_limits<double>::quiet_NaN();
+    double log_likelihood = kNoNumber;
+    double log_likelihood_error = kNoNumber;
     std::vector<EstimationAttempt> attempts;
     DependentSet dependent;                  // when not identified
     std::vector<InfiniteEstimate> infinite;  // when an estimate would be infinite

@@ -5,13 +5,13 @@
 #include <limits>
 #include <utility>
 
+#include "base/no_number.h"
 #include "base/random_stream.h"
 #include "study/dyad_independent.h"
 #include "study/identification.h"
 
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 // Samples of each chain when a bridge is first stood on.
 constexpr int kFirstSamples = 32;
 // Distance between neighbouring bridges, in standard deviations of their networks' log-odds.
@@ -336,8 +336,8 @@ class Path {
     StudyChains chains_;
     std::size_t tied_;
     std::vector<Bridge> bridges_;
-    double value_ = kNone;
-    double error_ = kNone;
+    double value_ = kNoNumber;
+    double error_ = kNoNumber;
     double proposals_ = 0.0;
 };
 
@@ -378,9 +378,9 @@ StudyLikelihood study_likelihood(const Study& study, const StudySelection& resol
     found.dyads = dyads_of(study);
     found.exact = dyad_independent(resolved) && !capped(study);
     if (capped(study)) {
-        found.value = kNone;
-        found.mc_error = kNone;
-        found.null_value = kNone;
+        found.value = kNoNumber;
+        found.mc_error = kNoNumber;
+        found.null_value = kNoNumber;
     } else {
         found.null_value = -found.dyads * std::log(2.0);
         const std::vector<double> reference =
