@@ -175,20 +175,6 @@ void fill_group(Exporter& exporter, AttributeGroup group, const std::vector<std:
     }
 }
 
-std::vector<std::string>& names_in(AttributeTable& table, AttributeGroup group) {
-    switch (group) {
-        case AttributeGroup::binary:
-            return table.binary_names;
-        case AttributeGroup::continuous:
-            return table.continuous_names;
-        case AttributeGroup::categorical:
-            return table.categorical_names;
-        case AttributeGroup::covariate:
-            break;
-    }
-    return table.covariate_names;
-}
-
 void add_attributes(Exporter& exporter) {
     struct Block {
         AttributeGroup group;
@@ -209,7 +195,7 @@ void add_attributes(Exporter& exporter) {
                                  : add_file(exporter, block.suffix,
                                             attribute_text(attributes,
                                                            exporter.study.network.actors.size())));
-        names_in(exporter.selection.table, block.group) = names;
+        names_of(exporter.selection.table, block.group) = names;
     }
     std::vector<std::string> names;
     for (const StudyCovariate& each : exporter.study.covariates) {
@@ -219,7 +205,7 @@ void add_attributes(Exporter& exporter) {
                names.empty()
                    ? ""
                    : add_file(exporter, "_covariates.txt", covariates_text(exporter.study)));
-    names_in(exporter.selection.table, AttributeGroup::covariate) = names;
+    names_of(exporter.selection.table, AttributeGroup::covariate) = names;
 }
 
 // Takes a number out of the map; false when the row has none.

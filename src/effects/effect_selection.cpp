@@ -51,6 +51,20 @@ EffectSelection selection_create(NetworkKind kind) {
     return selection;
 }
 
+std::vector<std::string>& names_of(AttributeTable& table, AttributeGroup group) {
+    switch (group) {
+        case AttributeGroup::binary:
+            return table.binary_names;
+        case AttributeGroup::continuous:
+            return table.continuous_names;
+        case AttributeGroup::categorical:
+            return table.categorical_names;
+        case AttributeGroup::covariate:
+            break;
+    }
+    return table.covariate_names;
+}
+
 void selection_resize_group(EffectSelection& selection, AttributeGroup group, int attributes) {
     const std::size_t rows = group_catalogue(*selection.catalogue, group).effects.size();
     const auto count = static_cast<std::size_t>(std::max(attributes, 0));

@@ -61,6 +61,9 @@ inline const AttributeSelection& group_of(const EffectSelection& selection, Attr
     return selection.groups[static_cast<std::size_t>(group)];
 }
 
+// The names of a group's attributes, or of the covariates.
+std::vector<std::string>& names_of(AttributeTable& table, AttributeGroup group);
+
 // Makes room for the choices of a group's attributes, all off.
 void selection_resize_group(EffectSelection& selection, AttributeGroup group, int attributes);
 

@@ -291,24 +291,10 @@ std::string name_of(const Resolver& resolver, const Resolved& effect) {
     return effect_text(expression);
 }
 
-std::vector<std::string>& names_in(AttributeTable& table, AttributeGroup group) {
-    switch (group) {
-        case AttributeGroup::binary:
-            return table.binary_names;
-        case AttributeGroup::continuous:
-            return table.continuous_names;
-        case AttributeGroup::categorical:
-            return table.categorical_names;
-        case AttributeGroup::covariate:
-            break;
-    }
-    return table.covariate_names;
-}
-
 // Puts the data of an attribute or covariate behind those that the group has.
 void add_data(const Study& study, AttributeGroup group, const std::string& name,
               AttributeTable& table) {
-    names_in(table, group).push_back(name);
+    names_of(table, group).push_back(name);
     if (group == AttributeGroup::covariate) {
         table.covariates.push_back(find_covariate(study, name)->values);
         return;
@@ -335,7 +321,7 @@ void add_data(const Study& study, AttributeGroup group, const std::string& name,
 // The number of an attribute within its group, its data added at the first call.
 std::size_t attribute_number(const Study& study, AttributeGroup group, const std::string& name,
                              AttributeTable& table) {
-    const std::vector<std::string>& names = names_in(table, group);
+    const std::vector<std::string>& names = names_of(table, group);
     const auto found = std::find(names.begin(), names.end(), name);
     const auto number = static_cast<std::size_t>(found - names.begin());
     if (found == names.end()) {

@@ -3,31 +3,15 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "support/tool_runner.h"
+#include "support/club.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
-class ToolGof : public ToolTest {
+class ToolGof : public ClubTest {
   protected:
-    ToolGof() {
-        scratch.write("club.csv",
-                      "from,to\nAnn,Ben\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nFay,Ann\nAnn,Dot\nGil,"
-                      "Ann\n");
-        scratch.write("nodes.csv",
-                      "name,sex,age\nAnn,f,30\nBen,m,41\nCid,m,25\nDot,f,33\nEve,f,60\nFay,f,28\n"
-                      "Gil,m,52\n");
-        scratch.write("club.toml",
-                      "[network]\nfile = \"club.csv\"\ndirected = false\nnodes = \"nodes.csv\"\n"
-                      "[model]\neffects = [\"edge\"]\n[estimation]\nmethod = "
-                      "\"stochastic-approximation\"\n[gof]\nsamples = 40\n[run]\nseed = 2\n");
-    }
-    const ToolResult& ovri(const std::vector<std::string>& words) {
-        result = run_tool(words, scratch.path().string());
-        return result;
-    }
     Json document(const std::string& path) const { return Json::parse(scratch.read(path)); }
 
     void mark_unconverged(const std::string& folder, const std::string& verdict, int status) {

@@ -11,6 +11,7 @@
 #include "batch/pooled_models.h"
 #include "commands/commands.h"
 #include "formats/csv.h"
+#include "show/document_pieces.h"
 #include "show/text_table.h"
 
 namespace {
@@ -19,10 +20,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr const char* kFormat = "ovri-summary/1";
 constexpr const char* kNotDone = "not_completed";
-
-std::string cell(double value) { return std::isfinite(value) ? fmt::format("{}", value) : ""; }
-
-Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
 
 std::string name_of(const std::string& path) {
     const std::u8string name = native_path(path).filename().u8string();
@@ -102,9 +99,10 @@ class SummaryWriter {
             return;
         }
         for (const ResultEffect& effect : line.result->effects) {
-            summary_.csv += fmt::format("{},{},{},{},{},{}\n", begin, csv_field(effect.name),
-                                        cell(effect.estimate), cell(effect.standard_error),
-                                        cell(effect.t_ratio), cell(line.seconds));
+            summary_.csv +=
+                fmt::format("{},{},{},{},{},{}\n", begin, csv_field(effect.name),
+                            csv_number(effect.estimate), csv_number(effect.standard_error),
+                            csv_number(effect.t_ratio), csv_number(line.seconds));
         }
     }
 
@@ -116,16 +114,16 @@ class SummaryWriter {
         json["seed"] = line.job.seed;
         json["verdict"] = line.verdict;
         json["reasons"] = line.result != nullptr ? Json(line.result->reasons) : Json{line.reason};
-        json["seconds"] = number(line.seconds);
+        json["seconds"] = json_number(line.seconds);
         json["effects"] = Json::array();
         if (line.result == nullptr) {
             return json;
         }
         for (const ResultEffect& effect : line.result->effects) {
             json["effects"].push_back({{"name", effect.name},
-                                       {"estimate", number(effect.estimate)},
-                                       {"standard_error", number(effect.standard_error)},
-                                       {"t_ratio", number(effect.t_ratio)}});
+                                       {"estimate", json_number(effect.estimate)},
+                                       {"standard_error", json_number(effect.standard_error)},
+                                       {"t_ratio", json_number(effect.t_ratio)}});
         }
         return json;
     }
@@ -138,14 +136,14 @@ class SummaryWriter {
             const PooledEstimate& found = each.pooled;
             json["effects"].push_back({{"name", each.name},
                                        {"networks", found.groups},
-                                       {"mean", number(found.mean)},
-                                       {"standard_error", number(found.standard_error)},
-                                       {"z", number(found.z)},
-                                       {"p_value", number(found.p_value)},
-                                       {"variance", number(found.variance)},
-                                       {"q", number(found.q)},
+                                       {"mean", json_number(found.mean)},
+                                       {"standard_error", json_number(found.standard_error)},
+                                       {"z", json_number(found.z)},
+                                       {"p_value", json_number(found.p_value)},
+                                       {"variance", json_number(found.variance)},
+                                       {"q", json_number(found.q)},
                                        {"q_degrees", found.degrees},
-                                       {"q_p_value", number(found.q_p_value)}});
+                                       {"q_p_value", json_number(found.q_p_value)}});
         }
         json["left_out"] = Json::array();
         for (const LeftOut& each : pooled_[model].left_out()) {

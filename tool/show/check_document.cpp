@@ -2,24 +2,24 @@
 
 #include <nlohmann/json.hpp>
 
+#include "show/document_pieces.h"
+
 namespace {
 
 using Json = nlohmann::ordered_json;
 
 Json place_or_null(int place) { return place > 0 ? Json(place) : Json(nullptr); }
 
-Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
-
 Json finding_fields(const Finding& finding) {
     const Where& where = finding.where;
     return {{"severity", finding.severity == Severity::error ? "error" : "warning"},
-            {"file", text_or_null(where.file)},
+            {"file", json_text(where.file)},
             {"line", place_or_null(where.line)},
             {"column", place_or_null(where.column)},
-            {"about", text_or_null(where.field)},
-            {"found", text_or_null(finding.found)},
-            {"expected", text_or_null(finding.expected)},
-            {"mend", text_or_null(finding.mend)}};
+            {"about", json_text(where.field)},
+            {"found", json_text(finding.found)},
+            {"expected", json_text(finding.expected)},
+            {"mend", json_text(finding.mend)}};
 }
 
 Json network_fields(const ResultNetwork& network) {

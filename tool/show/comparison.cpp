@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "formats/csv.h"
+#include "show/document_pieces.h"
 #include "show/text_table.h"
 #include "study/pooling.h"
 
@@ -180,17 +181,12 @@ std::string tests_text(const Comparison& comparison) {
 
 // -- CSV and JSON
 
-// The shortest text that brings the same value back; empty without a number.
-std::string cell(double value) { return std::isfinite(value) ? fmt::format("{}", value) : ""; }
-
-Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
-
 Json effect_json(const ResultEffect& effect) {
     Json json;
     json["name"] = effect.name;
-    json["estimate"] = number(effect.estimate);
-    json["standard_error"] = number(effect.standard_error);
-    json["mc_error"] = number(effect.mc_error);
+    json["estimate"] = json_number(effect.estimate);
+    json["standard_error"] = json_number(effect.standard_error);
+    json["mc_error"] = json_number(effect.mc_error);
     json["fixed"] = effect.fixed;
     return json;
 }
@@ -201,7 +197,7 @@ Json model_json(const ComparedModel& model) {
     json["results"] = model.name;
     json["verdict"] = result.verdict;
     json["exit_status"] = result.exit_status;
-    json["left_out"] = model.left_out.empty() ? Json(nullptr) : Json(model.left_out);
+    json["left_out"] = json_text(model.left_out);
     json["method"] = result.method;
     json["seed"] = result.seed;
     json["effects"] = Json::array();
@@ -209,10 +205,10 @@ Json model_json(const ComparedModel& model) {
         json["effects"].push_back(effect_json(effect));
     }
     json["parameters"] = model.parameters;
-    json["log_likelihood"] = number(result.likelihood.value);
-    json["mc_error"] = number(result.likelihood.mc_error);
-    json["aic"] = number(result.likelihood.aic);
-    json["bic"] = number(result.likelihood.bic);
+    json["log_likelihood"] = json_number(result.likelihood.value);
+    json["mc_error"] = json_number(result.likelihood.mc_error);
+    json["aic"] = json_number(result.likelihood.aic);
+    json["bic"] = json_number(result.likelihood.bic);
     json["best_aic"] = model.best_aic;
     json["best_bic"] = model.best_bic;
     return json;
@@ -222,20 +218,10 @@ Json test_json(const LikelihoodRatio& test, const std::vector<ComparedModel>& mo
     Json json;
     json["smaller"] = models[test.smaller].name;
     json["larger"] = models[test.larger].name;
-    json["statistic"] = number(test.statistic);
-    json["mc_error"] = number(test.mc_error);
+    json["statistic"] = json_number(test.statistic);
+    json["mc_error"] = json_number(test.mc_error);
     json["df"] = test.degrees;
-    json["p_value"] = number(test.p_value);
-    return json;
-}
-
-Json network_json(const ResultNetwork& network) {
-    Json json;
-    json["file"] = network.file;
-    json["directed"] = network.directed;
-    json["actors"] = network.actors;
-    json["ties"] = network.ties;
-    json["density"] = number(network.density);
+    json["p_value"] = json_number(test.p_value);
     return json;
 }
 
@@ -311,12 +297,13 @@ std::string comparison_csv(const Comparison& comparison) {
     for (const ComparedModel& model : comparison.models) {
         const ResultLikelihood& likelihood = model.result.likelihood;
         text += fmt::format("{},{},{},{},{},{},{},{}", csv_field(model.name), model.result.verdict,
-                            model.result.method, model.parameters, cell(likelihood.value),
-                            cell(likelihood.mc_error), cell(likelihood.aic), cell(likelihood.bic));
+                            model.result.method, model.parameters, csv_number(likelihood.value),
+                            csv_number(likelihood.mc_error), csv_number(likelihood.aic),
+                            csv_number(likelihood.bic));
         for (const std::string& name : effects) {
             const ResultEffect* effect = effect_named(model.result, name);
-            text += fmt::format(",{},{}", effect != nullptr ? cell(effect->estimate) : "",
-                                effect != nullptr ? cell(effect->standard_error) : "");
+            text += fmt::format(",{},{}", effect != nullptr ? csv_number(effect->estimate) : "",
+                                effect != nullptr ? csv_number(effect->standard_error) : "");
         }
         text += "\n";
     }
@@ -328,7 +315,7 @@ std::string comparison_json(const Comparison& comparison) {
     json["format"] = kFormat;
     json["ovri"] = comparison.ovri;
     json["command"] = "compare";
-    json["network"] = network_json(comparison.models[0].result.network);
+    json["network"] = json_network(comparison.models[0].result.network);
     json["models"] = Json::array();
     for (const ComparedModel& model : comparison.models) {
         json["models"].push_back(model_json(model));

@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "formats/csv.h"
+#include "show/document_pieces.h"
 
 namespace {
 
@@ -39,23 +39,11 @@ constexpr std::array<Number<GofRow>, 7> kRowNumbers = {{
     {"q95", &GofRow::q95},
 }};
 
-Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
-
-double number_at(const Json& object, const char* key) {
-    const auto place = object.find(key);
-    return place != object.end() && place->is_number() ? place->get<double>() : kNoNumber;
-}
-
-std::string text_at(const Json& object, const char* key) {
-    const auto place = object.find(key);
-    return place != object.end() && place->is_string() ? place->get<std::string>() : "";
-}
-
 template <class Record, std::size_t Size>
 void put_numbers(const std::array<Number<Record>, Size>& numbers, const Record& record,
                  Json& json) {
     for (const Number<Record>& each : numbers) {
-        json[each.key] = number(record.*each.member);
+        json[each.key] = json_number(record.*each.member);
     }
 }
 
@@ -65,16 +53,6 @@ void take_numbers(const std::array<Number<Record>, Size>& numbers, const Json& j
     for (const Number<Record>& each : numbers) {
         record.*each.member = number_at(json, each.key);
     }
-}
-
-Json network_json(const ResultNetwork& network) {
-    Json json;
-    json["file"] = network.file;
-    json["directed"] = network.directed;
-    json["actors"] = network.actors;
-    json["ties"] = network.ties;
-    json["density"] = number(network.density);
-    return json;
 }
 
 Json distribution_json(const GofDistribution& distribution) {
@@ -116,10 +94,7 @@ GofRecord record_of(const Json& json) {
     record.exit_status = json.at("exit_status").get<int>();
     record.bayesian = json.at("bayesian").get<bool>();
     record.conclusion = text_at(json, "conclusion");
-    const Json& network = json.at("network");
-    record.network = {text_at(network, "file"), network.at("directed").get<bool>(),
-                      network.at("actors").get<int>(), network.at("ties").get<int>(),
-                      number_at(network, "density")};
+    record.network = network_at(json.at("network"));
     StudyGof& gof = record.gof;
     gof.samples = json.at("samples").get<int>();
     gof.effects = json.at("effects").get<int>();
@@ -137,9 +112,6 @@ GofRecord record_of(const Json& json) {
     return record;
 }
 
-// The shortest text that brings the same value back; empty without a number.
-std::string cell(double value) { return std::isfinite(value) ? fmt::format("{}", value) : ""; }
-
 }  // namespace
 
 std::string gof_json(const GofRecord& record) {
@@ -147,16 +119,16 @@ std::string gof_json(const GofRecord& record) {
     json["format"] = kFormat;
     json["ovri"] = record.ovri;
     json["command"] = "gof";
-    json["verdict"] = record.verdict.empty() ? Json(nullptr) : Json(record.verdict);
+    json["verdict"] = json_text(record.verdict);
     json["exit_status"] = record.exit_status;
-    json["network"] = network_json(record.network);
+    json["network"] = json_network(record.network);
     json["seed"] = record.gof.seed;
     json["bayesian"] = record.bayesian;
     json["samples"] = record.gof.samples;
     json["effects"] = record.gof.effects;
     json["conclusion"] = record.conclusion;
-    json["mahalanobis"] = number(record.gof.mahalanobis);
-    json["mahalanobis_p_value"] = number(record.gof.mahalanobis_p_value);
+    json["mahalanobis"] = json_number(record.gof.mahalanobis);
+    json["mahalanobis_p_value"] = json_number(record.gof.mahalanobis_p_value);
     json["statistics"] = Json::array();
     for (const GofStatistic& statistic : record.gof.statistics) {
         Json entry;
@@ -187,15 +159,17 @@ std::string gof_csv(const GofRecord& record) {
     std::string text = "kind,name,at,observed,mean,sd,t_ratio,p_value,q05,q25,median,q75,q95\n";
     for (const GofStatistic& each : record.gof.statistics) {
         text += fmt::format("statistic,{},,{},{},{},{},{},{},,{},,{}\n", csv_field(each.name),
-                            cell(each.observed), cell(each.mean), cell(each.sd), cell(each.t_ratio),
-                            cell(each.p_value), cell(each.q05), cell(each.median), cell(each.q95));
+                            csv_number(each.observed), csv_number(each.mean), csv_number(each.sd),
+                            csv_number(each.t_ratio), csv_number(each.p_value),
+                            csv_number(each.q05), csv_number(each.median), csv_number(each.q95));
     }
     for (const GofDistribution& distribution : record.gof.distributions) {
         for (const GofRow& row : distribution.rows) {
             text += fmt::format("distribution,{},{},{},{},,,,{},{},{},{},{}\n",
-                                csv_field(distribution.name), csv_field(row.at), cell(row.observed),
-                                cell(row.mean), cell(row.q05), cell(row.q25), cell(row.median),
-                                cell(row.q75), cell(row.q95));
+                                csv_field(distribution.name), csv_field(row.at),
+                                csv_number(row.observed), csv_number(row.mean), csv_number(row.q05),
+                                csv_number(row.q25), csv_number(row.median), csv_number(row.q75),
+                                csv_number(row.q95));
         }
     }
     return text;

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "show/document_pieces.h"
 #include "show/text_table.h"
 
 namespace {
@@ -18,8 +19,6 @@ constexpr const char* kFormat = "ovri-selftest/1";
 const char* verdict_of(const KnownAnswer& answer) {
     return is_as_expected(answer) ? "as expected" : "differs";
 }
-
-Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
 
 // A small difference is told by its size: rounding is no deviation.
 std::string difference_text(const KnownAnswer& answer) {
@@ -66,17 +65,17 @@ std::string known_answer_json(const std::vector<KnownAnswer>& answers, double se
     json["ovri"] = OVRI_VERSION;
     json["command"] = "selftest";
     json["as_expected"] = std::all_of(answers.begin(), answers.end(), is_as_expected);
-    json["seconds"] = number(seconds);
+    json["seconds"] = json_number(seconds);
     json["checks"] = Json::array();
     for (const KnownAnswer& each : answers) {
         Json check;
         check["model"] = each.model;
         check["quantity"] = each.quantity;
-        check["found"] = number(each.found);
-        check["expected"] = number(each.expected);
-        check["unit"] = number(each.unit);
-        check["difference"] = number(difference(each));
-        check["allowed"] = number(each.allowed);
+        check["found"] = json_number(each.found);
+        check["expected"] = json_number(each.expected);
+        check["unit"] = json_number(each.unit);
+        check["difference"] = json_number(difference(each));
+        check["allowed"] = json_number(each.allowed);
         check["verdict"] = verdict_of(each);
         json["checks"].push_back(std::move(check));
     }

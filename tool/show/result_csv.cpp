@@ -3,16 +3,9 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <cmath>
 
 #include "formats/csv.h"
-
-namespace {
-
-// The shortest text that brings the same value back; empty without a number.
-std::string cell(double value) { return std::isfinite(value) ? fmt::format("{}", value) : ""; }
-
-}  // namespace
+#include "show/document_pieces.h"
 
 std::string estimates_csv(const ResultRecord& result) {
     std::string text =
@@ -24,7 +17,7 @@ std::string estimates_csv(const ResultRecord& result) {
              {effect.estimate, effect.standard_error, effect.mc_error, effect.z, effect.p_value,
               effect.lower, effect.upper, effect.odds_ratio, effect.t_ratio, effect.observed,
               effect.simulated_mean, effect.simulated_sd}) {
-            text += "," + cell(value);
+            text += "," + csv_number(value);
         }
         text += effect.fixed ? ",true\n" : ",false\n";
     }
@@ -40,7 +33,7 @@ std::string covariance_csv(const ResultRecord& result) {
     for (int i = 0; i < result.covariance.rows; ++i) {
         text += csv_field(result.effects[static_cast<std::size_t>(i)].name);
         for (int j = 0; j < result.covariance.columns; ++j) {
-            text += "," + cell(result.covariance[i][j]);
+            text += "," + csv_number(result.covariance[i][j]);
         }
         text += "\n";
     }
@@ -58,7 +51,7 @@ std::string sample_head(const std::vector<std::string>& effects) {
 std::string sample_row(int chain, int draw, const std::vector<double>& statistics) {
     std::string text = fmt::format("{},{}", chain, draw);
     for (const double value : statistics) {
-        text += "," + cell(value);
+        text += "," + csv_number(value);
     }
     return text + "\n";
 }

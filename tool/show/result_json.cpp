@@ -4,6 +4,8 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "show/document_pieces.h"
+
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -30,40 +32,16 @@ constexpr std::array<EffectNumber, 12> kEffectNumbers = {{
     {"simulated_sd", &ResultEffect::simulated_sd},
 }};
 
-Json number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
-
-double number_at(const Json& object, const char* key) {
-    const auto place = object.find(key);
-    return place != object.end() && place->is_number() ? place->get<double>() : kNoNumber;
-}
-
-Json text_or_null(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
-
-std::string text_at(const Json& object, const char* key) {
-    const auto place = object.find(key);
-    return place != object.end() && place->is_string() ? place->get<std::string>() : "";
-}
-
 // A count that a double holds exactly, written as a whole number.
 Json count(double value) {
     return std::isfinite(value) ? Json(std::llround(value)) : Json(nullptr);
-}
-
-Json network_json(const ResultNetwork& network) {
-    Json json;
-    json["file"] = network.file;
-    json["directed"] = network.directed;
-    json["actors"] = network.actors;
-    json["ties"] = network.ties;
-    json["density"] = number(network.density);
-    return json;
 }
 
 Json effect_json(const ResultEffect& effect) {
     Json json;
     json["name"] = effect.name;
     for (const EffectNumber& each : kEffectNumbers) {
-        json[each.key] = number(effect.*each.member);
+        json[each.key] = json_number(effect.*each.member);
     }
     json["fixed"] = effect.fixed;
     return json;
@@ -74,7 +52,7 @@ Json matrix_json(const Matrix& matrix) {
     for (int i = 0; i < matrix.rows; ++i) {
         Json row = Json::array();
         for (int j = 0; j < matrix.columns; ++j) {
-            row.push_back(number(matrix[i][j]));
+            row.push_back(json_number(matrix[i][j]));
         }
         rows.push_back(std::move(row));
     }
@@ -83,18 +61,18 @@ Json matrix_json(const Matrix& matrix) {
 
 Json likelihood_json(const ResultLikelihood& likelihood) {
     Json json;
-    json["value"] = number(likelihood.value);
-    json["mc_error"] = number(likelihood.mc_error);
-    json["null"] = number(likelihood.null_model);
-    json["aic"] = number(likelihood.aic);
-    json["bic"] = number(likelihood.bic);
+    json["value"] = json_number(likelihood.value);
+    json["mc_error"] = json_number(likelihood.mc_error);
+    json["null"] = json_number(likelihood.null_model);
+    json["aic"] = json_number(likelihood.aic);
+    json["bic"] = json_number(likelihood.bic);
     return json;
 }
 
 Json numbers_json(const std::vector<double>& numbers) {
     Json json = Json::array();
     for (const double each : numbers) {
-        json.push_back(number(each));
+        json.push_back(json_number(each));
     }
     return json;
 }
@@ -110,18 +88,13 @@ Json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis) {
     json["samples"] = diagnosis->samples;
     json["runs"] = diagnosis->runs;
     json["approximated"] = diagnosis->approximated;
-    json["hotelling_p_value"] = number(diagnosis->hotelling_p_value);
+    json["hotelling_p_value"] = json_number(diagnosis->hotelling_p_value);
     json["two_kinds"] = diagnosis->two_kinds;
-    json["dense_share"] = number(diagnosis->dense_share);
+    json["dense_share"] = json_number(diagnosis->dense_share);
     json["effective_samples"] = numbers_json(diagnosis->effective_samples);
     json["gelman_rubin"] = numbers_json(diagnosis->gelman_rubin);
     json["correlation"] = matrix_json(diagnosis->correlation);
     return json;
-}
-
-ResultNetwork network_of(const Json& json) {
-    return {text_at(json, "file"), json.at("directed").get<bool>(), json.at("actors").get<int>(),
-            json.at("ties").get<int>(), number_at(json, "density")};
 }
 
 ResultEffect effect_of(const Json& json) {
@@ -192,7 +165,7 @@ ResultRecord record_of(const Json& json) {
     result.exit_status = json.at("exit_status").get<int>();
     result.reasons = json.at("reasons").get<std::vector<std::string>>();
     result.advice = json.at("advice").get<std::vector<std::string>>();
-    result.network = network_of(json.at("network"));
+    result.network = network_at(json.at("network"));
     result.method = text_at(json, "method");
     result.seed = json.at("seed").get<std::uint32_t>();
     result.proposals = number_at(json, "proposals");
@@ -213,15 +186,15 @@ std::string result_json(const ResultRecord& result) {
     json["format"] = kFormat;
     json["ovri"] = result.ovri;
     json["command"] = result.command;
-    json["verdict"] = text_or_null(result.verdict);
+    json["verdict"] = json_text(result.verdict);
     json["exit_status"] = result.exit_status;
     json["reasons"] = result.reasons;
     json["advice"] = result.advice;
-    json["network"] = network_json(result.network);
-    json["method"] = text_or_null(result.method);
+    json["network"] = json_network(result.network);
+    json["method"] = json_text(result.method);
     json["seed"] = result.seed;
     json["proposals"] = count(result.proposals);
-    json["seconds"] = number(result.seconds);
+    json["seconds"] = json_number(result.seconds);
     json["effects"] = Json::array();
     for (const ResultEffect& effect : result.effects) {
         json["effects"].push_back(effect_json(effect));

@@ -4,14 +4,12 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "base/matrix.h"
-
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+#include "base/no_number.h"
 
 struct ResultNetwork {
     std::string file;

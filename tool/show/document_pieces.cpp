@@ -1,0 +1,41 @@
+#include "show/document_pieces.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+using Json = nlohmann::ordered_json;
+
+Json json_number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
+
+Json json_text(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
+
+double number_at(const Json& object, const char* key) {
+    const auto place = object.find(key);
+    return place != object.end() && place->is_number() ? place->get<double>() : kNoNumber;
+}
+
+std::string text_at(const Json& object, const char* key) {
+    const auto place = object.find(key);
+    return place != object.end() && place->is_string() ? place->get<std::string>() : "";
+}
+
+Json json_network(const ResultNetwork& network) {
+    Json json;
+    json["file"] = network.file;
+    json["directed"] = network.directed;
+    json["actors"] = network.actors;
+    json["ties"] = network.ties;
+    json["density"] = json_number(network.density);
+    return json;
+}
+
+ResultNetwork network_at(const Json& json) {
+    return {text_at(json, "file"), json.at("directed").get<bool>(), json.at("actors").get<int>(),
+            json.at("ties").get<int>(), number_at(json, "density")};
+}
+
+std::string csv_number(double value) {
+    return std::isfinite(value) ? fmt::format("{}", value) : "";
+}

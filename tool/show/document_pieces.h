@@ -1,0 +1,25 @@
+// What the documents of commands have in common: how a number that does not exist is written and
+// read, and the network that a document is about.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+
+#include "show/result_record.h"
+
+// The number; null where it is not finite.
+nlohmann::ordered_json json_number(double value);
+// The text; null where it is empty.
+nlohmann::ordered_json json_text(const std::string& text);
+
+// The member `key` of an object: NaN where there is no such number, empty where no such text.
+double number_at(const nlohmann::ordered_json& object, const char* key);
+std::string text_at(const nlohmann::ordered_json& object, const char* key);
+
+nlohmann::ordered_json json_network(const ResultNetwork& network);
+// Throws nlohmann::ordered_json::exception where a count is not there.
+ResultNetwork network_at(const nlohmann::ordered_json& json);
+
+// A cell of a CSV file: the shortest text that brings the same value back, empty where it is not
+// finite.
+std::string csv_number(double value);
