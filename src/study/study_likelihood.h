@@ -12,15 +12,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "study/study_chains.h"
-
-struct LikelihoodSettings {
-    double precision = 0.1;  // largest Monte Carlo error, in units of log-likelihood
-    // In all; where they do not suffice, the error that they left is told.
-    double most_proposals = 2e8;
-    int chains = kDefaultChains;
-    int threads = 0;
-};
+#include "study/constant_path.h"
 
 // A number that does not exist is NaN.
 struct StudyLikelihood {
