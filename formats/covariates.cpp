@@ -3,7 +3,9 @@
 #include <cmath>
 
 #include "formats/csv.h"
+#include "formats/host_text.h"
 #include "formats/matrix_file.h"
+#include "formats/model_writer.h"
 
 namespace {
 
@@ -55,18 +57,38 @@ std::vector<int> row_places(CovariateReader& reader, const MatrixNames& names) {
     return places;
 }
 
-void check_symmetric(CovariateReader& reader) {
+// The column of the file, in characters, at which a cell of a line of it stands.
+int column_in_line(const TextFile& file, char delimiter, int line, std::size_t field) {
+    CsvScanner scanner(file.text, delimiter);
+    while (scanner.next()) {
+        if (scanner.line() == line) {
+            return field < scanner.fields().size() ? scanner.column(field) : 0;
+        }
+    }
+    return 0;
+}
+
+// `rows` are the file's rows of the network's actors, `lines` the lines of the file's rows.
+void check_symmetric(CovariateReader& reader, const MatrixShape& shape,
+                     const std::vector<int>& rows, const std::vector<int>& lines) {
     const FloatTable& values = reader.result.covariate.values;
     for (int i = 0; i < values.rows && !reader.network.directed; ++i) {
         for (int j = i + 1; j < values.columns; ++j) {
-            if (values[i][j] != values[j][i]) {
-                add_problem(reader, problem_in(reader, 0, 0, pair_text(reader, i, j)),
-                            number_text(values[i][j]) + " one way, " + number_text(values[j][i]) +
-                                " the other",
-                            "a symmetric matrix, for the network is undirected",
-                            "give both cells the same value");
-                return;
+            if (values[i][j] == values[j][i]) {
+                continue;
             }
+            const int line = lines[static_cast<std::size_t>(rows[static_cast<std::size_t>(i)])];
+            const auto field = static_cast<std::size_t>(rows[static_cast<std::size_t>(j)]) +
+                               (shape.first_column ? 1 : 0);
+            add_problem(
+                reader,
+                problem_in(reader, line, column_in_line(reader.file, shape.delimiter, line, field),
+                           pair_text(reader, i, j)),
+                number_text(decimal_of(values[i][j])) + " one way, " +
+                    number_text(decimal_of(values[j][i])) + " the other",
+                "a symmetric matrix, for the network is undirected",
+                "give both cells the same value");
+            return;
         }
     }
 }
@@ -74,14 +96,20 @@ void check_symmetric(CovariateReader& reader) {
 void read_matrix_covariate(CovariateReader& reader) {
     const int actors = static_cast<int>(reader.network.actors.size());
     FloatTable cells(actors, actors);
+    std::vector<int> lines(static_cast<std::size_t>(actors), 0);
     const auto visit = [&](const MatrixCell& cell) {
+        if (cell.row < actors) {
+            lines[static_cast<std::size_t>(cell.row)] = cell.line;
+        }
         if (cell.row < actors && cell.column < actors && cell.row != cell.column) {
             cells[cell.row][cell.column] = static_cast<float>(cell.value);
         }
         return true;
     };
+    const MatrixShape shape = matrix_shape(reader.file);
     const MatrixNames names =
-        read_matrix_cells(reader.file, matrix_shape(reader.file), visit, reader.result.problems);
+        read_matrix_cells(reader.file, shape, "write the value: a covariate has one for every pair",
+                          visit, reader.result.problems);
     if (!reader.result.ok()) {
         return;
     }
@@ -90,7 +118,9 @@ void read_matrix_covariate(CovariateReader& reader) {
         return;
     }
     FloatTable& values = reader.result.covariate.values;
+    std::vector<int> rows(places.size());
     for (int i = 0; i < actors; ++i) {
+        rows[static_cast<std::size_t>(places[static_cast<std::size_t>(i)])] = i;
         for (int j = 0; j < actors; ++j) {
             values[places[static_cast<std::size_t>(i)]][places[static_cast<std::size_t>(j)]] =
                 cells[i][j];
@@ -98,7 +128,7 @@ void read_matrix_covariate(CovariateReader& reader) {
     }
     reader.result.notes.emplace_back(names.named ? "a matrix with names"
                                                  : "a matrix in the order of the actors");
-    check_symmetric(reader);
+    check_symmetric(reader, shape, rows, lines);
 }
 
 // Which pairs of a list have a value.
@@ -184,11 +214,12 @@ void fill_missing(CovariateReader& reader, const Given& given) {
                                       number_text(*reader.missing));
         return;
     }
-    add_problem(reader, problem_in(reader, 0, 0, first),
-                "no value for the pair, nor for " + std::to_string(count - 1) + " others",
-                "a value for every pair",
-                "add the lines; or say what the others are: " + reader.result.covariate.name +
-                    " = { file = \"...\", missing = 0 } under [covariates]");
+    add_problem(
+        reader, problem_in(reader, 0, 0, first),
+        "no value for the pair, nor for " + std::to_string(count - 1) + " others",
+        "a value for every pair",
+        "add the lines; or say what the others are: " + toml_key(reader.result.covariate.name) +
+            " = { file = \"...\", missing = 0 } under [covariates]");
 }
 
 // A head names no pair of actors and no number.

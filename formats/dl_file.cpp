@@ -178,7 +178,8 @@ void read_head(DlReader& reader) {
     const Word first = reader.words.next(true);
     if (name_key(first.text) != "dl") {
         add_problem(reader, first, found_word(first), "`DL`",
-                    "begin the file with `DL n=...`, or name its format under [network]");
+                    "begin the file with `DL n=...`, or say under [network] what it is: format = "
+                    "\"...\"; `ovri new FILE --format FORMAT` writes a model file that does");
         return;
     }
     while (reader.problems.empty()) {
@@ -197,7 +198,8 @@ void read_head(DlReader& reader) {
 bool add_value(DlReader& reader, const Word& word, int from, int to, double value) {
     if (!reader.threshold && value != 0.0 && value != 1.0 && from != to) {
         add_problem(reader, word, "the value " + word.text, "0 or 1",
-                    "write `threshold = 1` under [network]: values of at least that are ties");
+                    "write `threshold = 1` under [network], or add --threshold 1: values of at "
+                    "least that are ties");
         return false;
     }
     if (reader.threshold ? value >= *reader.threshold : value != 0.0) {

@@ -56,10 +56,7 @@ bool is_head_word(const std::string& text) {
 
 // Whether a text may name a column of numbers: it is none of them, nor one that is missing.
 bool may_name_weights(const std::string& text) {
-    constexpr std::array<const char*, 5> kMissing = {"", "na", "nan", "n/a", "."};
-    return !number_of(text) && !is_decimal_comma(text) &&
-           std::none_of(kMissing.begin(), kMissing.end(),
-                        [&](const char* word) { return names_match(word, text); });
+    return !number_of(text) && !is_decimal_comma(text) && !is_missing_text(text);
 }
 
 // Empty fields behind the second are trailing delimiters.
@@ -231,8 +228,8 @@ void check_weights(EdgeListReader& reader) {
              .field = "column `" + reader.layout.weight + "`",
              .found = "weights, such as " + reader.first_other,
              .expected = "ties that are there or not",
-             .mend = "write `threshold = 1` under [network]: weights of at least that are ties; or "
-                     "delete the column"});
+             .mend = "write `threshold = 1` under [network], or add --threshold 1: weights of at "
+                     "least that are ties; or delete the column"});
     }
 }
 

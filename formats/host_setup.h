@@ -32,7 +32,8 @@ HostFiles setup_of_study(const ModelFile& model, const Study& study, const Study
                          const std::string& path);
 
 // The model file at `path` of a setup file that was read as meant, with its data files beside it:
-// PATH's name with _network.csv, _nodes.csv, ... Actors are called by their numbers. Problems: what
+// PATH's name with _network.csv, _nodes.csv, ... Actors are called as in the file of the setup
+// file's name with _actors.txt, which the way there leaves, else by their numbers. Problems: what
 // no model file can say, such as a missing value of a coded attribute.
 HostFiles model_of_setup(const SetupFile& setup, const std::string& setup_path,
                          const std::string& path);

@@ -104,8 +104,8 @@ void add_parse_problem(const TextFile& file, NetworkFormat format, int lines_bef
          .line = line > 0 ? line + lines_before : 0,
          .found = "what cannot be read (" + last_error + ")",
          .expected = std::string("a network in the format `") + network_format_name(format) + "`",
-         .mend = "mend the line, or name the format of the file: format = \"...\" "
-                 "under [network]"});
+         .mend = "mend the line, or say under [network] what the file is: format = \"...\"; "
+                 "`ovri new FILE --format FORMAT` writes a model file that does"});
 }
 
 std::string attribute_text(const igraph_t& graph, const char* name, bool numeric, int actor) {
@@ -229,8 +229,8 @@ void refuse_weight(const TextFile& file, double weight, Problems& problems) {
                         .field = "weights",
                         .found = "a tie with the weight " + number_text(weight),
                         .expected = "ties that are there or not",
-                        .mend = "write `threshold = 1` under [network]: weights of at least that "
-                                "are ties"});
+                        .mend = "write `threshold = 1` under [network], or add --threshold 1: "
+                                "weights of at least that are ties"});
 }
 
 void read_graph_ties(const TextFile& file, const igraph_t& graph, std::optional<double> threshold,

@@ -58,11 +58,15 @@ double share_of_cells(const std::vector<Row>& rows, std::size_t first_row, std::
     return all > 0.0 ? passed / all : 0.0;
 }
 
-bool is_number_or_blank(const std::string& text) { return is_number(text) || is_blank_cell(text); }
+// Cells that are not known count as cells: that they cannot stay so is told when they are read.
+bool is_number_or_blank(const std::string& text) {
+    return is_number(text) || is_blank_cell(text) || is_missing_text(text);
+}
 
 bool is_zero_or_one(const std::string& text) {
     const auto value = number_of(text);
-    return is_blank_cell(text) || (value && (*value == 0.0 || *value == 1.0));
+    return is_blank_cell(text) || is_missing_text(text) ||
+           (value && (*value == 0.0 || *value == 1.0));
 }
 
 // The first line repeats the first column: names, numbers too. A symmetric matrix repeats it as
@@ -140,9 +144,13 @@ bool clear_diagonal(const std::vector<Row>& rows) {
     return true;
 }
 
+constexpr const char* kUnknownTie =
+    "write 0 or 1: a tie is there or not; or take the actor out of the network";
+
 struct MatrixReader {
     const TextFile& file;
     const MatrixShape& shape;
+    const char* missing_mend;
     const std::function<bool(const MatrixCell&)>& visit;
     Problems& problems;
     std::vector<std::string> head;
@@ -188,6 +196,12 @@ void read_cell(MatrixReader& reader, const CsvScanner& scanner, int row, int col
     const std::string_view text = scanner.fields()[field].text;
     const std::optional<double> value = number_of(text);
     if (!value && row == column && (text.empty() || text == "-")) {
+        return;
+    }
+    if (!value && !text.empty() && is_missing_text(text)) {
+        add_problem(reader, scanner.line(), scanner.column(field), cell_field(reader, row, column),
+                    shown_text(std::string(text)) + ", a value that is not known", "a number",
+                    reader.missing_mend);
         return;
     }
     if (!value) {
@@ -243,8 +257,9 @@ void check_square(MatrixReader& reader, std::size_t rows) {
                 (head != reader.shape.columns ? ", " + std::to_string(head) + " names in the head"
                                               : ""),
             "a square matrix, one row and one column an actor",
-            "give every actor a row and a column; if this is no matrix, write the format "
-            "under [network], such as `format = \"edge-list\"`");
+            "give every actor a row and a column; if this is no matrix, say under [network] "
+            "what it is: format = \"edge-list\"; `ovri new FILE --format edge-list` writes a model "
+            "file that does");
     }
 }
 
@@ -321,9 +336,10 @@ bool looks_like_matrix(const TextFile& file) {
 }
 
 MatrixNames read_matrix_cells(const TextFile& file, const MatrixShape& shape,
+                              const char* missing_mend,
                               const std::function<bool(const MatrixCell&)>& visit,
                               Problems& problems) {
-    MatrixReader reader{file, shape, visit, problems, {}, {}, {}, false};
+    MatrixReader reader{file, shape, missing_mend, visit, problems, {}, {}, {}, false};
     CsvScanner scanner(file.text, shape.delimiter);
     if (shape.columns > static_cast<std::size_t>(kMostActors)) {
         add_problem(reader, 1, 0, "", std::to_string(shape.columns) + " columns",
@@ -360,8 +376,8 @@ void read_matrix_network(const TextFile& file, std::optional<double> threshold, 
                                 .field = "weights",
                                 .found = "a cell with " + cell.text,
                                 .expected = "0 or 1",
-                                .mend = "write `threshold = 1` under [network]: cells of at least "
-                                        "that are ties"});
+                                .mend = "write `threshold = 1` under [network], or add --threshold "
+                                        "1: cells of at least that are ties"});
             return false;
         }
         if (threshold ? cell.value >= *threshold : cell.value != 0.0) {
@@ -369,7 +385,7 @@ void read_matrix_network(const TextFile& file, std::optional<double> threshold, 
         }
         return true;
     };
-    const MatrixNames names = read_matrix_cells(file, shape, visit, problems);
+    const MatrixNames names = read_matrix_cells(file, shape, kUnknownTie, visit, problems);
     table.whole = true;
     table.named = names.named;
     if (threshold) {

@@ -43,8 +43,10 @@ struct MatrixNames {
 // Calls visit(cell) for every cell off the diagonal and every diagonal cell that holds a number,
 // row by row, and returns the names. Cells of the diagonal may be empty or "-". Problems: a matrix
 // that is not square, names that differ between head and first column or come twice, a cell that is
-// no number. `visit` returns false to end the reading.
+// no number. `missing_mend` is the way out where a value is not known. `visit` returns false to end
+// the reading.
 MatrixNames read_matrix_cells(const TextFile& file, const MatrixShape& shape,
+                              const char* missing_mend,
                               const std::function<bool(const MatrixCell&)>& visit,
                               Problems& problems);
 

@@ -16,6 +16,17 @@ const Keys kSections = {"network",    "attributes", "covariates", "model", "dyad
 
 TomlFile file_of(ModelFile& model) { return {model.path, model.places, model.problems}; }
 
+void read_format(SectionReader& reader, const Keys& known, std::optional<NetworkFormat>& target) {
+    std::string format;
+    reader.text("format", format);
+    target = network_format_of(format);
+    if (!format.empty() && !target) {
+        const std::string nearest = nearest_name(format, known);
+        reader.wrong_value("format", *reader.find("format"), "one of " + listed_names(known),
+                           nearest.empty() ? "" : "a similar one is `" + nearest + "`");
+    }
+}
+
 void read_network_section(SectionReader reader, ModelFile& model) {
     reader.check_keys({"file", "format", "directed", "nodes", "threshold", "head"});
     reader.path("file", model.network.file);
@@ -23,15 +34,7 @@ void read_network_section(SectionReader reader, ModelFile& model) {
     reader.flag("directed", model.network.options.directed);
     reader.flag("head", model.network.options.head);
     model.network.options.threshold = reader.number("threshold");
-    std::string format;
-    reader.text("format", format);
-    model.network.options.format = network_format_of(format);
-    if (!format.empty() && !model.network.options.format) {
-        const std::string nearest = nearest_name(format, readable_formats());
-        reader.wrong_value("format", *reader.find("format"),
-                           "one of " + listed_names(readable_formats()),
-                           nearest.empty() ? "" : "a similar one is `" + nearest + "`");
-    }
+    read_format(reader, readable_formats(), model.network.options.format);
 }
 
 void set_type(SectionReader& reader, const std::string& key, const toml::node& node,
@@ -189,12 +192,24 @@ void read_estimation_section(SectionReader reader, ModelFile& model) {
     read_estimation_keys(reader, model.settings.estimation);
 }
 
-void read_sampling_section(SectionReader reader, StudySampling& sampling) {
+void read_sampling_keys(SectionReader& reader, StudySampling& sampling) {
     constexpr double kMostProposals = 1e15;
-    reader.check_keys({"samples", "burn_in", "interval"});
     reader.whole("samples", sampling.samples, {1, 100000000});
     reader.whole("burn_in", sampling.burn_in, {0, kMostProposals});
     reader.whole("interval", sampling.interval, {0, kMostProposals});
+}
+
+void read_gof_section(SectionReader reader, ModelFile& model) {
+    reader.check_keys({"samples", "burn_in", "interval"});
+    read_sampling_keys(reader, model.settings.gof);
+}
+
+void read_simulation_section(SectionReader reader, ModelFile& model) {
+    reader.check_keys({"samples", "burn_in", "interval", "format"});
+    read_sampling_keys(reader, model.settings.simulation);
+    Keys known = readable_formats();
+    known.emplace_back(network_format_name(NetworkFormat::dot));
+    read_format(reader, known, model.simulation_format);
 }
 
 void read_run_section(SectionReader reader, ModelFile& model) {
@@ -291,9 +306,9 @@ void read_section(const std::string& name, const toml::table& table, ModelFile& 
     } else if (name == "estimation") {
         read_estimation_section(reader, model);
     } else if (name == "gof") {
-        read_sampling_section(reader, model.settings.gof);
+        read_gof_section(reader, model);
     } else if (name == "simulation") {
-        read_sampling_section(reader, model.settings.simulation);
+        read_simulation_section(reader, model);
     } else if (name == "host") {
         read_host_section(reader, model);
     } else {
@@ -345,6 +360,16 @@ void read_document(const toml::table& document, bool with_network, ModelFile& mo
              "list the effects: effects = [\"edge\", \"AT(2)\"]");
 }
 
+// The problem of a network that stands where a model was expected.
+Problem data_for_model(const std::string& path) {
+    return {.file = path,
+            .found = "data, such as a network",
+            .expected = "a model file (TOML), which names them",
+            .mend = "`ovri new " + path +
+                    "` writes a model file for a network; or name it by "
+                    "--network and the model by --effects"};
+}
+
 }  // namespace
 
 ModelFile read_model_file(const std::string& path) { return read_model_file(read_text_file(path)); }
@@ -358,7 +383,9 @@ ModelFile read_model_file(const TextFile& file, bool with_network) {
     }
     const toml::parse_result document = toml::parse(std::string_view(file.text));
     if (document.failed()) {
-        model.problems.push_back(no_toml(file.path, document));
+        model.problems.push_back(looks_like_data(file.path, file.text)
+                                     ? data_for_model(file.path)
+                                     : no_toml(file.path, document));
         return model;
     }
     read_document(document.table(), with_network, model);

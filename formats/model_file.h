@@ -41,7 +41,8 @@ struct ModelFile {
     std::string free_dyads;  // empty when every dyad may change
     std::optional<int> max_degree;
     StudySettings settings;
-    std::optional<HostRun> host;  // what the section [host] says
+    std::optional<NetworkFormat> simulation_format;  // of networks that are drawn; else edge lists
+    std::optional<HostRun> host;                     // what the section [host] says
     // Where keys stand ("network.file", "covariates.distance"), and each effect of the model.
     std::map<std::string, FilePlace> places;
     std::vector<FilePlace> effect_places;
@@ -54,6 +55,7 @@ struct ModelFile {
 // section or key (with the nearest one), a value of another type or out of its range, an effect
 // that is none by its form, a start or fixed value of an effect that the model does not have.
 ModelFile read_model_file(const std::string& path);
+
 // Without `with_network` the file may leave its network out.
 ModelFile read_model_file(const TextFile& file, bool with_network = true);
 

@@ -4,9 +4,11 @@
 
 #include "effects/attribute_table.h"
 #include "formats/csv.h"
+#include "formats/host_actors.h"
 #include "formats/host_setup.h"
 #include "formats/host_text.h"
 #include "formats/model_writer.h"
+#include "formats/network_writer.h"
 #include "network/network_verbs.h"
 #include "study/names.h"
 #include "study/study_chain.h"
@@ -18,6 +20,7 @@ struct Importer {
     const std::string& setup_path;
     std::string stem;
     EffectSelection selection;  // with its data
+    std::vector<std::string> actors = {};
     ModelFile model = {};
     HostFiles result = {};
 
@@ -57,12 +60,8 @@ void read_data(Importer& importer) {
     read(AttributeGroup::covariate, read_covariates);
 }
 
-std::string pairs_text(const std::vector<ActorTie>& ties) {
-    std::string text = "from,to\n";
-    for (const ActorTie& tie : ties) {
-        text += std::to_string(tie.from + 1) + "," + std::to_string(tie.to + 1) + "\n";
-    }
-    return text;
+std::string pairs_text(const Importer& importer, const std::vector<ActorTie>& ties) {
+    return network_text({importer.actors, importer.directed(), ties}, NetworkFormat::edge_list);
 }
 
 template <class Network>
@@ -76,7 +75,7 @@ void add_network(Importer& importer) {
         ties = ties_of(read_network<Network>(settings.network_path, settings.actor_count, 0, 0));
     }
     NetworkSource& source = importer.model.network;
-    source.file = add_file(importer, "_network.csv", pairs_text(ties));
+    source.file = add_file(importer, "_network.csv", pairs_text(importer, ties));
     source.options.format = NetworkFormat::edge_list;
     source.options.directed = importer.directed();
     source.options.head = true;
@@ -90,7 +89,8 @@ void add_network(Importer& importer) {
                 }
             });
         }
-        importer.model.free_dyads = add_file(importer, "_free_dyads.csv", pairs_text(free));
+        importer.model.free_dyads =
+            add_file(importer, "_free_dyads.csv", pairs_text(importer, free));
     }
     if (settings.max_degree_flag == 1) {
         importer.model.max_degree = settings.max_degree;
@@ -175,7 +175,7 @@ void add_nodes(Importer& importer) {
         importer.model.attributes.push_back({column.name, column.type, missing});
     }
     for (int actor = 0; actor < importer.settings().actor_count; ++actor) {
-        text += "\n" + std::to_string(actor + 1);
+        text += "\n" + csv_field(importer.actors[static_cast<std::size_t>(actor)]);
         for (const NodesColumnText& column : columns) {
             text += "," + column.values[static_cast<std::size_t>(actor)];
         }
@@ -184,12 +184,14 @@ void add_nodes(Importer& importer) {
 }
 
 // A list of the values that are not 0.
-std::string covariate_text(const FloatTable& values, bool directed) {
+std::string covariate_text(const Importer& importer, const FloatTable& values) {
+    const bool directed = importer.directed();
     std::string text = "from,to,value\n";
     for (int i = 0; i < values.rows; ++i) {
         for (int j = directed ? 0 : i + 1; j < values.columns; ++j) {
             if (i != j && values[i][j] != 0.0F) {
-                text += std::to_string(i + 1) + "," + std::to_string(j + 1) + "," +
+                text += csv_field(importer.actors[static_cast<std::size_t>(i)]) + "," +
+                        csv_field(importer.actors[static_cast<std::size_t>(j)]) + "," +
                         number_text(decimal_of(values[i][j])) + "\n";
             }
         }
@@ -219,7 +221,7 @@ void add_covariates(Importer& importer) {
                         "give both cells of a dyad the same value");
         }
         const std::string file = add_file(importer, "_covariate_" + std::to_string(k + 1) + ".csv",
-                                          covariate_text(table.covariates[k], directed));
+                                          covariate_text(importer, table.covariates[k]));
         importer.model.covariates.push_back({name, file, 0.0});
     }
 }
@@ -346,6 +348,8 @@ HostFiles model_of_setup(const SetupFile& setup, const std::string& setup_path,
                          const std::string& path) {
     Importer importer{setup, setup_path, path_stem(path), setup.selection};
     read_data(importer);
+    importer.actors =
+        host_actors(setup_path, importer.settings().actor_count, importer.result.notes);
     if (importer.directed()) {
         add_network<Digraph>(importer);
     } else {

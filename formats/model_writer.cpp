@@ -117,7 +117,8 @@ void write_sampling(ModelText& out, const char* name, const StudySampling& sampl
     out.whole("interval", sampling.interval);
 }
 
-void write_settings(ModelText& out, const StudySettings& settings) {
+void write_settings(ModelText& out, const ModelFile& model) {
+    const StudySettings& settings = model.settings;
     const StudyEstimation& estimation = settings.estimation;
     out.section("estimation");
     out.text("method", estimation_method_name(estimation.method));
@@ -131,6 +132,9 @@ void write_settings(ModelText& out, const StudySettings& settings) {
     out.whole("samples", estimation.samples);
     write_sampling(out, "gof", settings.gof);
     write_sampling(out, "simulation", settings.simulation);
+    if (model.simulation_format) {
+        out.text("format", network_format_name(*model.simulation_format));
+    }
     out.section("run");
     if (settings.run.seed) {
         out.whole("seed", *settings.run.seed);
@@ -225,7 +229,7 @@ std::string model_text(const ModelFile& model, const std::string& directory) {
     write_network(out, model, directory);
     write_data(out, model, directory);
     write_model(out, model, directory);
-    write_settings(out, model.settings);
+    write_settings(out, model);
     if (model.host) {
         write_host(out, *model.host);
     }

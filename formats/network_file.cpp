@@ -99,10 +99,10 @@ bool find_direction(const TextFile& file, const NetworkOptions& options, const T
          .found = "an edge list, which does not say whether ties have a direction",
          .expected = "`directed = true` or `directed = false`",
          .mend = directed
-                     ? "write `directed = true` under [network] (some ties stand there in both "
-                       "orders, some not)"
-                     : "write `directed = false` under [network], or `true` if from and to "
-                       "have a meaning"});
+                     ? "write `directed = true` under [network], or add --directed (some ties "
+                       "stand there in both orders, some not)"
+                     : "write `directed = false` under [network], or add --undirected; `true` or "
+                       "--directed if from and to have a meaning"});
     return directed;
 }
 
@@ -173,6 +173,19 @@ std::optional<NetworkFormat> format_of_path(const std::string& path) {
         }
     }
     return std::nullopt;
+}
+
+bool looks_like_data(const std::string& path, std::string_view text) {
+    const std::string extension = path_extension(path);
+    const std::string_view head = without_space(text);
+    if (head.empty() || head.front() == '[' || extension == "toml") {
+        return false;
+    }
+    const bool named = extension == "csv" || extension == "tsv" || extension == "graphml" ||
+                       extension == "gml" || extension == "dl" || extension == "matrix";
+    // Pajek, XML, or a matrix of digits: no model and no setup file begins so.
+    return named || head.front() == '*' || head.front() == '<' ||
+           (head.front() >= '0' && head.front() <= '9');
 }
 
 NetworkFile read_network(const std::string& path, const NetworkOptions& options,

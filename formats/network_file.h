@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "formats/text_file.h"
@@ -18,6 +19,10 @@ std::vector<std::string> readable_formats();
 
 // The format that a path's extension names; none for those that say nothing (csv, tsv, txt).
 std::optional<NetworkFormat> format_of_path(const std::string& path);
+
+// Whether a file is a network or a table rather than a model: by its extension (csv, tsv, graphml,
+// ...), or by what stands first in it.
+bool looks_like_data(const std::string& path, std::string_view text);
 
 struct NetworkOptions {
     std::optional<NetworkFormat> format = {};  // else by extension, else by content

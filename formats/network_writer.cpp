@@ -1,6 +1,7 @@
 #include "formats/network_writer.h"
 
 #include <algorithm>
+#include <set>
 
 #include "formats/csv.h"
 
@@ -10,11 +11,11 @@ const std::string& name_of(const StudyNetwork& network, int actor) {
     return network.actors[static_cast<std::size_t>(actor)];
 }
 
-std::string edge_list_text(const StudyNetwork& network) {
-    std::string text = "from,to\n";
+std::string edge_list_text(const StudyNetwork& network, char delimiter) {
+    std::string text = std::string("from") + delimiter + "to\n";
     for (const ActorTie& tie : network.ties) {
-        text += csv_field(name_of(network, tie.from)) + "," + csv_field(name_of(network, tie.to)) +
-                "\n";
+        text += csv_field(name_of(network, tie.from)) + delimiter +
+                csv_field(name_of(network, tie.to)) + "\n";
     }
     return text;
 }
@@ -58,10 +59,19 @@ std::string matrix_text(const StudyNetwork& network) {
     return text;
 }
 
-std::string in_quotes(std::string name) {
-    std::replace(name.begin(), name.end(), '"', '\'');
-    return "\"" + name + "\"";
+// A name as it can stand between quotation marks where there is no escape.
+std::string plain_name(std::string name) {
+    for (char& each : name) {
+        each = each == '"' ? '\'' : each == '\n' || each == '\r' ? ' ' : each;
+    }
+    return name;
 }
+
+bool writes_plain_names(NetworkFormat format) {
+    return format == NetworkFormat::pajek || format == NetworkFormat::dl;
+}
+
+std::string in_quotes(const std::string& name) { return "\"" + plain_name(name) + "\""; }
 
 std::string numbered_ties(const StudyNetwork& network) {
     std::string text;
@@ -171,10 +181,10 @@ std::string dot_text(const StudyNetwork& network) {
 
 }  // namespace
 
-std::string network_text(const StudyNetwork& network, NetworkFormat format) {
+std::string network_text(const StudyNetwork& network, NetworkFormat format, char delimiter) {
     switch (format) {
         case NetworkFormat::edge_list:
-            return edge_list_text(network);
+            return edge_list_text(network, delimiter);
         case NetworkFormat::matrix:
             return matrix_text(network);
         case NetworkFormat::pajek:
@@ -189,4 +199,39 @@ std::string network_text(const StudyNetwork& network, NetworkFormat format) {
             break;
     }
     return dot_text(network);
+}
+
+std::vector<std::string> changed_names(const StudyNetwork& network, NetworkFormat format) {
+    std::vector<std::string> names;
+    for (const std::string& actor : network.actors) {
+        if (writes_plain_names(format) && plain_name(actor) != actor) {
+            names.push_back(actor);
+        }
+    }
+    return names;
+}
+
+std::string clashing_name(const StudyNetwork& network, NetworkFormat format) {
+    std::set<std::string> written;
+    for (const std::string& actor : network.actors) {
+        if (writes_plain_names(format) && !written.insert(plain_name(actor)).second) {
+            return actor;
+        }
+    }
+    return "";
+}
+
+std::string nodes_text(const ActorList& actors, const std::vector<ActorColumn>& columns) {
+    std::string text = "actor";
+    for (const ActorColumn& column : columns) {
+        text += "," + csv_field(column.name);
+    }
+    for (std::size_t actor = 0; actor < actors.size(); ++actor) {
+        text += "\n" + csv_field(actors[actor]);
+        for (const ActorColumn& column : columns) {
+            const std::string& value = column.values[actor];
+            text += "," + (value.empty() ? value : csv_field(value));
+        }
+    }
+    return text + "\n";
 }

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "formats/csv.h"
+#include "formats/model_writer.h"
 #include "study/names.h"
 
 namespace {
@@ -35,13 +36,6 @@ std::string lower_case(const std::string& text) {
     return lower;
 }
 
-bool is_missing(const std::string& text) {
-    constexpr std::array<const char*, 7> kWords = {"", "na", "n/a", "nan", "null", ".", "#n/a"};
-    const std::string lower = lower_case(text);
-    return std::any_of(kWords.begin(), kWords.end(),
-                       [&](const char* word) { return lower == word; });
-}
-
 // Words that mean no and yes.
 bool is_no(const std::string& text) {
     const std::string lower = lower_case(text);
@@ -67,7 +61,7 @@ bool sorts_before(const std::string& a, const std::string& b) {
 std::vector<std::string> distinct_texts(const Column& column) {
     std::set<std::string> texts;
     for (const Cell& cell : column.cells) {
-        if (!is_missing(cell.text)) {
+        if (!is_missing_text(cell.text)) {
             texts.insert(cell.text);
         }
     }
@@ -113,11 +107,13 @@ void miss_value(ColumnReader& reader, std::size_t row) {
     const bool continuous = reader.result.attribute.type == AttributeType::continuous;
     const std::string& name = reader.column.name;
     if (continuous && !reader.keep_missing) {
-        add_problem(reader, row, missing_text(reader.column.cells[row].text), "a number",
-                    "write the value; or take the actor out of both files; or keep it as missing "
-                    "(its pairs count as 0): " +
-                        name +
-                        " = { type = \"continuous\", missing = \"keep\" } under [attributes]");
+        add_problem(
+            reader, row, missing_text(reader.column.cells[row].text), "a number",
+            "write the value; or take the actor out of both files; or keep it as missing "
+            "(its pairs count as 0): " +
+                toml_key(name) +
+                " = { type = \"continuous\", missing = \"keep\" } under [attributes] of a model "
+                "file");
     } else if (!continuous) {
         add_problem(reader, row, missing_text(reader.column.cells[row].text), "a value",
                     "write the value; or take the actor out of both files; or give the missing a "
@@ -146,7 +142,7 @@ void read_continuous(ColumnReader& reader) {
     for (std::size_t row = 0; row < reader.column.cells.size(); ++row) {
         const std::string& text = reader.column.cells[row].text;
         const auto value = number_of(text);
-        if (is_missing(text) || value == kMissingValue) {
+        if (is_missing_text(text) || value == kMissingValue) {
             miss_value(reader, row);
         } else if (!value) {
             not_a_number(reader, row);
@@ -169,7 +165,7 @@ void read_coded(ColumnReader& reader, std::vector<std::string> labels) {
     }
     for (std::size_t row = 0; row < reader.column.cells.size(); ++row) {
         const std::string& text = reader.column.cells[row].text;
-        if (is_missing(text)) {
+        if (is_missing_text(text)) {
             miss_value(reader, row);
             continue;
         }
@@ -229,11 +225,12 @@ AttributeType guess_type(const Column& column, const std::vector<std::string>& t
     if (texts.size() == 2 && std::none_of(texts.begin(), texts.end(), is_decimal_comma)) {
         return AttributeType::binary;
     }
-    const auto present = std::count_if(column.cells.begin(), column.cells.end(),
-                                       [](const Cell& cell) { return !is_missing(cell.text); });
+    const auto present =
+        std::count_if(column.cells.begin(), column.cells.end(),
+                      [](const Cell& cell) { return !is_missing_text(cell.text); });
     const auto numbers =
         std::count_if(column.cells.begin(), column.cells.end(), [](const Cell& cell) {
-            return !is_missing(cell.text) && (is_number(cell) || is_decimal_comma(cell.text));
+            return !is_missing_text(cell.text) && (is_number(cell) || is_decimal_comma(cell.text));
         });
     return 2 * numbers > present ? AttributeType::continuous : AttributeType::categorical;
 }
@@ -385,9 +382,10 @@ void check_options(const std::string& file, const NodesTable& table,
         const std::string nearest = nearest_name(option.name, names);
         nodes.problems.push_back(
             {.file = file,
-             .field = "attribute `" + option.name + "`",
+             .field = unknown_option_field(option.name),
              .found = "no column of that name",
-             .expected = names.empty() ? "a column" : "one of " + listed_names(names),
+             .expected =
+                 "a column of " + file + (names.empty() ? "" : ": one of " + listed_names(names)),
              .mend = nearest.empty() ? "mend the name under [attributes]"
                                      : "a similar one is `" + nearest + "`"});
     }
@@ -414,6 +412,10 @@ void take_table(const std::string& file, const NodesTable& table,
 }
 
 }  // namespace
+
+std::string unknown_option_field(const std::string& column) {
+    return "`" + column + "` in [attributes]";
+}
 
 NodesFile read_nodes(const std::string& path, const std::vector<ColumnOption>& options) {
     return read_nodes(read_text_file(path), options);

@@ -24,6 +24,9 @@ struct NodesColumn {
     Problems problems;
 };
 
+// What the problem of an option is about whose column is not there.
+std::string unknown_option_field(const std::string& column);
+
 struct NodesFile {
     ActorList actors;
     std::string actor_column;  // the head of the first column

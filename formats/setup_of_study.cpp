@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "formats/host_actors.h"
 #include "formats/host_setup.h"
 #include "formats/host_text.h"
 
@@ -75,11 +76,8 @@ void add_network(Exporter& exporter) {
         settings.max_degree_flag = 1;
         settings.max_degree = *exporter.study.dyads.max_degree;
     }
-    std::string names;
-    for (const std::string& actor : network.actors) {
-        names += actor + "\n";
-    }
-    add_file(exporter, "_actors.txt", std::move(names));
+    exporter.result.files.push_back(
+        {host_actors_path(exporter.stem + ".setup"), host_actors_text(network.actors)});
 }
 
 // A name as the first line of an attribute file can hold it.

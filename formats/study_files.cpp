@@ -33,6 +33,21 @@ void place_problems(const ModelFile& model, const std::string& key, const std::s
     }
 }
 
+// An option of an attribute that is not there is a mistake of the line that names it.
+void place_options(const ModelFile& model, Problems& problems) {
+    for (Problem& problem : problems) {
+        for (const ColumnOption& option : model.attributes) {
+            const FilePlace at = place_of(model, "attributes." + option.name);
+            if (at.line > 0 && problem.line == 0 &&
+                problem.field == unknown_option_field(option.name)) {
+                problem.file = model.path;
+                problem.line = at.line;
+                problem.column = at.column;
+            }
+        }
+    }
+}
+
 bool is_used(const ModelFile& model, const std::string& attribute) {
     return std::any_of(model.model.effects.begin(), model.model.effects.end(),
                        [&](const StudyEffect& effect) {
@@ -83,6 +98,7 @@ void take_own_columns(const ModelFile& model, const NetworkFile& network, bool h
     }
     NodesFile own = read_columns(model.network.file, files.study.network.actors, network.columns,
                                  model.attributes);
+    place_options(model, own.problems);
     append(own.problems, files);
     take_columns(model, own, files);
 }
@@ -120,6 +136,7 @@ void load_network(const ModelFile& model, StudyFiles& files) {
     if (has_nodes) {
         nodes = read_nodes(model.network.nodes, model.attributes);
         place_problems(model, "network.nodes", model.network.nodes, nodes.problems);
+        place_options(model, nodes.problems);
         append(nodes.problems, files);
     }
     if (!nodes.ok()) {
@@ -161,8 +178,37 @@ void load_covariates(const ModelFile& model, StudyFiles& files) {
     }
 }
 
+// A chain only adds ties below the bound: one that the network is beyond would never be met.
+void check_degrees(const ModelFile& model, StudyFiles& files) {
+    const StudyNetwork& network = files.study.network;
+    std::vector<int> degrees(network.actors.size(), 0);
+    for (const ActorTie& tie : network.ties) {
+        ++degrees[static_cast<std::size_t>(tie.from)];
+        degrees[static_cast<std::size_t>(tie.to)] += network.directed ? 0 : 1;
+    }
+    const auto most = std::max_element(degrees.begin(), degrees.end());
+    if (most == degrees.end() || *most <= *model.max_degree) {
+        return;
+    }
+    const FilePlace at = place_of(model, "dyads.max_degree");
+    const std::string ties = network.directed ? " out-going ties" : " ties";
+    files.problems.push_back(
+        {.file = model.path,
+         .line = at.line,
+         .column = at.column,
+         .field = "`max_degree` in [dyads]",
+         .found = std::to_string(*model.max_degree) + ", and the actor `" +
+                  network.actors[static_cast<std::size_t>(most - degrees.begin())] + "` has " +
+                  std::to_string(*most) + ties,
+         .expected = "a bound that the network keeps",
+         .mend = "write max_degree = " + std::to_string(*most) + " or more, or delete the line"});
+}
+
 void load_dyads(const ModelFile& model, StudyFiles& files) {
     files.study.dyads.max_degree = model.max_degree;
+    if (model.max_degree) {
+        check_degrees(model, files);
+    }
     if (model.free_dyads.empty()) {
         return;
     }

@@ -1,5 +1,6 @@
 #include "formats/text_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -252,6 +253,24 @@ bool write_text_file(const std::string& path, const std::string& text) {
     return written;
 }
 
+namespace {
+
+// "data/friends.csv" for "data/fx.results/../friends.csv", where no link leads elsewhere.
+std::string without_detours(const std::string& path) {
+    if (path.find("..") == std::string::npos) {
+        return path;
+    }
+    std::error_code problem;
+    const fs::path plain = native_path(path).lexically_normal();
+    if (fs::weakly_canonical(plain, problem) != fs::weakly_canonical(native_path(path), problem)) {
+        return path;
+    }
+    const std::u8string text = plain.generic_u8string();
+    return {text.begin(), text.end()};
+}
+
+}  // namespace
+
 std::string path_beside(const std::string& file, const std::string& path) {
     if (path == "-" || path.empty() || fs::path(path).is_absolute()) {
         return path;
@@ -261,7 +280,7 @@ std::string path_beside(const std::string& file, const std::string& path) {
 #else
     const std::size_t end = file.find_last_of('/');
 #endif
-    return end == std::string::npos ? path : file.substr(0, end + 1) + path;
+    return end == std::string::npos ? path : without_detours(file.substr(0, end + 1) + path);
 }
 
 std::string path_extension(const std::string& path) {
@@ -278,6 +297,16 @@ std::string path_extension(const std::string& path) {
         }
     }
     return extension;
+}
+
+bool is_missing_text(std::string_view text) {
+    constexpr std::array<std::string_view, 7> kWords = {"",     "na", "n/a", "nan",
+                                                        "null", ".",  "#n/a"};
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char each) {
+        return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
+    });
+    return std::find(kWords.begin(), kWords.end(), lower) != kWords.end();
 }
 
 std::string_view without_space(std::string_view text) {

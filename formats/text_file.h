@@ -29,7 +29,8 @@ TextFile text_file_of(std::string path, std::string text);
 // Writes a file anew. False when it cannot be written whole; nothing is left behind then.
 bool write_text_file(const std::string& path, const std::string& text);
 
-// `path` as seen from the directory in which `file` stands, unless it is absolute or "-".
+// `path` as seen from the directory in which `file` stands, unless it is absolute or "-"; without
+// ways down and up again.
 std::string path_beside(const std::string& file, const std::string& path);
 
 // The extension in lower case, without its dot; empty without one.
@@ -41,5 +42,9 @@ std::optional<double> number_of(std::string_view text);
 
 // A number written with a decimal comma, such as "3,5".
 bool is_decimal_comma(std::string_view text);
+
+// What people write for a value that is not known: nothing, NA, N/A, NaN, null, a single point,
+// #N/A, in any case.
+bool is_missing_text(std::string_view text);
 
 std::string_view without_space(std::string_view text);

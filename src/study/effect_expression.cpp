@@ -56,6 +56,17 @@ void read_argument(std::string_view inside, EffectExpression& expression) {
     }
 }
 
+// A number written with a decimal comma, such as 2,5.
+bool is_decimal_comma(std::string_view text) {
+    std::string pointed(text);
+    const std::size_t comma = pointed.find(',');
+    if (comma == std::string::npos) {
+        return false;
+    }
+    pointed[comma] = '.';
+    return as_number(pointed).has_value();
+}
+
 bool needs_quotes(const std::string& argument) {
     return as_number(argument).has_value() || trimmed(argument) != argument ||
            argument.find_first_of(",()") != std::string::npos;
@@ -89,6 +100,14 @@ ParsedEffect parse_effect(std::string_view text) {
     if (inside.empty()) {
         return wrong(whole, lead + open, "empty parentheses",
                      "write a lambda such as 2, or the name of an attribute, or leave `()` out");
+    }
+    if (is_decimal_comma(inside)) {
+        const std::size_t comma = inside.find(',');
+        return wrong(whole, static_cast<std::size_t>(inside.data() - text.data()) + comma,
+                     "a decimal comma",
+                     "write decimals with a point: `" + effect.expression.name + "(" +
+                         std::string(inside.substr(0, comma)) + "." +
+                         std::string(inside.substr(comma + 1)) + ")`");
     }
     read_argument(inside, effect.expression);
     return effect;

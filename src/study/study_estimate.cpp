@@ -333,15 +333,16 @@ void add_likelihood(const Study& study, const StudySelection& resolved, StudyEst
     estimate.proposals += found.proposals;
 }
 
+bool has_estimates(const StudyEstimate& estimate) {
+    return std::any_of(estimate.effects.begin(), estimate.effects.end(),
+                       [](const EffectEstimate& each) { return !std::isnan(each.estimate); });
+}
+
+// Estimates by the settings' method.
 template <class Network>
-StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::uint32_t seed,
-                             RunProgress& progress) {
-    const Clock::time_point begin = Clock::now();
+void find_estimates(const Study& study, StudySelection& resolved, StudyChain<Network>& run,
+                    Clock::time_point begin, RunProgress& progress, StudyEstimate& estimate) {
     const EstimationMethod method = study.settings.estimation.method;
-    StudyEstimate estimate;
-    estimate.seed = seed;
-    StudyChain<Network> run(study, resolved, study_parameters(study, resolved), seed);
-    describe_model(study, run, resolved, estimate);
     if (has_no_estimate(study, resolved, estimate)) {
         estimate.verdict = StudyVerdict::not_identified;
         // None was begun: the one that would have been.
@@ -353,8 +354,32 @@ StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::
         run_attempts(study, resolved, run, begin, progress, estimate);
     } else if (method == EstimationMethod::mcmle || !estimate_exactly(study, resolved, estimate)) {
         estimate_by_simulation(study, resolved, estimate, progress);
+        // Of a search that ended before its chains drew anything nothing is known.
+        if (estimate.verdict == StudyVerdict::degenerate && estimate.diagnosis.chains == 0 &&
+            !has_estimates(estimate)) {
+            estimate.verdict = StudyVerdict::not_converged;
+        }
     }
     add_likelihood(study, resolved, estimate, progress);
+}
+
+template <class Network>
+StudyEstimate estimate_model(const Study& study, StudySelection& resolved, std::uint32_t seed,
+                             RunProgress& progress) {
+    const Clock::time_point begin = Clock::now();
+    StudyEstimate estimate;
+    estimate.seed = seed;
+    StudyChain<Network> run(study, resolved, study_parameters(study, resolved), seed);
+    describe_model(study, run, resolved, estimate);
+    try {
+        find_estimates(study, resolved, run, begin, progress, estimate);
+    } catch (const RunStopped&) {
+        if (!has_estimates(estimate)) {
+            throw;
+        }
+        estimate.interrupted = true;
+        estimate.verdict = StudyVerdict::not_converged;
+    }
     estimate.seconds = seconds_since(begin);
     return estimate;
 }

@@ -95,6 +95,8 @@ struct StudyEstimate {
     // -1: no dyad that may change is tied; +1: all of them are.
     int all_alike = 0;
     std::vector<int> faulty;  // effects that did not converge, or never moved
+    // Whether the host has ended it: the estimates are the best so far, not to be used.
+    bool interrupted = false;
     std::uint32_t seed = 0;
     double proposals = 0.0;
     double seconds = 0.0;
@@ -112,7 +114,8 @@ Problems estimation_problems(const Study& study);
 //
 // Stochastic approximation: runs that do not converge are followed by another from the last
 // estimates, up to `attempts` or the time limit; a step is made twice as long when the samples'
-// autocorrelation is above 0.4. The run with the smallest largest t-ratio is kept. Throws
-// RunStopped when `progress` asks for the end.
+// autocorrelation is above 0.4. The run with the smallest largest t-ratio is kept. When `progress`
+// asks for the end, returns what there is as interrupted, or throws RunStopped where there are no
+// estimates yet.
 StudyEstimate study_estimate(const Study& study, StudySelection& resolved, std::uint32_t seed,
                              RunProgress& progress);

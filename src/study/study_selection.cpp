@@ -100,7 +100,10 @@ void unknown_effect(Resolver& resolver, std::size_t effect) {
     const std::string& name = resolver.study.model.effects[effect].expression.name;
     const bool directed = resolver.study.network.directed;
     const Catalogue& other = catalogue_of(kind_of(!directed));
-    const std::string nearest = nearest_name(name, effect_names(resolver.catalogue.kind));
+    // The tie itself has a name of its own in each kind.
+    const bool tie = names_match(name, directed ? "edge" : "arc");
+    const std::string nearest = tie ? (directed ? "arc" : "edge")
+                                    : nearest_name(name, effect_names(resolver.catalogue.kind));
     const std::string similar =
         nearest.empty() ? "`ovri effects` lists all"
                         : "a similar one is `" + nearest + "`; `ovri effects` lists all";
@@ -108,7 +111,8 @@ void unknown_effect(Resolver& resolver, std::size_t effect) {
     if (find_effect(other, name) >= 0 || !groups_with(other, name).empty()) {
         add_problem(resolver, effect,
                     std::string("an effect of ") + kind_name(!directed) + " networks", expected,
-                    similar + "; or write `directed = " + (directed ? "false" : "true") + "`");
+                    similar + "; or write `directed = " + (directed ? "false" : "true") +
+                        "` under [network], or add --" + kind_name(!directed));
     } else {
         add_problem(resolver, effect, "an unknown effect", expected, similar);
     }
@@ -124,7 +128,7 @@ void wrong_type(Resolver& resolver, std::size_t effect, const StudyAttribute& at
         std::string("a ") + group_name(groups[0]) + " one",
         "effects of " + std::string(type) + " attributes are " +
             listed_names(names_of_group(resolver.catalogue, own)) + "; or change its type: " +
-            attribute.name + " = \"" + group_name(groups[0]) + "\" under [attributes]");
+            "\"" + attribute.name + "\" = \"" + group_name(groups[0]) + "\" under [attributes]");
 }
 
 template <class Entry>
@@ -137,8 +141,8 @@ void missing_name(Resolver& resolver, std::size_t effect, const char* what,
     for (const Entry& entry : entries) {
         names.push_back(entry.name);
     }
-    const std::string there =
-        names.empty() ? std::string("a ") + what : "one of " + listed_names(names);
+    const std::string there = names.empty() ? (what[0] == 'a' ? "an " : "a ") + std::string(what)
+                                            : "one of " + listed_names(names);
     if (argument.empty()) {
         add_problem(resolver, effect, std::string("no ") + what, there,
                     "write the name of the " + std::string(what) + ": " + expression.name + "(" +

@@ -88,4 +88,24 @@ TEST(Covariate, MistakesHaveTheirPlace) {
     EXPECT_EQ(four.found, "4 columns");
 }
 
+TEST(Covariate, AsymmetryIsToldWhereItStands) {
+    // Rows in another order than the network's.
+    const Problem problem = problem_of(
+        read_text("# distances\n,dan,ann,bob,cid\ndan,0,3,5,6\nann,3,0,1,2.5\nbob,5,1,0,4\n"
+                  "cid,6,2,4,0\n",
+                  kPeople));
+    EXPECT_EQ(problem.field, "actors `ann` and `cid`");
+    EXPECT_EQ(problem.line, 4);
+    EXPECT_EQ(problem.column, 11);
+    EXPECT_EQ(problem.found, "2.5 one way, 2 the other");
+}
+
+TEST(Covariate, TheMendOfALeftOutPairIsToml) {
+    const ScratchDirectory directory;
+    const CovariateFile file = read_covariate(
+        directory.write("d.csv", "from,to,value\nann,bob,1\n"), "road km", kPeople, {});
+    EXPECT_NE(problem_of(file).mend.find("\"road km\" = { file ="), std::string::npos)
+        << problem_of(file).mend;
+}
+
 }  // namespace

@@ -265,4 +265,65 @@ TEST_F(StudyFromFiles, ANodesFileWithoutAHeadIsFound) {
     EXPECT_NE(problems_of(files.problems).find("a head line"), std::string::npos);
 }
 
+TEST(ModelFile, TheFormatOfDrawnNetworksGoesThereAndBack) {
+    const ModelFile model = read_text(
+        "[network]\nfile = \"a.csv\"\n[model]\neffects = [\"edge\"]\n[simulation]\nformat = "
+        "\"dot\"\n");
+    ASSERT_TRUE(model.ok()) << problems_of(model.problems);
+    EXPECT_EQ(model.simulation_format, NetworkFormat::dot);
+    EXPECT_NE(model_text(model, "dir").find("format = \"dot\"\n"), std::string::npos);
+    const ModelFile wrong = read_text(
+        "[network]\nfile = \"a.csv\"\n[model]\neffects = [\"edge\"]\n[simulation]\nformat = "
+        "\"pajeck\"\n");
+    ASSERT_FALSE(wrong.ok());
+    EXPECT_EQ(wrong.problems[0].mend, "a similar one is `pajek`");
+}
+
+TEST(ModelFile, AnOptionOfNoColumnIsAMistakeOfItsLine) {
+    const ScratchDirectory directory;
+    directory.write("net.csv", "from,to\nann,bob\n");
+    directory.write("nodes.csv", "name,team\nann,red\nbob,blue\n");
+    const std::string path =
+        directory.write("model.toml",
+                        "[network]\nfile = \"net.csv\"\ndirected = false\nnodes = \"nodes.csv\"\n"
+                        "[attributes]\ntem = \"categorical\"\n[model]\neffects = [\"edge\"]\n");
+    const StudyFiles files = load_study(read_model_file(path));
+    ASSERT_EQ(files.problems.size(), 1U) << problems_of(files.problems);
+    EXPECT_EQ(files.problems[0].file, path);
+    EXPECT_EQ(files.problems[0].line, 6);
+    EXPECT_EQ(files.problems[0].mend, "a similar one is `team`");
+    EXPECT_NE(files.problems[0].expected.find("nodes.csv: one of `team`"), std::string::npos)
+        << files.problems[0].expected;
+}
+
+TEST(ModelFile, ABoundThatAnActorIsBeyondIsNamed) {
+    const ScratchDirectory directory;
+    directory.write("net.csv", "from,to\nann,bob\nann,cid\nbob,cid\nann,dan\n");
+    const auto problems = [&](const std::string& directed, const std::string& most) {
+        const std::string path = directory.write(
+            "model.toml", "[network]\nfile = \"net.csv\"\ndirected = " + directed +
+                              "\n[model]\neffects = [\"edge\"]\n[dyads]\nmax_degree = " + most +
+                              "\n");
+        return load_study(read_model_file(path)).problems;
+    };
+    const Problems found = problems("false", "2");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].line, 7);
+    EXPECT_EQ(found[0].found, "2, and the actor `ann` has 3 ties");
+    EXPECT_TRUE(problems("false", "3").empty());
+    EXPECT_EQ(problems("true", "2").at(0).found, "2, and the actor `ann` has 3 out-going ties");
+}
+
+TEST(ModelFile, DataAreToldFromModels) {
+    EXPECT_TRUE(looks_like_data("karate.csv", "from,to\n"));
+    EXPECT_TRUE(looks_like_data("karate.net", "*Vertices 3\n"));
+    EXPECT_TRUE(looks_like_data("karate.txt", "0 1 0\n1 0 0\n"));
+    EXPECT_FALSE(looks_like_data("karate.toml", "0"));
+    EXPECT_FALSE(looks_like_data("model", "# mine\n[network]\n"));
+    EXPECT_FALSE(looks_like_data("net.setup", "Session_name karate\n"));
+    const ModelFile model = read_model_file(text_file_of("karate.csv", "from,to\na,b\n"));
+    ASSERT_EQ(model.problems.size(), 1U);
+    EXPECT_NE(model.problems[0].mend.find("`ovri new karate.csv`"), std::string::npos);
+}
+
 }  // namespace

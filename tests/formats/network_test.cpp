@@ -228,4 +228,17 @@ TEST(Network, PairsOfAFileAreMatchedWithTheActors) {
     EXPECT_EQ(problems.size(), 1U);
 }
 
+TEST(Network, AValueThatIsNotKnownIsToldWhereItStands) {
+    for (const char* word : {"NA", "nan", "."}) {
+        const std::string text =
+            std::string(",a,b,c\na,0,1,") + word + "\nb,1,0,1\nc," + word + ",1,0\n";
+        const Problem problem = problem_of(read_text(text));
+        EXPECT_EQ(problem.line, 2) << word;
+        EXPECT_EQ(problem.column, 7) << word;
+        EXPECT_EQ(problem.field, "row `a`, column `c`");
+        EXPECT_NE(problem.found.find("not known"), std::string::npos) << problem.found;
+        EXPECT_NE(problem.mend.find("write 0 or 1"), std::string::npos) << problem.mend;
+    }
+}
+
 }  // namespace

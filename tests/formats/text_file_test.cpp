@@ -89,8 +89,20 @@ TEST(TextFile, PathsAreRelativeToTheFileThatNamesThem) {
     EXPECT_EQ(path_beside("dir/model.toml", "karate.csv"), "dir/karate.csv");
     EXPECT_EQ(path_beside("model.toml", "karate.csv"), "karate.csv");
     EXPECT_EQ(path_beside("dir/model.toml", "-"), "-");
+    EXPECT_EQ(path_beside("fx.results/model.toml", "../friends.csv"), "friends.csv");
+    EXPECT_EQ(path_beside("../fx.results/model.toml", "../friends.csv"), "../friends.csv");
     EXPECT_EQ(path_extension("a.b/Karate.CSV"), "csv");
     EXPECT_EQ(path_extension("a.b/karate"), "");
+}
+
+TEST(TextFile, AWayUpBehindALinkStaysAsItIs) {
+    const ScratchDirectory directory;
+    std::filesystem::create_directories(directory.path() / "far/results");
+    std::filesystem::create_directory_symlink(directory.path() / "far/results",
+                                              directory.path() / "results");
+    const std::string model = (directory.path() / "results/model.toml").string();
+    EXPECT_EQ(path_beside(model, "../friends.csv"),
+              (directory.path() / "results").string() + "/../friends.csv");
 }
 
 }  // namespace

@@ -85,4 +85,12 @@ TEST(ProblemText, NamesThePlaceAndTheMend) {
     EXPECT_LT(shown_text(std::string(1000, 'x')).size(), 80U);
 }
 
+TEST(EffectExpression, ADecimalCommaIsToldAsOne) {
+    const Problem problem = problem_of("AT(2,5)");
+    EXPECT_EQ(problem.found, "a decimal comma");
+    EXPECT_EQ(problem.column, 5);
+    EXPECT_NE(problem.mend.find("`AT(2.5)`"), std::string::npos) << problem.mend;
+    EXPECT_EQ(parsed("same(\"2,5\")"), (EffectExpression{"same", {}, "2,5"}));
+}
+
 }  // namespace

@@ -189,4 +189,11 @@ TEST(StudySelection, WeightTablesStayWhereTheyAre) {
     EXPECT_EQ(tables, 1U);
 }
 
+TEST(StudySelection, TheTieOfTheOtherKindSuggestsThisOne) {
+    EXPECT_NE(problem_of(true, "edge").mend.find("a similar one is `arc`"), std::string::npos)
+        << problem_of(true, "edge").mend;
+    EXPECT_NE(problem_of(false, "arc").mend.find("a similar one is `edge`"), std::string::npos);
+    EXPECT_NE(problem_of(false, "arc").mend.find("add --directed"), std::string::npos);
+}
+
 }  // namespace

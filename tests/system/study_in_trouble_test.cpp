@@ -64,6 +64,11 @@ TEST_F(StudyInTrouble, AnEstimationOnAFullDiskEndsInStatusThreeAndLooksIncomplet
     const ChildResult run = shell("ulimit -f 4; $OVRI estimate friends.toml -q");
     EXPECT_EQ(run.status, 3) << run.output << run.errors;
     EXPECT_TRUE(has(run.errors, "friends.results/sample.csv could not be written\n")) << run.errors;
+    // The numbers are shown, and nothing that says they were kept.
+    EXPECT_TRUE(run.output.starts_with("effect ")) << run.output;
+    EXPECT_FALSE(has(run.output, "results: ")) << run.output;
+    EXPECT_FALSE(has(run.output, "converged")) << run.output;
+    EXPECT_EQ(shell("ulimit -f 4; $OVRI estimate friends.toml -q --json").output, "");
     EXPECT_FALSE(scratch.exists("friends.results/result.json"));
     EXPECT_FALSE(scratch.exists("friends.results/sample.csv"));
     EXPECT_TRUE(scratch.exists("friends.results/model.toml"));
@@ -93,9 +98,28 @@ TEST_F(StudyInTrouble, AnInterruptedEstimationIsMarked) {
     EXPECT_TRUE(has(run.errors, "interrupted; friends.results has no result.json")) << run.errors;
     EXPECT_TRUE(scratch.exists("friends.results/model.toml"));
     EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    EXPECT_TRUE(has(scratch.read("friends.results/run.log"), "\ninterrupted: by Ctrl-C at "));
+    EXPECT_TRUE(has(scratch.read("friends.results/run.log"), "; no estimates yet\n"));
     // The name is taken: what was interrupted stays as it is.
     estimate_with("");
     EXPECT_TRUE(has(shell("$OVRI estimate friends.toml").output, "results: friends.results.2\n"));
+}
+
+TEST_F(StudyInTrouble, AnInterruptedEstimationKeepsItsBestRun) {
+    // No run of two samples converges; the first is done at once, the last one never.
+    estimate_with(
+        "multiplication = 1\nsubphases = 1\nsamples = 2\nattempts = 1000\ngain = 0.000001\n");
+    const ChildResult run =
+        shell(std::string("$OVRI estimate friends.toml >/dev/null & child=$!\n") + kInterrupt);
+    if (!run.errors.ends_with("status 130\n")) {
+        GTEST_SKIP() << "it was done before Ctrl-C: " << run.errors;
+    }
+    EXPECT_TRUE(has(run.errors, "it has the estimates so far\n")) << run.errors;
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    const std::string estimates = scratch.read("friends.results/estimates.csv");
+    EXPECT_TRUE(has(estimates, "\nedge,-") || has(estimates, "\nedge,")) << estimates;
+    EXPECT_TRUE(has(scratch.read("friends.results/run.log"),
+                    "estimates.csv holds the best estimates so far, not to be used\n"));
 }
 
 TEST_F(StudyInTrouble, AnInterruptedSimulationIsMarked) {
@@ -104,7 +128,10 @@ TEST_F(StudyInTrouble, AnInterruptedSimulationIsMarked) {
         kInterrupt);
     EXPECT_TRUE(run.errors.ends_with("status 130\n")) << run.errors;
     EXPECT_TRUE(has(run.errors, "interrupted; ")) << run.errors;
+    EXPECT_TRUE(has(run.errors, " drawn so far\n")) << run.errors;
     EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    EXPECT_TRUE(has(scratch.read("friends.results/run.log"), "\ninterrupted: by Ctrl-C at "));
+    EXPECT_TRUE(scratch.read("friends.results/sample.csv").starts_with("chain,draw,edge,AS(2)\n"));
 }
 
 TEST_F(StudyInTrouble, AStatisticThatNeverMovesIsNamed) {
@@ -130,6 +157,16 @@ TEST_F(StudyInTrouble, ANetworkOfStandardInputIsKeptBesideItsModel) {
     EXPECT_TRUE(has(scratch.read("model.results/model.toml"), "file = \"network.txt\"\n"));
     ASSERT_EQ(shell("$OVRI estimate model.results/model.toml -o again").status, 0);
     EXPECT_EQ(scratch.read("model.results/sample.csv"), scratch.read("again/sample.csv"));
+    // Advice names what can be read again.
+    scratch.write("sexes.csv",
+                  "name,sex\nAnn,f\nBen,m\nCid,m\nDot,f\nEve,f\nFay,f\nGus,m\nHal,m\nIda,f\nJon,"
+                  "m\n");
+    const ChildResult failed = shell(
+        "$OVRI estimate --network - --nodes sexes.csv --undirected --effects "
+        "'edge,same(sex),different(sex)' --seed 1 -o f < friends.csv");
+    ASSERT_EQ(failed.status, 5) << failed.output << failed.errors;
+    EXPECT_TRUE(has(failed.output, "  ovri estimate f/model.toml --effects ")) << failed.output;
+    EXPECT_FALSE(has(failed.output, "--network -")) << failed.output;
 }
 
 TEST_F(StudyInTrouble, StandardInputIsReadOnce) {

@@ -70,6 +70,103 @@ TEST_F(ToolConvert, NothingThatIsThereIsReplacedUnasked) {
     EXPECT_EQ(scratch.read("m_network.txt"), "mine");
 }
 
+TEST_F(ToolConvert, ANameThatTellsNoFormatIsNotUnderstood) {
+    for (const char* out : {"friends.xyz", "friends", "friends.xlsx"}) {
+        EXPECT_EQ(convert({"friends.csv", out}).status, 2) << out;
+        EXPECT_TRUE(err_says("tells no format; end it in .csv")) << result.err;
+        EXPECT_TRUE(err_says(".graphml")) << result.err;
+        EXPECT_FALSE(scratch.exists(out));
+    }
+    EXPECT_EQ(convert({"friends.csv", "friends.xyz", "--to", "matrix"}).status, 0) << result.err;
+    EXPECT_TRUE(scratch.read("friends.xyz").starts_with(",Ann,"));
+    EXPECT_EQ(convert({"friends.csv", "friends.tsv"}).status, 0) << result.err;
+    EXPECT_TRUE(scratch.read("friends.tsv").starts_with("from\tto\nAnn\tBen\n"));
+    // A model file becomes a setup file, whatever its name; that of a network is a mistake.
+    scratch.write("m.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\"]\n");
+    EXPECT_EQ(convert({"m.toml", "m.graphml"}).status, 2);
+    EXPECT_TRUE(err_says("`m.toml` is a model file")) << result.err;
+    EXPECT_FALSE(scratch.exists("m.graphml"));
+}
+
+TEST_F(ToolConvert, WhatOutCannotHoldIsKeptBesideIt) {
+    scratch.write("four.dl",
+                  "DL n=4\nformat=fullmatrix\nlabels:\nAnn,\"Ben, B\",Cid,Dot\ndata:\n"
+                  "0 1 0 0\n1 0 1 0\n0 1 0 0\n0 0 0 0\n");
+    ASSERT_EQ(convert({"four.dl", "four.csv"}).status, 0) << result.err;
+    EXPECT_TRUE(
+        err_says("leaves out 1 actor without ties; they are in four_nodes.csv: read it "
+                 "with --nodes four_nodes.csv"))
+        << result.err;
+    EXPECT_EQ(scratch.read("four_nodes.csv"), "actor\nAnn\n\"Ben, B\"\nCid\nDot\n");
+    ASSERT_EQ(convert({"four.csv", "-", "--nodes", "four_nodes.csv", "--undirected", "--to", "dl"})
+                  .status,
+              0)
+        << result.err;
+    EXPECT_TRUE(result.out.ends_with("0 1 0 0\n1 0 1 0\n0 1 0 0\n0 0 0 0\n")) << result.out;
+    // Whoever has a nodes file is told of it, and gets none.
+    ASSERT_EQ(convert({"four.csv", "five.csv", "--nodes", "four_nodes.csv"}).status, 0);
+    EXPECT_TRUE(err_says("read it with --nodes four_nodes.csv")) << result.err;
+    EXPECT_FALSE(scratch.exists("five_nodes.csv"));
+    ASSERT_EQ(convert({"four.dl", "-"}).status, 0);
+    EXPECT_TRUE(err_says("standard output: edge-list leaves out 1 actor without ties"))
+        << result.err;
+    // A nodes file that is there stays.
+    scratch.write("six_nodes.csv", "mine");
+    EXPECT_EQ(convert({"four.dl", "six.csv"}).status, 1);
+    EXPECT_EQ(scratch.read("six_nodes.csv"), "mine");
+    EXPECT_FALSE(scratch.exists("six.csv"));
+}
+
+TEST_F(ToolConvert, AttributesOfAFileGoIntoANodesFile) {
+    scratch.write("two.gml",
+                  "graph [ directed 0\n node [ id 1 label \"Ann\" age 30 ]\n node [ id 2 label "
+                  "\"Ben\" age 41 ]\n edge [ source 1 target 2 ] ]\n");
+    if (convert({"two.gml", "two.csv"}).status == 1 && err_says("no igraph")) {
+        GTEST_SKIP() << "no igraph";
+    }
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(err_says("leaves out the attributes `age`")) << result.err;
+    EXPECT_EQ(scratch.read("two_nodes.csv"), "actor,age\nAnn,30\nBen,41\n");
+}
+
+TEST_F(ToolConvert, NamesThatAFormatCannotWriteAreTold) {
+    scratch.write("quotes.csv", "from,to\n\"Ann \"\"A\"\"\",Ben\nBen,Cid\n");
+    for (const char* out : {"quotes.net", "quotes.dl"}) {
+        ASSERT_EQ(convert({"quotes.csv", out, "--undirected"}).status, 0) << result.err;
+        EXPECT_TRUE(err_says("apostrophes")) << result.err;
+        EXPECT_TRUE(has(scratch.read(out), "\"Ann 'A'\"")) << scratch.read(out);
+    }
+    ASSERT_EQ(convert({"quotes.csv", "quotes.graphml", "--undirected"}).status, 0);
+    EXPECT_FALSE(err_says("apostrophes")) << result.err;
+    // Two names that would become one are not written.
+    scratch.write("alike.csv", "from,to\n\"Ann \"\"A\"\"\",Ben\nAnn 'A',Ben\n");
+    EXPECT_EQ(convert({"alike.csv", "alike.net", "--undirected"}).status, 1);
+    EXPECT_TRUE(err_says("the name of two actors")) << result.err;
+    EXPECT_FALSE(scratch.exists("alike.net"));
+}
+
+TEST_F(ToolConvert, ActorsKeepTheirNamesThereAndBack) {
+    scratch.write("distance.csv", "from,to,value\nAnn,Fay,2.5\n");
+    scratch.write("m.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[covariates]\ndistance = "
+                  "{ file = \"distance.csv\", missing = 0 }\n[model]\neffects = [\"edge\", "
+                  "\"covariate(distance)\"]\n");
+    ASSERT_EQ(convert({"m.toml", "there.setup"}).status, 0) << result.err;
+    ASSERT_EQ(convert({"there.setup", "back.toml"}).status, 0) << result.err;
+    EXPECT_TRUE(err_says("actors are called as in there_actors.txt")) << result.err;
+    EXPECT_EQ(scratch.read("back_network.csv"), kFriends);
+    EXPECT_EQ(scratch.read("back_nodes.csv"), "actor\nAnn\nBen\nCid\nDot\nEve\nFay\n");
+    EXPECT_EQ(scratch.read("back_covariate_1.csv"), "from,to,value\nAnn,Fay,2.5\n");
+    // A file that has not a name for each is none of theirs.
+    scratch.write("there_actors.txt", "Ann\nBen\n");
+    ASSERT_EQ(convert({"there.setup", "again.toml"}).status, 0) << result.err;
+    EXPECT_TRUE(err_says("by their numbers: there_actors.txt has not a name for each of 6"))
+        << result.err;
+    EXPECT_TRUE(scratch.read("again_nodes.csv").starts_with("actor\n1\n2\n"));
+}
+
 TEST_F(ToolConvert, AModelFileBecomesASetupFileThatRunsTheSame) {
     scratch.write(
         "nodes.csv",

@@ -135,4 +135,15 @@ TEST(ToolEffects, ADocumentHoldsWhatWasAskedFor) {
     EXPECT_TRUE(none.at("effects").empty());
 }
 
+TEST(ToolEffects, CsvIsATable) {
+    const ToolResult result = run_tool({"effects", "AT", "--undirected", "--csv"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(
+        result.out.starts_with("name,kind,data,written,meaning\nAT,undirected,structural,"
+                               "AT(lambda),"))
+        << result.out;
+    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 2) << result.out;
+    EXPECT_EQ(run_tool({"effects", "--csv", "--json"}).status, 2);
+}
+
 }  // namespace

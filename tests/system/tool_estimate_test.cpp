@@ -251,3 +251,105 @@ TEST_F(ToolEstimate, WordsThatNameNoModelAreNotUnderstood) {
     EXPECT_EQ(estimate({"friends.toml", "--json", "--csv"}).status, 2);
     EXPECT_EQ(folders(), 0);
 }
+
+TEST_F(ToolEstimate, OptionsThatTheMethodHasNoUseForAreNotUnderstood) {
+    for (const char* option : {"--attempts", "--multiplication"}) {
+        EXPECT_EQ(estimate({"friends.toml", option, "3"}).status, 2) << result.out;
+        EXPECT_TRUE(err_says("belongs to stochastic approximation, and the method is auto"))
+            << result.err;
+        EXPECT_EQ(estimate({"friends.toml", option, "3", "--method", "mcmle"}).status, 2);
+        EXPECT_EQ(
+            estimate({"friends.toml", option, "30", "--method", "stochastic-approximation"}).status,
+            0)
+            << result.err;
+    }
+    EXPECT_EQ(estimate({"friends.toml", "--effects", ""}).status, 2);
+    EXPECT_TRUE(err_says("`--effects` takes a word that is not empty")) << result.err;
+}
+
+TEST_F(ToolEstimate, WeightsTakeAThresholdOnTheCommandLine) {
+    scratch.write("weights.csv", "from,to,times\nAnn,Ben,3\nBen,Cid,1\nCid,Dot,2\nDot,Eve,5\n");
+    const std::vector<std::string> words = {
+        "--network", "weights.csv", "--undirected", "--effects", "edge", "--seed", "1"};
+    EXPECT_EQ(estimate(words).status, 1);
+    EXPECT_TRUE(err_says("or add --threshold 1")) << result.err;
+    std::vector<std::string> more = words;
+    more.insert(more.end(), {"--threshold", "2", "--json"});
+    ASSERT_EQ(estimate(more).status, 0) << result.err;
+    EXPECT_EQ(Json::parse(result.out)["network"]["ties"], 3);
+}
+
+TEST_F(ToolEstimate, TheLogHasTheCommandAsItWasTyped) {
+    ASSERT_EQ(
+        estimate({"friends.toml", "--effects", "edge,AS(2)", "--seed", "7", "-o", "r"}).status, 0);
+    EXPECT_NE(
+        scratch.read("r/run.log")
+            .find("command: ovri estimate friends.toml --effects 'edge,AS(2)' --seed 7 -o r\n"),
+        std::string::npos)
+        << scratch.read("r/run.log");
+    // Where nothing is simulated there are no samples.
+    ASSERT_EQ(estimate({"friends.toml", "--method", "mple", "-o", "m"}).status, 0) << result.err;
+    EXPECT_FALSE(scratch.exists("m/sample.csv"));
+    EXPECT_TRUE(scratch.exists("r/sample.csv"));
+}
+
+TEST_F(ToolEstimate, AdviceKeepsTheMethodAndWhatIsHeld) {
+    // The fourth effect follows from the others.
+    scratch.write(
+        "nodes.csv",
+        "name,sex\nAnn,f\nBen,m\nCid,m\nDot,f\nEve,f\nFay,f\nGus,m\nHal,m\nIda,f\nJon,m\n");
+    EXPECT_EQ(estimate({"--network", "friends.csv", "--undirected", "--nodes", "nodes.csv",
+                        "--effects", "edge,same(sex),different(sex)", "--method", "mple", "--json"})
+                  .status,
+              5);
+    const Json json = Json::parse(result.out);
+    ASSERT_FALSE(json["advice"].empty());
+    for (const Json& each : json["advice"]) {
+        EXPECT_TRUE(each.get<std::string>().ends_with(" --method mple")) << each;
+    }
+    // A held count stays what it is; without it there would be another one in its place.
+    scratch.write("held.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\", \"triangle\", \"AS(2)\"]\nfixed = { triangle = 9, \"AS(2)\" = 0.1 }\n"
+                  "[estimation]\ntime_limit = 0.000001\n[run]\nseed = 1\n");
+    const int status = estimate({"held.toml", "--json"}).status;
+    ASSERT_TRUE(status == 4 || status == 5) << result.out << result.err;
+    for (const Json& each : Json::parse(result.out)["advice"]) {
+        const auto text = each.get<std::string>();
+        EXPECT_TRUE(text.find("--effects 'edge,triangle,AS(2)'") != std::string::npos ||
+                    text.find("--effects edge") != std::string::npos)
+            << text;
+        EXPECT_EQ(text.find("stochastic"), std::string::npos) << text;
+    }
+}
+
+TEST_F(ToolEstimate, AdviceOfStandardInputNamesWhatTheFolderKeeps) {
+    scratch.write("empty.csv", "from,to\nAnn,Ben\n");
+    const ToolResult run = run_tool(
+        {"estimate", "--network", "empty.csv", "--undirected", "--effects", "edge", "--json"},
+        scratch.path().string());
+    EXPECT_EQ(run.status, 5) << run.out;
+    // Every dyad is tied: no model can be estimated, and the same again would be no advice.
+    EXPECT_EQ(Json::parse(run.out)["advice"],
+              Json({"ovri check --network empty.csv --undirected --effects edge"}));
+}
+
+TEST_F(ToolEstimate, ATimeLimitThatWasReachedIsNamed) {
+    scratch.write("late.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\", \"AT(2)\"]\n[estimation]\ntime_limit = 0.000001\n[run]\nseed = 1\n");
+    ASSERT_EQ(estimate({"late.toml"}).status, 4) << result.out;
+    EXPECT_TRUE(out_says("the time limit of 1e-06 seconds was reached")) << result.out;
+}
+
+TEST_F(ToolEstimate, DataInPlaceOfAModelAreSaidToBe) {
+    EXPECT_EQ(estimate({"friends.csv"}).status, 1);
+    EXPECT_TRUE(err_says("friends.csv: found data, such as a network")) << result.err;
+    EXPECT_TRUE(err_says("`ovri new friends.csv` writes a model file")) << result.err;
+    const ToolResult check = run_tool({"check", "friends.csv"}, scratch.path().string());
+    EXPECT_EQ(check.status, 1);
+    EXPECT_NE(check.out.find("ovri new "), std::string::npos) << check.out;
+    const ToolResult quiet = run_tool({"check", "friends.toml", "-q"}, scratch.path().string());
+    EXPECT_EQ(quiet.status, 0);
+    EXPECT_EQ(quiet.out + quiet.err, "");
+}

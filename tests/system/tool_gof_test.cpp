@@ -34,7 +34,7 @@ std::vector<std::string> keys(const Json& json) {
 
 TEST_F(ToolGof, ComparesAResultsFolder) {
     ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.out << result.err;
-    ASSERT_EQ(ovri({"gof", "club.results"}).status, 0) << result.out << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--seed", "2"}).status, 0) << result.out << result.err;
     EXPECT_NE(result.out.find("fits "), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("40 networks, seed 2\nresults: club.results\n"), std::string::npos)
         << result.out;
@@ -62,18 +62,24 @@ TEST_F(ToolGof, ComparesAResultsFolder) {
                                                "component-size", "triad-census", "mixing(sex)"}));
     EXPECT_EQ(json["distributions"][0]["rows"][0]["at"], 0);
     EXPECT_TRUE(scratch.read("club.results/gof.csv").starts_with("kind,name,at,observed,mean,"));
-    EXPECT_NE(scratch.read("club.results/run.log").find("gof: ovri gof club.results"),
+    EXPECT_NE(scratch.read("club.results/run.log").find("gof: ovri gof club.results --seed 2\n"),
               std::string::npos);
 }
 
 TEST_F(ToolGof, PrintsItsFilesAndRepeatsItself) {
     ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
-    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--threads", "1"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--seed", "2", "--threads", "1"}).status, 0)
+        << result.err;
     const std::string first = result.out;
     EXPECT_EQ(first, scratch.read("club.results/gof.json"));
-    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--threads", "3"}).status, 0) << result.err;
+    ASSERT_EQ(
+        ovri({"gof", "club.results", "--json", "--seed", "2", "--threads", "3", "--overwrite"})
+            .status,
+        0)
+        << result.err;
     EXPECT_EQ(result.out, first);
-    ASSERT_EQ(ovri({"gof", "club.results", "--csv", "--seed", "3"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--csv", "--seed", "3", "--overwrite"}).status, 0)
+        << result.err;
     EXPECT_EQ(result.out, scratch.read("club.results/gof.csv"));
     EXPECT_NE(scratch.read("club.results/gof.json"), first);
 }
@@ -98,7 +104,7 @@ TEST_F(ToolGof, EstimatesThatAreNotToBeUsedAreSaidToBe) {
     for (const auto& [verdict, status] :
          {std::pair{"not_converged", 4}, std::pair{"degenerate", 5}}) {
         mark_unconverged("club.results", verdict, status);
-        EXPECT_EQ(ovri({"gof", "club.results"}).status, status);
+        EXPECT_EQ(ovri({"gof", "club.results", "--overwrite"}).status, status);
         EXPECT_NE(result.out.find("not to be used"), std::string::npos) << result.out;
         EXPECT_NE(result.err.find("not to be used"), std::string::npos) << result.err;
         EXPECT_EQ(document("club.results/gof.json")["verdict"], verdict);
@@ -135,4 +141,54 @@ TEST_F(ToolGof, MistakesLeaveNothingBehind) {
     fs::create_directory(scratch.path() / "half.results");
     EXPECT_EQ(ovri({"gof", "half.results"}).status, 1);
     EXPECT_NE(result.err.find("result.json"), std::string::npos) << result.err;
+}
+
+TEST_F(ToolGof, NothingOfItIsReplacedUnasked) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--seed", "1"}).status, 0) << result.err;
+    const std::string first = scratch.read("club.results/gof.json");
+    EXPECT_EQ(ovri({"gof", "club.results", "--seed", "5"}).status, 1);
+    EXPECT_NE(result.err.find("club.results/gof.json exists; add --overwrite"), std::string::npos)
+        << result.err;
+    EXPECT_EQ(scratch.read("club.results/gof.json"), first);
+    ASSERT_EQ(ovri({"gof", "club.results", "--seed", "5", "--overwrite"}).status, 0) << result.err;
+    EXPECT_NE(scratch.read("club.results/gof.json"), first);
+    // The estimates stay.
+    EXPECT_EQ(document("club.results/result.json")["command"], "estimate");
+}
+
+TEST_F(ToolGof, AFolderOfItsOwnIsWhole) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--samples", "25", "--seed", "6", "-o", "fit"}).status,
+              0)
+        << result.err;
+    EXPECT_EQ(document("fit/result.json")["command"], "gof");
+    EXPECT_EQ(document("fit/result.json")["effects"],
+              document("club.results/result.json")["effects"]);
+    EXPECT_NE(scratch.read("fit/run.log")
+                  .find("command: ovri gof club.results --samples 25 --seed 6 -o fit\n"),
+              std::string::npos)
+        << scratch.read("fit/run.log");
+    // Its model compares the same networks again.
+    ASSERT_EQ(ovri({"gof", "fit/model.toml", "-o", "again"}).status, 0) << result.err;
+    EXPECT_EQ(document("fit/gof.json")["statistics"], document("again/gof.json")["statistics"]);
+    EXPECT_EQ(document("again/gof.json")["samples"], 25);
+    EXPECT_FALSE(scratch.exists("club.results/gof.json"));
+}
+
+TEST_F(ToolGof, TheModelOfAnEstimationRepeatsTheComparison) {
+    ASSERT_EQ(ovri({"gof", "club.toml", "--samples", "30", "--seed", "8"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results/model.toml", "-o", "again"}).status, 0) << result.err;
+    EXPECT_EQ(document("club.results/gof.json")["statistics"],
+              document("again/gof.json")["statistics"]);
+    EXPECT_EQ(document("again/gof.json")["samples"], 30);
+}
+
+TEST_F(ToolGof, TheSeedOfTheEstimationIsNotItsOwn) {
+    ASSERT_EQ(ovri({"estimate", "club.toml"}).status, 0) << result.err;
+    ASSERT_EQ(ovri({"gof", "club.results", "--json"}).status, 0) << result.err;
+    const Json first = Json::parse(result.out);
+    ASSERT_EQ(ovri({"gof", "club.results", "--json", "--overwrite"}).status, 0) << result.err;
+    // Two of four thousand million are alike once in a while, which nobody will live to see.
+    EXPECT_NE(first["seed"], Json::parse(result.out)["seed"]);
 }

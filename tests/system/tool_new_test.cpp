@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "support/child_process.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -123,4 +124,20 @@ TEST_F(ToolNew, WeightsNeedAThreshold) {
     ASSERT_EQ(ovri({"new", "calls.csv", "--threshold", "2"}).status, 0) << result.err;
     EXPECT_TRUE(has(scratch.read("calls.toml"), "threshold = 2\n"));
     EXPECT_EQ(ovri({"check", "calls.toml"}).status, 0) << result.out;
+}
+
+TEST_F(ToolNew, AModelOfStandardInputSaysHowToGiveItAgain) {
+    ASSERT_EQ(ovri({"new", "friends.csv", "-o", "-"}).status, 0);
+    EXPECT_FALSE(has(result.out, "Standard input"));
+    ChildSetting setting;
+    setting.command = {"bash", "-c", "$OVRI new - < friends.csv"};
+    setting.directory = scratch.path();
+    setting.environment = {{"OVRI", OVRI_TOOL_PATH}};
+    const ChildResult run = run_child(setting);
+    ASSERT_EQ(run.status, 0) << run.errors;
+    EXPECT_TRUE(has(run.errors, "next: ovri estimate model.toml < NETWORK\n")) << run.errors;
+    EXPECT_TRUE(has(scratch.read("model.toml"),
+                    "# Standard input: give the network again, as in `ovri estimate MODEL.toml < "
+                    "NETWORK`\nfile = \"-\"\n"))
+        << scratch.read("model.toml");
 }

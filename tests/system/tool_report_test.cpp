@@ -136,7 +136,13 @@ TEST_F(ToolReport, FiguresAreFilesOfTheirOwn) {
         expect_well_formed(path);
     }
     EXPECT_TRUE(has(scratch.read("club.results/figures/estimates.svg"), "width=\"88mm\""));
-    const int status = ovri({"report", "club.results", "--figures", "pdf"}).status;
+    EXPECT_EQ(ovri({"report", "club.results", "--figures", "pdf"}).status, 1);
+    EXPECT_TRUE(has(result.err, "club.results/report.html exists; add --overwrite")) << result.err;
+    EXPECT_EQ(ovri({"report", "club.results"}).status, 1);
+    fs::remove(scratch.path() / "club.results/report.html");
+    EXPECT_EQ(ovri({"report", "club.results", "--figures", "pdf"}).status, 1);
+    EXPECT_TRUE(has(result.err, "club.results/figures exists; add --overwrite")) << result.err;
+    const int status = ovri({"report", "club.results", "--figures", "pdf", "--overwrite"}).status;
     if (fs::exists("/usr/bin/rsvg-convert")) {
         EXPECT_EQ(status, 0) << result.err;
         EXPECT_TRUE(scratch.read("club.results/figures/estimates.pdf").starts_with("%PDF"));

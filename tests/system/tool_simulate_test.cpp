@@ -112,3 +112,47 @@ TEST_F(ToolSimulate, NoNetworksAtAllAreNotUnderstood) {
     EXPECT_EQ(ovri({"gof", "ring.toml", "--samples", "1"}).status, 2);
     EXPECT_FALSE(scratch.exists("ring.results"));
 }
+
+TEST_F(ToolSimulate, TheModelOfTheResultsDrawsTheSameNetworksAgain) {
+    ASSERT_EQ(ovri({"simulate", "ring.toml", "--samples", "3", "--format", "pajek", "--seed", "9",
+                    "--values", "edge=-1", "-o", "a"})
+                  .status,
+              0)
+        << result.err;
+    const std::string model = scratch.read("a/model.toml");
+    for (const char* piece : {"samples = 3\n", "format = \"pajek\"\n", "seed = 9\n"}) {
+        EXPECT_NE(model.find(piece), std::string::npos) << model;
+    }
+    const std::string log = scratch.read("a/run.log");
+    EXPECT_NE(log.find("command: ovri simulate ring.toml --samples 3 --format pajek --seed 9 "
+                       "--values edge=-1 -o a\n"),
+              std::string::npos)
+        << log;
+    // What the chain chose stands there, too.
+    const std::size_t simulation = model.find("[simulation]");
+    EXPECT_EQ(model.find("burn_in = 0\n", simulation), std::string::npos) << model;
+    EXPECT_EQ(model.find("interval = 0\n", simulation), std::string::npos) << model;
+    ASSERT_EQ(ovri({"simulate", "a/model.toml", "-o", "b"}).status, 0) << result.err;
+    EXPECT_EQ(scratch.read("a/sample.csv"), scratch.read("b/sample.csv"));
+    EXPECT_EQ(scratch.read("a/networks/0003.net"), scratch.read("b/networks/0003.net"));
+}
+
+TEST_F(ToolSimulate, ActorsWithoutTiesAreInANodesFile) {
+    ASSERT_EQ(ovri({"simulate", "ring.toml", "--values", "edge=-3", "-o", "a"}).status, 0);
+    EXPECT_NE(result.err.find("whom an edge list leaves out: read them with --nodes a/nodes.csv"),
+              std::string::npos)
+        << result.err;
+    EXPECT_EQ(scratch.read("a/nodes.csv"), "actor\nAnn\nBen\nCid\nDot\nEve\nFay\n");
+    ASSERT_EQ(
+        ovri({"simulate", "ring.toml", "--values", "edge=-3", "--format", "dl", "-o", "b"}).status,
+        0);
+    EXPECT_FALSE(scratch.exists("b/nodes.csv"));
+    EXPECT_EQ(result.err.find("leaves out"), std::string::npos) << result.err;
+    // A nodes file of the model's own serves.
+    ASSERT_EQ(
+        ovri({"simulate", "ring.toml", "--nodes", "a/nodes.csv", "--values", "edge=-3", "-o", "c"})
+            .status,
+        0);
+    EXPECT_NE(result.err.find("with --nodes a/nodes.csv"), std::string::npos) << result.err;
+    EXPECT_FALSE(scratch.exists("c/nodes.csv"));
+}

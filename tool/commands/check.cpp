@@ -17,6 +17,7 @@ struct CheckOptions {
     // Stands for the setup file's output directory when not empty.
     std::string output;
     bool json = false;
+    bool quiet = false;
     ColourChoice colour = ColourChoice::automatic;
 };
 
@@ -31,6 +32,9 @@ int tell(const CheckRecord& record, const CheckOptions& options) {
         return status_of(record.findings);
     }
     print_findings(record.findings, true, screen_on(stdout, options.colour));
+    if (options.quiet) {
+        return status_of(record.findings);
+    }
     print(stdout, "{}: {}\n", record.file,
           record.findings.list.empty() ? "no errors, no warnings"
                                        : findings_summary(record.findings));
@@ -45,7 +49,7 @@ int tell_model(const CheckOptions& options, ModelFile model, const std::string& 
         record.effects = check.input.resolved.names;
         record.notes = check.input.files.notes;
     }
-    if (check.read && !options.json) {
+    if (check.read && !options.json && !options.quiet) {
         tell_notes(check.input, screen_on(stdout, options.colour));
     }
     return tell(record, options);
@@ -65,7 +69,7 @@ int tell_setup(const CheckOptions& options, const SetupSource& source) {
     SetupView view = read_view(source.path(), options.output, source.name());
     CheckRecord record{OVRI_VERSION, view.path, check_view(view), {}, {}, {}};
     const std::string text = describe_setup(view);
-    if (!text.empty() && !options.json) {
+    if (!text.empty() && !options.json && !options.quiet) {
         print(stdout, "{}: {}\n", view.path, text);
     }
     return tell(record, options);
@@ -99,6 +103,8 @@ std::function<int()> declare_check(CLI::App& app) {
                "Check DIR as the output directory of a setup file, as `ovri run --output DIR` "
                "would use it.");
     add_flag(app, "--json", options->json, "Print the findings as a JSON document.");
+    add_flag(app, "-q,--quiet", options->quiet,
+             "Findings alone: not what was read, nor their sum.");
     add_colour(app, options->colour);
     return [options] { return check(*options); };
 }

@@ -39,6 +39,9 @@ bool is_model_file(const std::string& path) {
     const FileHandle file = open_file(path, "rb");
     const std::size_t size = file ? std::fread(head.data(), 1, head.size(), file.get()) : 0;
     std::string_view text(head.data(), size);
+    if (looks_like_data(path, text)) {
+        return true;
+    }
     // Behind comments stands a section; a setup file begins with the label of its first item.
     for (text = without_space(text); !text.empty() && text.front() == '#';) {
         const std::size_t end = text.find('\n');

@@ -17,5 +17,5 @@ struct ModelCheck {
 ModelCheck check_model(ModelFile model);
 
 // Whether the file is a model file rather than a setup file: by its name, else by what stands
-// first in it.
+// first in it. Data that stand in place of a model are taken for one, which says so.
 bool is_model_file(const std::string& path);

@@ -2,13 +2,28 @@
 
 #include <CLI/CLI.hpp>
 #include <optional>
+#include <utility>
 
 #include "commands/commands.h"
 #include "commands/help.h"
+#include "commands/model_options.h"
 #include "terminal/print.h"
 #include "terminal/similar.h"
 
 namespace {
+
+std::string& words_obeyed() {
+    static std::string words;
+    return words;
+}
+
+std::string joined_words(int argc, char** argv) {
+    std::string text = "ovri";
+    for (int k = 1; k < argc; ++k) {
+        text += " " + shell_word(argv[k]);
+    }
+    return text;
+}
 
 // The command that was typed, or the tool itself before there is one.
 const CLI::App& chosen(const CLI::App& tool) {
@@ -102,5 +117,14 @@ int obey(int argc, char** argv) {
         app->final_callback([&perform, work = command->declare(*app)] { perform = work; });
     }
     const std::optional<int> answered = read_words(tool, argc, argv);
-    return answered ? *answered : perform();
+    if (answered) {
+        return *answered;
+    }
+    // One command may have another one obeyed.
+    const std::string before = std::exchange(words_obeyed(), joined_words(argc, argv));
+    const int status = perform();
+    words_obeyed() = before;
+    return status;
 }
+
+const std::string& command_text() { return words_obeyed(); }

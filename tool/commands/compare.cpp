@@ -67,8 +67,8 @@ std::optional<Source> read_source(const std::string& word, Problems& problems) {
 }
 
 std::string network_words(const ResultNetwork& network) {
-    return fmt::format("{}: {} actors, {} {}, {}", network.file, network.actors, network.ties,
-                       network.directed ? "arcs" : "ties",
+    return fmt::format("{}: {}, {}, {}", network.file, counted(network.actors, "actor"),
+                       counted(network.ties, network.directed ? "arc" : "tie"),
                        network.directed ? "directed" : "undirected");
 }
 

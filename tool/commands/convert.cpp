@@ -8,6 +8,7 @@
 #include "commands/setup_source.h"
 #include "commands/study_input.h"
 #include "formats/host_setup.h"
+#include "formats/host_text.h"
 #include "formats/network_writer.h"
 #include "formats/nodes.h"
 #include "formats/text_file.h"
@@ -33,14 +34,16 @@ struct ConvertOptions {
     ColourChoice colour = ColourChoice::automatic;
 };
 
-// The format that is asked for, or that the path names: a .txt is a matrix, any other an edge list.
-NetworkFormat format_of_output(const ConvertOptions& options) {
+// The format that is asked for, or that the path names; none where it names none.
+std::optional<NetworkFormat> format_of_output(const ConvertOptions& options) {
+    const std::string extension = path_extension(options.out);
     if (options.to) {
-        return *options.to;
+        return options.to;
     }
-    return format_of_path(options.out)
-        .value_or(path_extension(options.out) == "txt" ? NetworkFormat::matrix
-                                                       : NetworkFormat::edge_list);
+    if (options.out == "-" || extension == "csv" || extension == "tsv") {
+        return NetworkFormat::edge_list;
+    }
+    return extension == "txt" ? NetworkFormat::matrix : format_of_path(options.out);
 }
 
 NetworkFile read_input(const ConvertOptions& options) {
@@ -70,29 +73,86 @@ void tell_lines(const std::string& about, const std::vector<std::string>& notes,
     }
 }
 
-int convert_network(const ConvertOptions& options) {
-    const NetworkFile network = read_input(options);
-    if (!network.ok()) {
-        tell_problems(network.problems, screen_on(stderr, options.colour));
-        return kErrorsFound;
+void tell_line(const std::string& about, const std::string& note, const ConvertOptions& options) {
+    tell_lines(about, {note}, options);
+}
+
+// What OUT cannot hold goes into a nodes file beside it: attributes, and actors without ties where
+// OUT is an edge list. Told, with the way to keep it where there is no room for such a file.
+void add_nodes_file(const NetworkFile& network, NetworkFormat format, const ConvertOptions& options,
+                    std::vector<NewFile>& files) {
+    std::vector<std::string> left_out;
+    if (format == NetworkFormat::edge_list && network.counts.isolates > 0) {
+        const int isolates = network.counts.isolates;
+        left_out.push_back(counted(isolates, "actor") + " without ties");
     }
-    const NetworkFormat format = format_of_output(options);
-    tell_lines(options.in, network.notes, options);
     if (!network.columns.empty()) {
         std::vector<std::string> names;
         for (const ActorColumn& column : network.columns) {
             names.push_back(column.name);
         }
-        tell_lines(options.out, {"attributes of the actors were left out: " + listed_names(names)},
-                   options);
+        left_out.push_back("the attributes " + listed_names(names));
     }
-    if (format == NetworkFormat::edge_list && network.counts.isolates > 0) {
-        tell_lines(options.out,
-                   {fmt::format("an edge list leaves out actors without ties: {}",
-                                network.counts.isolates)},
-                   options);
+    if (left_out.empty()) {
+        return;
     }
-    return write_new_files({{options.out, network_text(network.network, format)}});
+    const std::string what = left_out.front() + (left_out.size() > 1 ? " and " + left_out[1] : "");
+    const std::string lost = std::string(network_format_name(format)) + " leaves out " + what;
+    if (!options.nodes.empty() && network.columns.empty()) {
+        tell_line(options.out, lost + "; read it with --nodes " + shell_word(options.nodes),
+                  options);
+    } else if (options.out == "-") {
+        tell_line("standard output",
+                  lost + "; name a file, and they are kept in a nodes file beside it" +
+                      (network.columns.empty() ? ", or add --to graphml" : ""),
+                  options);
+    } else {
+        files.push_back({path_stem(options.out) + "_nodes.csv",
+                         nodes_text(network.network.actors, network.columns)});
+        tell_line(options.out,
+                  lost + "; they are in " + files.back().path + ": read it with --nodes " +
+                      shell_word(files.back().path),
+                  options);
+    }
+}
+
+// Tells of names that the format cannot write; false where two of them would become one.
+bool tell_names(const StudyNetwork& network, NetworkFormat format, const ConvertOptions& options) {
+    if (const std::string name = clashing_name(network, format); !name.empty()) {
+        print(stderr,
+              "ovri: {}: {} has no sign for quotation marks in names, and without them {} is the "
+              "name of two actors; take another format, such as --to graphml, or mend the name\n",
+              options.in, network_format_name(format), shown_text(name));
+        return false;
+    }
+    if (const auto names = changed_names(network, format); !names.empty()) {
+        tell_line(options.out,
+                  fmt::format("{} has no sign for quotation marks and line ends in names: "
+                              "apostrophes and blanks stand in their place, as in that of {}; "
+                              "graphml keeps them",
+                              network_format_name(format), shown_text(names.front())),
+                  options);
+    }
+    return true;
+}
+
+int convert_network(const ConvertOptions& options, NetworkFormat format) {
+    const NetworkFile network = read_input(options);
+    if (!network.ok()) {
+        tell_problems(network.problems, screen_on(stderr, options.colour));
+        return kErrorsFound;
+    }
+    tell_lines(options.in, network.notes, options);
+    if (!tell_names(network.network, format, options)) {
+        return kErrorsFound;
+    }
+    const char delimiter = path_extension(options.out) == "tsv" ? '\t' : ',';
+    std::vector<NewFile> files = {{options.out, network_text(network.network, format, delimiter)}};
+    add_nodes_file(network, format, options, files);
+    if (files.size() > 1 && tell_existing({files.back().path}, options.overwrite)) {
+        return kErrorsFound;
+    }
+    return write_new_files(files);
 }
 
 // Writes all or nothing, and tells the paths.
@@ -186,22 +246,45 @@ int explain_setup(const ConvertOptions& options) {
     return write_new_files({{options.out, setup_listing(view, findings)}});
 }
 
-int convert(const ConvertOptions& options) {
-    if (tell_existing({options.out}, options.overwrite)) {
-        return kErrorsFound;
-    }
+// What is wrong with the names of IN and OUT together; empty when they say what to make.
+std::string name_mistake(const ConvertOptions& options) {
     const bool from_model = path_extension(options.in) == "toml";
     const bool to_model = path_extension(options.out) == "toml";
     if (options.explain) {
-        return explain_setup(options);
+        return "";
     }
     if ((from_model || to_model) && options.out == "-") {
-        print(stderr, "ovri: a setup file has data files beside it: name OUT, such as net.setup\n");
+        return "a setup file has data files beside it: name OUT, such as net.setup";
+    }
+    const std::string extension = path_extension(options.out);
+    if (from_model && (format_of_path(options.out) || extension == "csv" || extension == "tsv")) {
+        return "`" + options.in +
+               "` is a model file, which becomes a setup file: name OUT so, "
+               "such as net.setup; or convert the network's own file";
+    }
+    if (!from_model && !to_model && !format_of_output(options)) {
+        return "the name of OUT, `" + options.out +
+               "`, tells no format; end it in .csv or .tsv (edge list), .txt or .matrix (matrix), "
+               ".net, .graphml, .gml, .dl, .dot or .toml (model file), or add --to FORMAT";
+    }
+    return "";
+}
+
+int convert(const ConvertOptions& options) {
+    if (const std::string mistake = name_mistake(options); !mistake.empty()) {
+        print(stderr, "ovri: {}\n", mistake);
         return kNotUnderstood;
     }
-    return from_model ? convert_model(options)
-           : to_model ? convert_setup(options)
-                      : convert_network(options);
+    if (tell_existing({options.out}, options.overwrite)) {
+        return kErrorsFound;
+    }
+    if (options.explain) {
+        return explain_setup(options);
+    }
+    return path_extension(options.in) == "toml" ? convert_model(options)
+           : path_extension(options.out) == "toml"
+               ? convert_setup(options)
+               : convert_network(options, *format_of_output(options));
 }
 
 std::function<int()> declare_convert(CLI::App& app) {
@@ -238,15 +321,19 @@ extern const Command kConvertCommand = {
 )",
     .details = R"(
 Networks: the formats are told by the names' extensions, by content, or by
---from and --to. A .txt is written as a matrix. Without a word on direction it
-is guessed from the ties. Actors keep their names; an edge list alone leaves out
-actors without ties.
+--from and --to. A .csv is written as an edge list, as is standard output, a .tsv
+with tabs, a .txt as a matrix. Without a word on direction it is guessed from the
+ties. Actors keep their names. What OUT cannot hold is told and goes into a nodes
+file beside it, OUT_nodes.csv: attributes, and actors without ties where OUT is an
+edge list.
 
 Where IN ends in .toml it is a model file, and OUT becomes a host's setup file;
 where OUT ends in .toml, IN is a setup file. Data files are written beside OUT,
 with its name: OUT_network.txt and so on. The way there and back asks for the
 same run, byte for byte: what only a setup file says stands in the model file's
-section [host]. Paths in a setup file are as seen from the current directory.
+section [host]. Actors are called as in SETUP_actors.txt, where it stands beside
+the setup file, else by their numbers. Paths in a setup file are as seen from the
+current directory.
 
 --explain writes a setup file for reading: each line with the names of its
 values and what they mean, and what is wrong or surprising behind the last.

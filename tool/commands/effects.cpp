@@ -24,6 +24,7 @@ struct EffectsOptions {
     bool directed = false;
     bool undirected = false;
     bool json = false;
+    bool csv = false;
 };
 
 std::optional<NetworkKind> kind_of(const EffectsOptions& options) {
@@ -55,6 +56,8 @@ int effects(const EffectsOptions& options) {
     const std::size_t width = std::min(terminal_width(stdout), kWidestLine);
     if (options.json) {
         print(stdout, "{}", effect_document(found));
+    } else if (options.csv) {
+        print(stdout, "{}", effect_csv(found));
     } else if (named && found.size() <= kMostArticles) {
         print(stdout, "{}", effect_articles(found, width));
     } else {
@@ -77,7 +80,10 @@ std::function<int()> declare_effects(CLI::App& app) {
         add_flag(app, "--directed", options->directed, "Of directed networks only.");
     exclude(add_flag(app, "--undirected", options->undirected, "Of undirected networks only."),
             directed);
-    add_flag(app, "--json", options->json, "Print a JSON document with every field instead.");
+    CLI::Option& json =
+        add_flag(app, "--json", options->json, "Print a JSON document with every field instead.");
+    exclude(add_flag(app, "--csv", options->csv, "Print a table with a line an effect instead."),
+            json);
     return [options] { return effects(*options); };
 }
 

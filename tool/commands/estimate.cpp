@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "commands/command_line.h"
 #include "commands/commands.h"
 #include "commands/estimate.h"
 #include "commands/model_options.h"
@@ -12,7 +13,6 @@
 #include "show/result_csv.h"
 #include "show/result_json.h"
 #include "show/result_table.h"
-#include "study/monte_carlo_likelihood.h"
 #include "study/study_estimate.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
@@ -108,7 +108,7 @@ std::optional<ResultDiagnosis> diagnosis_of(const StudyEstimate& found) {
 }
 
 ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
-                       const std::string& words) {
+                       const AdviceWords& words) {
     ResultRecord result;
     result.ovri = OVRI_VERSION;
     result.command = "estimate";
@@ -158,11 +158,12 @@ std::string method_words(const ResultRecord& result, std::size_t runs) {
                "each other";
     }
     if (result.method == "mcmle") {
-        return fmt::format("Monte Carlo maximum likelihood, {} chains, seed {}",
-                           result.diagnosis ? result.diagnosis->chains : 0, result.seed);
+        return fmt::format("Monte Carlo maximum likelihood, {}, seed {}",
+                           counted(result.diagnosis ? result.diagnosis->chains : 0, "chain"),
+                           result.seed);
     }
-    return fmt::format("stochastic approximation, {} {}, seed {}", runs, runs == 1 ? "run" : "runs",
-                       result.seed);
+    return fmt::format("stochastic approximation, {}, seed {}",
+                       counted(static_cast<int>(runs), "run"), result.seed);
 }
 
 std::string verdict_line(const ResultRecord& result, std::size_t runs, const Screen& out) {
@@ -201,11 +202,21 @@ void show(const ResultRecord& result, const EstimateOptions& options, std::size_
     }
 }
 
+// Where the folder could not take all, the estimates are shown and no more: a script takes what
+// stands on standard output for the whole, a person reads that files are missing.
+void show_estimates_alone(const ResultRecord& result, const EstimateOptions& options) {
+    if (!options.silent && !options.json && !options.csv) {
+        print(stdout, "{}\n", estimates_table(result));
+    }
+}
+
 void write_results(const StudyEstimate& found, const ResultRecord& result, RunLog& log,
                    ResultsFolder& folder) {
     folder.write("estimates.csv", estimates_csv(result));
     folder.write("covariance.csv", covariance_csv(result));
-    folder.write("sample.csv", sample_csv(found));
+    if (found.samples.rows > 0) {
+        folder.write("sample.csv", sample_csv(found));
+    }
     for (const EstimationAttempt& each : found.attempts) {
         log.line(
             fmt::format("run: multiplication {}, largest t-ratio {:.4f}, autocorrelation "
@@ -221,38 +232,81 @@ void write_results(const StudyEstimate& found, const ResultRecord& result, RunLo
     folder.finish(result_json(result));
 }
 
-// The input with the options' settings; what is wrong with it stands in its problems.
-StudyInput read_input(const EstimateOptions& options) {
+// The model with the options' settings.
+ModelFile model_with_settings(const EstimateOptions& options) {
     ModelFile model = model_of(options.model);
     StudyEstimation& estimation = model.settings.estimation;
     estimation.attempts = static_cast<int>(options.attempts.value_or(estimation.attempts));
     estimation.multiplication =
         static_cast<int>(options.multiplication.value_or(estimation.multiplication));
     estimation.method = estimation_method_of(options.method).value_or(estimation.method);
-    return read_study_to_estimate(std::move(model));
+    return model;
+}
+
+// Options that the method has no use for; empty when there is none.
+std::string settings_mistake(const EstimateOptions& options, const ModelFile& model) {
+    const EstimationMethod method = model.settings.estimation.method;
+    const char* option = options.attempts         ? "--attempts"
+                         : options.multiplication ? "--multiplication"
+                                                  : nullptr;
+    if (option == nullptr || method == EstimationMethod::stochastic_approximation) {
+        return "";
+    }
+    return fmt::format(
+        "`{}` belongs to stochastic approximation, and the method is {}; add "
+        "--method stochastic-approximation, or leave it out",
+        option, estimation_method_name(method));
+}
+
+// How commands of the advice call the model. What came from standard input cannot be read again:
+// the folder keeps it.
+AdviceWords advice_words(const EstimateOptions& options, const ResultsFolder& folder) {
+    if (options.model.model == "-" || options.model.network == "-") {
+        return {shell_word(folder.path("model.toml")), ""};
+    }
+    return {model_words(options.model), options.method};
+}
+
+// What there is of an estimation that Ctrl-C has ended, marked.
+int keep_interrupted(const std::optional<StudyEstimate>& found, RunLog& log,
+                     ResultsFolder& folder) {
+    std::string kept = "no estimates yet";
+    if (found) {
+        kept = "estimates.csv holds the best estimates so far, not to be used";
+        std::vector<ResultEffect> effects;
+        for (const EffectEstimate& each : found->effects) {
+            effects.push_back(result_effect(each, false));
+        }
+        ResultRecord result;
+        result.effects = std::move(effects);
+        folder.write("estimates.csv", estimates_csv(result));
+    }
+    log.line(interrupted_line(kept));
+    folder.write("run.log", log.text());
+    return folder.failures().empty() ? tell_interrupted(folder, found ? "has the estimates so far"
+                                                                      : "has no estimates yet")
+                                     : tell_failures(folder);
 }
 
 int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
     const std::uint32_t seed = settle_seed(input);
-    StudySettings& settings = input.files.study.settings;
-    settings.estimation.precision = wanted_precision(input.files.study);
-    ModelFile settled = settled_model(input);
-    const std::string words = model_words(options.model);
-    RunLog log("ovri estimate " + words, input);
-    write_model(settled, input, folder);
+    RunLog log(options.silent ? "ovri estimate " + model_words(options.model) : command_text(),
+               input);
+    write_model(settled_model(input), input, folder);
     folder.write("run.log", log.text());
     const std::optional<StudyEstimate> found =
         perform(input, seed, !options.quiet && is_terminal(stderr));
-    if (!found) {
-        return tell_interrupted(folder);
+    if (!found || found->interrupted) {
+        return keep_interrupted(found, log, folder);
     }
-    const ResultRecord result = result_of(*found, input, words);
+    const ResultRecord result = result_of(*found, input, advice_words(options, folder));
     write_results(*found, result, log, folder);
-    show(result, options, found->attempts.size(), folder);
-    if (!folder.failures().empty() || lost_output(stdout)) {
+    if (!folder.failures().empty()) {
+        show_estimates_alone(result, options);
         return tell_failures(folder);
     }
-    return result.exit_status;
+    show(result, options, found->attempts.size(), folder);
+    return lost_output(stdout) ? tell_failures(folder) : result.exit_status;
 }
 
 int estimate(const EstimateOptions& options) {
@@ -262,7 +316,13 @@ int estimate(const EstimateOptions& options) {
     }
     outlive_failed_writes();
     const Screen screen = screen_on(stderr, options.colour);
-    StudyInput input = read_input(options);
+    ModelFile model = model_with_settings(options);
+    if (const std::string mistake = settings_mistake(options, model);
+        model.ok() && !mistake.empty()) {
+        print(stderr, "ovri: {}\n", mistake);
+        return kNotUnderstood;
+    }
+    StudyInput input = read_study_to_estimate(std::move(model));
     if (!input.ok()) {
         tell_problems(input.problems, screen);
         return kErrorsFound;

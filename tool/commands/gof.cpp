@@ -6,12 +6,15 @@
 #include "base/native_path.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
+#include "commands/gof_source.h"
 #include "commands/model_options.h"
+#include "commands/new_files.h"
 #include "commands/options.h"
 #include "commands/results_folder.h"
 #include "commands/results_model.h"
 #include "commands/run_log.h"
 #include "commands/study_input.h"
+#include "formats/model_writer.h"
 #include "formats/text_file.h"
 #include "show/gof_document.h"
 #include "show/gof_table.h"
@@ -36,16 +39,6 @@ struct GofOptions {
     ColourChoice colour = ColourChoice::automatic;
 };
 
-// What is compared: a model at parameters, one an effect.
-struct Tested {
-    StudyInput input;
-    std::vector<double> parameters;
-    Matrix covariance;
-    std::string verdict;
-    int exit_status = kDone;
-    ResultNetwork network;
-};
-
 // Every effect of the model is held at a value: there is nothing to estimate.
 bool has_all_values(const StudyModel& model) {
     return !model.effects.empty() &&
@@ -53,14 +46,22 @@ bool has_all_values(const StudyModel& model) {
                        [](const StudyEffect& effect) { return effect.fixed.has_value(); });
 }
 
-GofSettings settings_of(const GofOptions& options, const Tested& tested, std::uint32_t seed) {
+// The options stand in place of what the model says, from here on.
+void take_options(const GofOptions& options, StudyInput& input) {
+    StudySampling& sampling = input.files.study.settings.gof;
+    sampling.samples = static_cast<int>(options.samples.value_or(sampling.samples));
+    sampling.burn_in = options.burn_in.value_or(sampling.burn_in);
+    sampling.interval = options.interval.value_or(sampling.interval);
+}
+
+GofSettings settings_of(const GofOptions& options, const Tested& tested) {
     const StudySettings& written = tested.input.files.study.settings;
     GofSettings settings;
-    settings.samples = static_cast<int>(options.samples.value_or(written.gof.samples));
-    settings.burn_in = options.burn_in.value_or(written.gof.burn_in);
-    settings.interval = options.interval.value_or(written.gof.interval);
+    settings.samples = written.gof.samples;
+    settings.burn_in = written.gof.burn_in;
+    settings.interval = written.gof.interval;
     settings.threads = written.run.threads;
-    settings.seed = seed;
+    settings.seed = *written.run.seed;
     if (options.bayesian) {
         settings.covariance = tested.covariance;
     }
@@ -83,26 +84,10 @@ std::optional<StudyGof> perform(const Tested& tested, const GofSettings& setting
     }
 }
 
-// Writes a file whole or leaves the one that is there.
-bool replace_file(const std::string& path, const std::string& text) {
-    const std::string part = path + ".part";
-    if (!write_text_file(part, text)) {
-        return false;
-    }
-    std::error_code problem;
-    std::filesystem::rename(native_path(part), native_path(path), problem);
-    return !problem;
-}
-
 // Adds lines to a folder's run.log.
 bool add_to_log(const std::string& path, const std::string& lines) {
     const TextFile log = read_text_file(path);
     return replace_file(path, log.ok() ? log.text + lines : lines);
-}
-
-std::string command_words(const GofOptions& options, int samples) {
-    return fmt::format("ovri gof {} --samples {}{}", model_words(options.model), samples,
-                       options.bayesian ? " --bayesian" : "");
 }
 
 void show(const GofRecord& record, const GofOptions& options, const std::string& directory) {
@@ -120,19 +105,21 @@ void show(const GofRecord& record, const GofOptions& options, const std::string&
         print(stdout, "{}: these networks are simulated at estimates that are not to be used\n\n",
               painted(screen_on(stdout, options.colour), Colour::red, name));
     }
-    print(stdout, "{}\n{} networks{}, seed {}\nresults: {}\n", gof_table(record),
-          record.gof.samples, record.bayesian ? " at parameters drawn around the estimates" : "",
-          record.gof.seed, directory);
+    print(stdout, "{}\n{}{}, seed {}\nresults: {}\n", gof_table(record),
+          counted(record.gof.samples, "network"),
+          record.bayesian ? " at parameters drawn around the estimates" : "", record.gof.seed,
+          directory);
 }
 
-// Compares and writes into a folder that is there.
+// Compares and writes into a folder that is there. The seed is settled and the options are taken.
 int compare(const Tested& tested, const GofOptions& options, const std::string& directory) {
-    const std::uint32_t seed = *tested.input.files.study.settings.run.seed;
     const auto begin = std::chrono::steady_clock::now();
-    const GofSettings settings = settings_of(options, tested, seed);
+    const GofSettings settings = settings_of(options, tested);
     const std::optional<StudyGof> found =
         perform(tested, settings, !options.quiet && is_terminal(stderr));
     if (!found) {
+        add_to_log(directory + "/run.log",
+                   interrupted_line(command_text() + " left nothing") + "\n");
         print(stderr, "ovri: interrupted; {} has no new gof.json\n", directory);
         return kInterrupted;
     }
@@ -145,10 +132,11 @@ int compare(const Tested& tested, const GofOptions& options, const std::string& 
     record.network = tested.network;
     record.gof = *found;
     record.conclusion = gof_conclusion(record.gof, record.network.directed);
-    const std::string log =
-        fmt::format("gof: {}, seed {}, interval {}, {:.0f} proposals, {:.2f} seconds\ngof: {}\n",
-                    command_words(options, settings.samples), seed, found->interval,
-                    found->proposals, seconds.count(), record.conclusion);
+    const std::string log = fmt::format(
+        "gof: {}\ngof: {} samples, seed {}, interval {}, {:.0f} proposals, {:.2f} seconds\n"
+        "gof: {}\n",
+        command_text(), settings.samples, settings.seed, found->interval, found->proposals,
+        seconds.count(), record.conclusion);
     for (const auto& [file, written] :
          {std::pair{"gof.json", replace_file(directory + "/gof.json", gof_json(record))},
           std::pair{"gof.csv", replace_file(directory + "/gof.csv", gof_csv(record))},
@@ -166,46 +154,45 @@ int compare(const Tested& tested, const GofOptions& options, const std::string& 
     return record.exit_status;
 }
 
-// The model of a results folder at what its result.json found. Problems stand in the input.
-Tested tested_folder(const GofOptions& options, const std::string& directory) {
-    Tested tested;
-    ModelOptions words = options.model;
-    words.model = directory + "/model.toml";
-    tested.input = read_study(model_of(words));
-    Problems& problems = tested.input.problems;
-    const std::optional<ResultRecord> result = read_result(directory, problems);
-    if (!result || !tested.input.ok()) {
-        return tested;
+// model.toml of a folder of its own: the parameters are held, so that running it compares the same
+// networks again.
+void write_held_model(const Tested& tested, ResultsFolder& folder) {
+    ModelFile model = settled_model(tested.input);
+    for (std::size_t k = 0; k < model.model.effects.size(); ++k) {
+        model.model.effects[k].start.reset();
+        model.model.effects[k].fixed = tested.parameters[k];
     }
-    for (const std::string& name : tested.input.resolved.names) {
-        const auto effect =
-            std::find_if(result->effects.begin(), result->effects.end(),
-                         [&name](const ResultEffect& each) { return each.name == name; });
-        if (effect == result->effects.end()) {
-            problems.push_back({.file = directory + "/result.json",
-                                .field = "effect `" + name + "`",
-                                .found = "no estimate",
-                                .expected = "the effects of " + words.model,
-                                .mend = "leave --effects out, or estimate that model"});
-        } else {
-            tested.parameters.push_back(effect->estimate);
-        }
-    }
-    const auto p = static_cast<int>(tested.parameters.size());
-    tested.covariance = result->covariance;
-    if (tested.covariance.rows != p) {
-        tested.covariance = matrix_create(p, p, 0.0);
-    }
-    tested.verdict = result->verdict;
-    tested.exit_status = result->exit_status;
-    tested.network = result->network;
-    return tested;
+    write_model(std::move(model), tested.input, folder);
 }
 
-int gof_of_folder(const GofOptions& options, const std::string& source,
-                  const std::string& directory) {
+// Where the comparison of a results folder goes.
+enum class GofPlace {
+    beside,  // the estimates, into their own folder
+    after,   // the estimates, which the same command has made
+    apart    // into another folder
+};
+
+// What a folder of its own holds before the comparison, and after it.
+void begin_folder(const Tested& tested, ResultsFolder& folder) {
+    write_held_model(tested, folder);
+    folder.write("run.log", RunLog(command_text(), tested.input).text());
+}
+int finish_folder(const std::string& source, ResultsFolder& folder, int status) {
+    Problems problems;
+    std::optional<ResultRecord> result = read_result(source, problems);
+    if (result && (status == kDone || status == kNotConverged || status == kNotIdentified)) {
+        result->command = "gof";
+        folder.finish(result_json(*result));
+        return folder.failures().empty() ? status : tell_failures(folder);
+    }
+    return status;
+}
+
+int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace place,
+                  ResultsFolder* folder) {
     const Screen screen = screen_on(stderr, options.colour);
-    Tested tested = tested_folder(options, source);
+    Tested tested = tested_folder(options.model, source);
+    take_options(options, tested.input);
     if (!tested.input.ok()) {
         tell_problems(tested.input.problems, screen);
         return kErrorsFound;
@@ -221,7 +208,19 @@ int gof_of_folder(const GofOptions& options, const std::string& source,
         return tested.exit_status != kDone ? tested.exit_status : kErrorsFound;
     }
     settle_seed(tested.input);
-    return compare(tested, options, directory);
+    if (place == GofPlace::after &&
+        !replace_file(source + "/model.toml", model_text(settled_model(tested.input), source))) {
+        print(stderr, "ovri: {}/model.toml could not be written\n", source);
+        return kNotCompleted;
+    }
+    if (place != GofPlace::apart) {
+        return compare(tested, options, source);
+    }
+    begin_folder(tested, *folder);
+    if (!folder->failures().empty()) {
+        return tell_failures(*folder);
+    }
+    return finish_folder(source, *folder, compare(tested, options, folder->directory()));
 }
 
 // Performs `ovri estimate` with the same words, its table aside.
@@ -232,6 +231,7 @@ int estimate_into(const GofOptions& options, const std::string& directory) {
          {std::pair{"--network", model.network}, std::pair{"--nodes", model.nodes},
           std::pair{"--effects", model.effects},
           std::pair{"--seed", model.seed ? std::to_string(*model.seed) : ""},
+          std::pair{"--threshold", model.threshold ? number_text(*model.threshold) : ""},
           std::pair{"--threads", model.threads ? std::to_string(*model.threads) : ""}}) {
         if (!value.empty()) {
             words.insert(words.end(), {name, value});
@@ -260,12 +260,13 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     Tested tested;
     tested.input = std::move(input);
     tested.network = result_network(tested.input);
+    take_options(options, tested.input);
     const std::uint32_t seed = settle_seed(tested.input);
     for (const StudyEffect& effect : tested.input.files.study.model.effects) {
         tested.parameters.push_back(*effect.fixed);
     }
     write_model(settled_model(tested.input), tested.input, folder);
-    folder.write("run.log", RunLog("ovri gof " + model_words(options.model), tested.input).text());
+    folder.write("run.log", RunLog(command_text(), tested.input).text());
     if (!folder.failures().empty()) {
         return tell_failures(folder);
     }
@@ -288,6 +289,13 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     }
     folder.finish(result_json(result));
     return folder.failures().empty() ? kDone : tell_failures(folder);
+}
+
+// The seed of the estimation that this command has made: one command, one seed.
+std::optional<std::uint32_t> seed_of_folder(const std::string& directory) {
+    Problems problems;
+    const std::optional<ResultRecord> result = read_result(directory, problems);
+    return result ? std::optional(result->seed) : std::nullopt;
 }
 
 int gof_of_model(const GofOptions& options) {
@@ -321,7 +329,8 @@ int gof_of_model(const GofOptions& options) {
     rest.model = {};
     rest.model.model = folder.directory();
     rest.model.threads = options.model.threads;
-    return gof_of_folder(rest, folder.directory(), folder.directory());
+    rest.model.seed = seed_of_folder(folder.directory());
+    return gof_of_folder(rest, folder.directory(), GofPlace::after, nullptr);
 }
 
 int gof(const GofOptions& options) {
@@ -335,7 +344,10 @@ int gof(const GofOptions& options) {
     }
     const std::string source = folder_word(options.model.model);
     if (options.folder.directory.empty()) {
-        return gof_of_folder(options, source, source);
+        return tell_existing({source + "/gof.json", source + "/gof.csv"}, options.folder.overwrite,
+                             "add --overwrite, or name another folder by -o")
+                   ? kErrorsFound
+                   : gof_of_folder(options, source, GofPlace::beside, nullptr);
     }
     FolderOptions wanted = options.folder;
     wanted.inputs = {source + "/result.json"};
@@ -344,7 +356,7 @@ int gof(const GofOptions& options) {
         print(stderr, "ovri: {}\n", folder.mistake());
         return kErrorsFound;
     }
-    return gof_of_folder(options, source, folder.directory());
+    return gof_of_folder(options, source, GofPlace::apart, &folder);
 }
 
 std::function<int()> declare_gof(CLI::App& app) {
@@ -381,7 +393,9 @@ and for each attribute who is tied to whom.
 
 Standard output takes what does not fit (a t-ratio above 2 in size, the worst first),
 what fits, a line for each distribution and a conclusion. gof.json and gof.csv go into
-the results folder, in place of earlier ones; -o DIR writes them elsewhere.
+the results folder, in place of earlier ones only by --overwrite; -o DIR writes them
+elsewhere, with the model and its estimates. Without --seed one is chosen: the seed in
+the folder is the estimation's.
 )",
     .statuses = R"(
 Exit status: 0 done, whether the model fits or not; 1 the check found errors; 2 the

@@ -14,8 +14,8 @@ std::string estimation_page() {
 
   method         = "{}"  auto, mcmle, mple or stochastic-approximation
   attempts       = {}      runs of the stochastic approximation until one converges
-  precision      = 0.02    largest Monte Carlo error of an estimate, in its standard
-                           errors; 0.05 above 100 actors
+  precision      = 0       largest Monte Carlo error of an estimate, in its standard
+                           errors; 0 is by number of actors: 0.02 up to 100, 0.05 above
   time_limit     = {}       seconds; 0 for none
   chains         = {}       that simulate side by side; results depend on it, never on
                            the number of threads
@@ -70,7 +70,7 @@ std::string model_page() {
 
   [estimation]                `ovri help estimation` has the keys
   [gof]                       samples, burn_in, interval
-  [simulation]                samples, burn_in, interval
+  [simulation]                samples, burn_in, interval, format
   [run]                       seed, threads
 
 `ovri effects` lists the effects.
@@ -85,7 +85,7 @@ std::string results_page() {
   covariance.csv  of the estimates
   sample.csv      statistics of simulated networks, a row a sample
   gof.json        of `ovri gof`, with gof.csv
-  networks/       of `ovri simulate`
+  networks/       of `ovri simulate`, with nodes.csv where it is needed
   report.html     of `ovri report`, with figures/
   model.toml      the model as it was run: running it gives the same numbers
   run.log         version, command, times, what was read, every warning

@@ -46,6 +46,7 @@ void add_data(CLI::App& app, ModelOptions& options) {
         "The model's effects, separated by commas: edge,AT(2). Parentheses need quotes in most "
         "shells.");
     add_direction(app, options.directed, options.undirected);
+    add_threshold(app, options.threshold);
 }
 
 void add_direction(CLI::App& app, bool& directed, bool& undirected) {
@@ -76,6 +77,9 @@ ModelFile with_options(ModelFile model, const ModelOptions& options) {
     }
     if (options.directed || options.undirected) {
         model.network.options.directed = options.directed;
+    }
+    if (options.threshold) {
+        model.network.options.threshold = options.threshold;
     }
     if (!options.effects.empty()) {
         const StudyModel written = std::move(model.model);
@@ -124,5 +128,6 @@ std::string model_words(const ModelOptions& options) {
     words += options.network.empty() ? "" : " --network " + shell_word(options.network);
     words += options.nodes.empty() ? "" : " --nodes " + shell_word(options.nodes);
     words += options.directed ? " --directed" : options.undirected ? " --undirected" : "";
+    words += options.threshold ? " --threshold " + number_text(*options.threshold) : "";
     return words.empty() ? words : words.substr(1);
 }

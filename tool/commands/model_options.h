@@ -18,6 +18,7 @@ struct ModelOptions {
     std::string effects;
     bool directed = false;  // at most one of the two is set
     bool undirected = false;
+    std::optional<double> threshold;
     std::optional<std::uint32_t> seed;
     std::optional<std::uint32_t> threads;
 };

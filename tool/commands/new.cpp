@@ -48,7 +48,12 @@ std::string head_text(const StudyInput& input, const NetworkLook& look) {
 
 std::string network_section(const StudyInput& input, const std::string& directory) {
     const NetworkSource& source = input.model.network;
-    std::string text = "[network]\nfile = " + toml_text(path_from(directory, source.file)) + "\n";
+    std::string text = "[network]\n";
+    if (source.file == "-") {
+        text += comment(
+            "Standard input: give the network again, as in `ovri estimate MODEL.toml < NETWORK`");
+    }
+    text += "file = " + toml_text(path_from(directory, source.file)) + "\n";
     if (source.options.format) {
         text += std::string("format = ") + toml_text(network_format_name(*source.options.format)) +
                 "\n";
@@ -178,7 +183,8 @@ int make_model(const NewOptions& options) {
     if (status == kDone && path != "-") {
         print(stdout, "{}\n", path);
         if (!options.quiet) {
-            print(stderr, "next: ovri estimate {}\n", shell_word(path));
+            print(stderr, "next: ovri estimate {}{}\n", shell_word(path),
+                  options.model.network == "-" ? " < NETWORK" : "");
         }
     }
     return status;

@@ -17,7 +17,7 @@ bool write_standard_output(const std::string& text) {
 
 }  // namespace
 
-bool tell_existing(const std::vector<std::string>& paths, bool overwrite) {
+bool tell_existing(const std::vector<std::string>& paths, bool overwrite, const std::string& mend) {
     for (const std::string& path : paths) {
         std::error_code problem;
         // A device or a pipe takes what is written; nothing in it is lost.
@@ -27,8 +27,8 @@ bool tell_existing(const std::vector<std::string>& paths, bool overwrite) {
         if (path != "-" && keeps && (!overwrite || std::filesystem::is_directory(status))) {
             print(stderr, "ovri: {} {}\n", path,
                   std::filesystem::is_directory(status)
-                      ? "is a directory; name a file in it"
-                      : "exists; name another file, or add --overwrite");
+                      ? std::string("is a directory; name a file in it")
+                      : "exists; " + mend);
             return true;
         }
     }
@@ -47,4 +47,14 @@ int write_new_files(const std::vector<NewFile>& files) {
         }
     }
     return kDone;
+}
+
+bool replace_file(const std::string& path, const std::string& text) {
+    const std::string part = path + ".part";
+    if (!write_text_file(part, text)) {
+        return false;
+    }
+    std::error_code problem;
+    std::filesystem::rename(native_path(part), native_path(path), problem);
+    return !problem;
 }

@@ -93,7 +93,9 @@ CLI::Option& add_words(CLI::App& app, const std::string& kind, std::vector<std::
 
 CLI::Option& add_text(CLI::App& app, const std::string& name, std::string& value,
                       const std::string& kind, const std::string& text) {
-    return *app.add_option(name, value, text)->type_name(kind);
+    return *app.add_option(name, value, text)->type_name(kind)->check([](const std::string& word) {
+        return word.empty() ? "takes a word that is not empty" : "";
+    });
 }
 
 CLI::Option& add_checked_text(CLI::App& app, const std::string& name,

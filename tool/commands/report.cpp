@@ -2,6 +2,7 @@
 
 #include "base/native_path.h"
 #include "commands/commands.h"
+#include "commands/new_files.h"
 #include "commands/options.h"
 #include "commands/results_model.h"
 #include "commands/study_input.h"
@@ -69,16 +70,6 @@ ReportSource read_source(const std::string& folder, Problems& problems) {
         }
     }
     return source;
-}
-
-bool replace_file(const std::string& path, const std::string& text) {
-    const std::string part = path + ".part";
-    if (!write_text_file(part, text)) {
-        return false;
-    }
-    std::error_code problem;
-    fs::rename(native_path(part), native_path(path), problem);
-    return !problem;
 }
 
 // Millimetres on paper: one column of a journal, or two for what is seen whole.
@@ -149,15 +140,19 @@ std::string page_directory(const ReportOptions& options) {
     return options.folders.size() == 1 ? folder_word(options.folders[0]) : ".";
 }
 
-// A page outside the results folder that it is about is not replaced unasked.
-bool may_write(const ReportOptions& options, const std::string& page) {
-    const bool own = options.output.empty() && options.folders.size() == 1;
+// No page and no figure that is there is replaced unasked.
+bool may_write(const ReportOptions& options, const std::string& page,
+               const std::string& directory) {
+    const std::string figures = options.figures == FigureFiles::none ? "" : directory + "/figures";
     std::error_code problem;
-    if (own || options.overwrite || !fs::exists(native_path(page), problem)) {
-        return true;
+    for (const std::string& path : {page, figures}) {
+        if (!options.overwrite && !path.empty() && fs::exists(native_path(path), problem)) {
+            print(stderr, "ovri: {} exists; add --overwrite, or name another directory by -o\n",
+                  path);
+            return false;
+        }
     }
-    print(stderr, "ovri: {} exists; name another directory by -o, or add --overwrite\n", page);
-    return false;
+    return true;
 }
 
 int report(const ReportOptions& options) {
@@ -184,7 +179,7 @@ int report(const ReportOptions& options) {
         return kErrorsFound;
     }
     const std::string page = directory == "." ? "report.html" : directory + "/report.html";
-    if (!may_write(options, page)) {
+    if (!may_write(options, page, directory)) {
         return kErrorsFound;
     }
     const std::vector<NamedFigure> figures = report_figures(sources);
@@ -226,7 +221,7 @@ std::function<int()> declare_report(CLI::App& app) {
     add_output(app, options->output,
                "The directory of the page, in place of the results folder (of several: the "
                "current directory).");
-    add_flag(app, "--overwrite", options->overwrite, "Replace a page that is there.");
+    add_flag(app, "--overwrite", options->overwrite, "Replace a page and figures that are there.");
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
     return [options] { return report(*options); };
@@ -247,6 +242,8 @@ with their intervals, the network, the networks simulated at the estimates, good
 of fit where `ovri gof` has been there, a paragraph for a paper, and all that is needed
 to repeat the run. The page needs no network, no script and no other file. Of several
 results it shows the same things side by side, on the same axes.
+
+A page that is there is replaced only by --overwrite.
 
 --figures writes the figures as files, too: 88 mm wide (the network 180 mm), with
 letters that print. PDF and PNG are made by the program rsvg-convert.

@@ -43,6 +43,7 @@ class ResultsFolder {
     std::vector<std::string> failures_;
 };
 
-// Tells that the folder is incomplete, and why; the exit status of that.
-int tell_interrupted(const ResultsFolder& folder);
+// Tells that the folder is incomplete, and why; the exit status of that. `kept` says what is there
+// all the same: "holds the 3 networks drawn so far".
+int tell_interrupted(const ResultsFolder& folder, const std::string& kept = "");
 int tell_failures(const ResultsFolder& folder);

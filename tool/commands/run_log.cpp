@@ -49,3 +49,7 @@ RunLog::RunLog(const std::string& command, const StudyInput& input) {
         line("read: " + note);
     }
 }
+
+std::string interrupted_line(const std::string& kept) {
+    return "interrupted: by Ctrl-C at " + time_text() + "; " + kept;
+}

@@ -16,3 +16,6 @@ class RunLog {
   private:
     std::string text_;
 };
+
+// The line that marks a run that Ctrl-C ended; `kept` is what there is of it.
+std::string interrupted_line(const std::string& kept);

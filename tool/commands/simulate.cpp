@@ -3,11 +3,13 @@
 #include <filesystem>
 
 #include "base/native_path.h"
+#include "commands/command_line.h"
 #include "commands/commands.h"
 #include "commands/model_options.h"
 #include "commands/options.h"
 #include "commands/results_folder.h"
 #include "commands/run_log.h"
+#include "commands/simulated_values.h"
 #include "commands/study_input.h"
 #include "formats/network_writer.h"
 #include "formats/text_file.h"
@@ -38,7 +40,8 @@ struct SimulateOptions {
 
 // What was drawn so far, in the order of the study's effects.
 struct Drawn {
-    std::string rows;  // of sample.csv
+    std::string rows;       // of sample.csv
+    int with_isolates = 0;  // networks in which an actor has no tie
     std::vector<double> sums;
     std::vector<double> squares;  // of deviations from the observed statistics
     StudySimulation simulation;
@@ -65,56 +68,6 @@ const char* extension_of(NetworkFormat format) {
     return "dot";
 }
 
-void set_value(StudyModel& model, const EffectExpression& expression, double value) {
-    for (StudyEffect& effect : model.effects) {
-        if (effects_match(effect.expression, expression)) {
-            (effect.fixed ? effect.fixed : effect.start) = value;
-        }
-    }
-}
-
-// The estimates of a results folder become the values that its model simulates at.
-void take_estimates(const std::string& directory, ModelFile& model) {
-    const std::string path = directory + "/result.json";
-    const TextFile file = read_text_file(path);
-    const auto result = file.ok() ? read_result_json(file.text) : std::nullopt;
-    if (!result) {
-        model.problems.push_back({.file = path,
-                                  .found = file.ok() ? "another document" : "no such file",
-                                  .expected = "the result of `ovri estimate`",
-                                  .mend = "run `ovri estimate` again: the folder is incomplete"});
-        return;
-    }
-    if (result->exit_status != kDone) {
-        print(stderr, "warning: the estimation of {} ended {}: its estimates are not to be used\n",
-              directory, result->verdict);
-    }
-    for (const ResultEffect& effect : result->effects) {
-        if (std::isfinite(effect.estimate)) {
-            set_value(model.model, parse_effect(effect.name).expression, effect.estimate);
-        }
-    }
-}
-
-// "edge=-2": a problem where it is none.
-void take_value(const std::string& text, ModelFile& model) {
-    const std::size_t sign = text.find_last_of('=');
-    const ParsedEffect effect = parse_effect(without_space(text.substr(0, sign)));
-    const std::optional<double> value =
-        sign == std::string::npos ? std::nullopt : number_of(text.substr(sign + 1));
-    const bool known = std::any_of(
-        model.model.effects.begin(), model.model.effects.end(),
-        [&](const StudyEffect& each) { return effects_match(each.expression, effect.expression); });
-    if (!value || !effect.ok() || !known) {
-        model.problems.push_back({.field = "--values",
-                                  .found = shown_text(text),
-                                  .expected = "EFFECT=VALUE of an effect of the model",
-                                  .mend = "write it as in --values 'edge=-2,AT(2)=0.5'"});
-        return;
-    }
-    set_value(model.model, effect.expression, *value);
-}
-
 ModelFile read_model(const SimulateOptions& options) {
     const std::string& word = options.model.model;
     const bool folder = !word.empty() && std::filesystem::is_directory(native_path(word));
@@ -123,16 +76,16 @@ ModelFile read_model(const SimulateOptions& options) {
     ModelFile model = model_of(words);
     if (folder && model.ok()) {
         take_estimates(word, model);
+        // The estimation's seed is its own.
+        model.settings.run.seed = options.model.seed;
     }
-    for (const EffectText& each : split_effects(options.values)) {
-        if (!options.values.empty()) {
-            take_value(each.text, model);
-        }
-    }
+    take_values(options.values, model);
     StudySampling& sampling = model.settings.simulation;
     sampling.samples = static_cast<int>(options.samples.value_or(sampling.samples));
     sampling.burn_in = options.burn_in.value_or(sampling.burn_in);
     sampling.interval = options.interval.value_or(sampling.interval);
+    model.simulation_format =
+        options.format.value_or(model.simulation_format.value_or(NetworkFormat::edge_list));
     return model;
 }
 
@@ -149,6 +102,21 @@ void check_values(StudyInput& input) {
                  .mend = "write `start` under [model] or add --values, or estimate the model and "
                          "simulate its results folder"});
         }
+    }
+}
+
+// Names that no two actors may share once they are written.
+void check_names(StudyInput& input) {
+    const NetworkFormat format = *input.model.simulation_format;
+    const std::string name = clashing_name(input.files.study.network, format);
+    if (!name.empty()) {
+        input.problems.push_back(
+            {.file = input.model.network.file,
+             .field = "actor " + shown_text(name),
+             .found = std::string("the name of two actors in the format ") +
+                      network_format_name(format) + ", which has no sign for quotation marks",
+             .expected = "a name for each actor",
+             .mend = "mend the name, or take another format: --format graphml"});
     }
 }
 
@@ -171,6 +139,15 @@ void take_sample(const StudySample& sample, Drawn& drawn) {
     ++drawn.simulation.samples;
 }
 
+bool has_isolates(const StudyNetwork& network, const std::vector<ActorTie>& ties) {
+    std::vector<char> tied(network.actors.size(), 0);
+    for (const ActorTie& tie : ties) {
+        tied[static_cast<std::size_t>(tie.from)] = 1;
+        tied[static_cast<std::size_t>(tie.to)] = 1;
+    }
+    return std::find(tied.begin(), tied.end(), 0) != tied.end();
+}
+
 Drawn draw(StudyInput& input, std::uint32_t seed, const SimulateOptions& options,
            ResultsFolder& folder) {
     Drawn drawn;
@@ -181,10 +158,11 @@ Drawn draw(StudyInput& input, std::uint32_t seed, const SimulateOptions& options
         display.emplace(progress, stderr);
     }
     StudyNetwork network = input.files.study.network;
-    const NetworkFormat format = options.format.value_or(NetworkFormat::edge_list);
+    const NetworkFormat format = *input.model.simulation_format;
     const auto visit = [&](const StudySample& sample) {
         take_sample(sample, drawn);
         network.ties = sample.ties;
+        drawn.with_isolates += has_isolates(network, sample.ties) ? 1 : 0;
         folder.write(fmt::format("networks/{:04}.{}", sample.number + 1, extension_of(format)),
                      network_text(network, format));
         progress.stop = progress.stop || !folder.failures().empty();
@@ -231,36 +209,90 @@ void show(const ResultRecord& result, const std::string& sample, const SimulateO
     } else if (options.csv) {
         print(stdout, "{}", sample);
     } else {
-        print(stdout, "{}\n{} networks, seed {}\nresults: {}\n", simulation_table(result),
-              options.samples.value_or(0), result.seed, folder.directory());
+        print(stdout, "{}\n{}, seed {}\nresults: {}\n", simulation_table(result),
+              counted(static_cast<int>(options.samples.value_or(0)), "network"), result.seed,
+              folder.directory());
     }
+}
+
+// What the networks' files leave out or write otherwise, with the way to keep it: a nodes file for
+// edge lists, the model's own or one beside the networks.
+std::vector<std::string> losses(const StudyInput& input, const Drawn& drawn,
+                                ResultsFolder& folder) {
+    std::vector<std::string> notes;
+    const NetworkFormat format = *input.model.simulation_format;
+    const StudyNetwork& network = input.files.study.network;
+    if (format == NetworkFormat::edge_list && drawn.with_isolates > 0) {
+        std::string nodes = input.model.network.nodes;
+        if (nodes.empty() || nodes == "-") {
+            folder.write("nodes.csv", nodes_text(network.actors));
+            nodes = folder.path("nodes.csv");
+        }
+        notes.push_back(fmt::format(
+            "{} of {} {} actors without ties, whom an edge list leaves out: read them with --nodes "
+            "{}",
+            drawn.with_isolates, counted(drawn.simulation.samples, "network"),
+            drawn.with_isolates == 1 ? "has" : "have", shell_word(nodes)));
+    }
+    if (const auto changed = changed_names(network, format); !changed.empty()) {
+        notes.push_back(
+            fmt::format("{} has no sign for quotation marks and line ends in names: "
+                        "apostrophes and blanks stand in their place, as in that of {}",
+                        network_format_name(format), shown_text(changed.front())));
+    }
+    return notes;
+}
+
+// What the chain chose becomes the model's, so that model.toml says all.
+void settle_sampling(const Drawn& drawn, StudyInput& input) {
+    StudySampling& sampling = input.files.study.settings.simulation;
+    sampling.burn_in = drawn.simulation.burn_in;
+    sampling.interval = drawn.simulation.interval;
 }
 
 int run_study(StudyInput& input, const SimulateOptions& options, ResultsFolder& folder) {
     const std::uint32_t seed = settle_seed(input);
-    RunLog log("ovri simulate " + model_words(options.model), input);
+    RunLog log(command_text(), input);
     write_model(settled_model(input), input, folder);
+    folder.write("run.log", log.text());
     if (!folder.make("networks")) {
         return tell_failures(folder);
     }
     const Drawn drawn = draw(input, seed, options, folder);
     const std::string sample = sample_head(input.resolved.names) + drawn.rows;
-    log.line(fmt::format("drawn: {} networks, burn-in {}, interval {}", drawn.simulation.samples,
-                         drawn.simulation.burn_in, drawn.simulation.interval));
+    for (const std::string& note : losses(input, drawn, folder)) {
+        log.line("warning: " + note);
+        if (!options.quiet) {
+            print(stderr, "{}: {}\n", folder.path("networks"), note);
+        }
+    }
+    if (drawn.interrupted && folder.failures().empty()) {
+        log.line(interrupted_line(counted(drawn.simulation.samples, "network") + " drawn"));
+    } else if (!drawn.interrupted) {
+        settle_sampling(drawn, input);
+        write_model(settled_model(input), input, folder);
+        log.line(fmt::format("drawn: {}, seed {}, burn-in {}, interval {}",
+                             counted(drawn.simulation.samples, "network"), seed,
+                             drawn.simulation.burn_in, drawn.simulation.interval));
+    }
     folder.write("sample.csv", sample);
     folder.write("run.log", log.text());
     if (!folder.failures().empty()) {
         return tell_failures(folder);
     }
     if (drawn.interrupted) {
-        return tell_interrupted(folder);
+        return tell_interrupted(
+            folder, "holds " + counted(drawn.simulation.samples, "network") + " drawn so far");
     }
     const ResultRecord result = result_of(drawn, input, seed);
     folder.finish(result_json(result));
+    if (!folder.failures().empty()) {
+        return tell_failures(folder);
+    }
     SimulateOptions shown = options;
     shown.samples = static_cast<std::uint32_t>(drawn.simulation.samples);
     show(result, sample, shown, folder);
-    return !folder.failures().empty() || lost_output(stdout) ? tell_failures(folder) : kDone;
+    return lost_output(stdout) ? tell_failures(folder) : kDone;
 }
 
 std::string name_of(const SimulateOptions& options) {
@@ -282,6 +314,7 @@ int simulate(const SimulateOptions& options) {
     StudyInput input = read_study(read_model(options));
     if (input.ok()) {
         check_values(input);
+        check_names(input);
     }
     if (!input.ok()) {
         tell_problems(input.problems, screen);
@@ -310,7 +343,7 @@ std::function<int()> declare_simulate(CLI::App& app) {
     add_number(app, "--interval", options->interval, "Proposals from one network to the next.");
     add_format(app, "--format", options->format, "Format of the networks.");
     add_folder(app, options->folder);
-    add_forms(app, options->json, options->csv);
+    add_forms(app, options->json, options->csv, "result.json", "sample.csv");
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
     return [options] { return simulate(*options); };
@@ -330,7 +363,9 @@ extern const Command kSimulateCommand = {.name = "simulate",
 MODEL is a model file whose effects have start or fixed values, or a results folder of
 `ovri estimate`: then its estimates are the values. The chain begins at the network
 that the model names. Networks go to networks/ in the results folder, their
-statistics to sample.csv.
+statistics to sample.csv. An edge list leaves out actors without ties: where a network
+has some, nodes.csv beside networks/ holds all actors, unless the model has a nodes
+file. Without --seed one is chosen: the seed in a results folder is the estimation's.
 
 Standard output takes a table of values and simulated statistics; --csv prints
 sample.csv in its place.

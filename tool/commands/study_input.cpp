@@ -6,6 +6,7 @@
 #include "formats/model_writer.h"
 #include "run/memory_estimate.h"
 #include "study/estimability.h"
+#include "study/monte_carlo_likelihood.h"
 #include "study/names.h"
 #include "study/study_estimate.h"
 #include "terminal/machine.h"
@@ -92,10 +93,10 @@ std::vector<std::string> files_of(const ModelFile& model) {
 
 std::string network_summary(const StudyInput& input) {
     const ResultNetwork network = result_network(input);
-    return fmt::format("{} actors, {} {}, {} without ties, density {:.4f}, {}", network.actors,
-                       network.ties, network.directed ? "arcs" : "ties",
-                       input.files.counts.isolates, network.density,
-                       network.directed ? "directed" : "undirected");
+    return fmt::format(
+        "{}, {}, {} without ties, density {:.4f}, {}", counted(network.actors, "actor"),
+        counted(network.ties, network.directed ? "arc" : "tie"), input.files.counts.isolates,
+        network.density, network.directed ? "directed" : "undirected");
 }
 
 void tell_notes(const StudyInput& input, const Screen& out) {
@@ -123,6 +124,7 @@ std::uint32_t settle_seed(StudyInput& input) {
 ModelFile settled_model(const StudyInput& input) {
     ModelFile model = input.model;
     model.settings = input.files.study.settings;
+    model.settings.estimation.precision = wanted_precision(input.files.study);
     model.network.options.format = input.files.format;
     model.network.options.directed = input.files.study.network.directed;
     settle_types(input.files.study, model);

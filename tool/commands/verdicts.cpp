@@ -55,15 +55,22 @@ constexpr Replacement kReplacements[] = {
     {"2-out-star", "AoutS(2)", "AoutS(2)"}, {"triangle", "AT(2)", "AT-T(2)"},
     {"030T", "AT-T(2)", "AT-T(2)"}};
 
+bool is_held(const StudyModel& model, std::size_t effect) {
+    return effect < model.effects.size() && model.effects[effect].fixed.has_value();
+}
+
 // The model with alternating effects in place of plain counts; the same when it has none of those.
-Names tamed(const Names& names, bool directed) {
+// An effect that is held stays as it is.
+Names tamed(const Names& names, const StudyInput& input) {
+    const bool directed = input.files.study.network.directed;
     const Names known = effect_names(directed ? NetworkKind::directed : NetworkKind::undirected);
     Names effects;
-    for (const std::string& name : names) {
-        std::string taken = name;
+    for (std::size_t k = 0; k < names.size(); ++k) {
+        std::string taken = names[k];
         for (const Replacement& each : kReplacements) {
             const std::string other = directed ? each.directed : each.undirected;
-            if (names_match(name, each.count) && has(known, other.substr(0, other.find('(')))) {
+            if (!is_held(input.model.model, k) && names_match(names[k], each.count) &&
+                has(known, other.substr(0, other.find('(')))) {
                 taken = other;
             }
         }
@@ -74,12 +81,12 @@ Names tamed(const Names& names, bool directed) {
     return effects;
 }
 
-// Alternating effects with a lambda half as large again.
+// Alternating effects with a lambda half as large again, but for those that are held.
 Names softened(const Names& names, const StudyModel& model) {
     Names effects = names;
     for (std::size_t k = 0; k < effects.size() && k < model.effects.size(); ++k) {
         EffectExpression expression = model.effects[k].expression;
-        if (expression.lambda) {
+        if (expression.lambda && !is_held(model, k)) {
             expression.name = effects[k].substr(0, effects[k].find('('));
             expression.lambda = *expression.lambda * 1.5;
             effects[k] = effect_text(expression);
@@ -88,8 +95,9 @@ Names softened(const Names& names, const StudyModel& model) {
     return effects;
 }
 
-std::string with_effects(const std::string& words, const Names& effects) {
-    return "ovri estimate " + words + " --effects " + shell_word(joined(effects));
+std::string with_effects(const AdviceWords& words, const Names& effects) {
+    return "ovri estimate " + words.model + " --effects " + shell_word(joined(effects)) +
+           (words.method.empty() ? "" : " --method " + words.method);
 }
 
 const EstimationAttempt* used_attempt(const StudyEstimate& estimate) {
@@ -117,17 +125,17 @@ void add_imprecise_reasons(const StudyEstimate& estimate, const StudyInput& inpu
                         "test: p = {:.3f})",
                         estimate.diagnosis.hotelling_p_value));
     }
-    reasons.push_back(
-        fmt::format("the search ended after {} runs of the chains", estimate.diagnosis.runs));
+    reasons.push_back(fmt::format("the search ended after {} of the chains",
+                                  counted(estimate.diagnosis.runs, "run")));
 }
 
 void add_unconverged_reasons(const StudyEstimate& estimate, Names& reasons) {
     for (const int effect : estimate.faulty) {
         const EffectEstimate& each = estimate.effects[static_cast<std::size_t>(effect)];
-        reasons.push_back(
-            fmt::format("the t-ratio of `{}` is {:.3f} after {} runs, not below 0.1 "
-                        "in size",
-                        each.name, each.t_ratio, estimate.attempts.size()));
+        reasons.push_back(fmt::format(
+            "the t-ratio of `{}` is {:.3f} after {}, not below 0.1 "
+            "in size",
+            each.name, each.t_ratio, counted(static_cast<int>(estimate.attempts.size()), "run")));
     }
     const EstimationAttempt* used = used_attempt(estimate);
     if (used != nullptr && used->autocorrelation > 0.4) {
@@ -137,15 +145,20 @@ void add_unconverged_reasons(const StudyEstimate& estimate, Names& reasons) {
 }
 
 void add_unconverged_advice(const StudyEstimate& estimate, const StudyInput& input,
-                            const std::string& words, Names& advice) {
+                            const AdviceWords& words, Names& advice) {
     const Names& names = input.resolved.names;
     const int longest = estimate.attempts.empty() ? 30 : estimate.attempts.back().multiplication;
-    const std::string model = words + " --effects " + shell_word(joined(names));
-    const std::string method =
-        estimate.attempts.empty() ? " --method stochastic-approximation" : "";
-    advice.push_back(fmt::format("ovri estimate {}{} --multiplication {} --attempts 20", model,
-                                 method, std::max(longest, 30) * 2));
-    const Names calm = tamed(names, input.files.study.network.directed);
+    const StudyModel& model = input.model.model;
+    const bool holds = std::any_of(model.effects.begin(), model.effects.end(),
+                                   [](const StudyEffect& each) { return each.fixed.has_value(); });
+    // Stochastic approximation holds no parameter.
+    if (!holds) {
+        advice.push_back(
+            fmt::format("ovri estimate {} --effects {} --method stochastic-approximation "
+                        "--multiplication {} --attempts 20",
+                        words.model, shell_word(joined(names)), std::max(longest, 30) * 2));
+    }
+    const Names calm = tamed(names, input);
     if (calm != names) {
         advice.push_back(with_effects(words, calm));
     }
@@ -213,7 +226,7 @@ void add_dependence_reasons(const StudyEstimate& estimate, const StudyInput& inp
 }
 
 void add_dependence_advice(const StudyEstimate& estimate, const StudyInput& input,
-                           const std::string& words, Names& advice) {
+                           const AdviceWords& words, Names& advice) {
     const Names& names = input.resolved.names;
     Names left_out = names_of(estimate.dependent, input);
     for (const InfiniteEstimate& each : estimate.infinite) {
@@ -250,9 +263,9 @@ void add_degenerate_reasons(const StudyEstimate& estimate, const StudyInput& inp
 }
 
 void add_degenerate_advice(const StudyEstimate& estimate, const StudyInput& input,
-                           const std::string& words, Names& advice) {
+                           const AdviceWords& words, Names& advice) {
     const Names& names = input.resolved.names;
-    const Names calm = tamed(names, input.files.study.network.directed);
+    const Names calm = tamed(names, input);
     if (calm != names) {
         advice.push_back(with_effects(words, calm));
     }
@@ -285,11 +298,21 @@ int verdict_status(StudyVerdict verdict) {
 
 std::vector<std::string> verdict_reasons(const StudyEstimate& estimate, const StudyInput& input) {
     Names reasons;
+    const double limit = input.files.study.settings.estimation.time_limit;
+    const bool ended = estimate.verdict == StudyVerdict::not_converged ||
+                       estimate.verdict == StudyVerdict::degenerate;
+    if (ended && limit > 0.0 && estimate.seconds >= limit) {
+        reasons.push_back(
+            fmt::format("the time limit of {} seconds was reached", number_text(limit)));
+    }
     switch (estimate.verdict) {
         case StudyVerdict::converged:
             break;
         case StudyVerdict::not_converged:
-            if (estimate.diagnosis.chains > 0) {
+            if (estimate.method == EstimationMethod::mcmle && !estimate.exact &&
+                estimate.diagnosis.chains == 0) {
+                reasons.push_back("the search ended before anything was found");
+            } else if (estimate.diagnosis.chains > 0) {
                 add_imprecise_reasons(estimate, input, reasons);
             } else if (estimate.exact || estimate.method == EstimationMethod::mple) {
                 reasons.push_back("the likelihood has no maximum that could be found");
@@ -308,7 +331,7 @@ std::vector<std::string> verdict_reasons(const StudyEstimate& estimate, const St
 }
 
 std::vector<std::string> verdict_advice(const StudyEstimate& estimate, const StudyInput& input,
-                                        const std::string& words) {
+                                        const AdviceWords& words) {
     Names advice;
     switch (estimate.verdict) {
         case StudyVerdict::converged:
@@ -323,9 +346,15 @@ std::vector<std::string> verdict_advice(const StudyEstimate& estimate, const Stu
             add_degenerate_advice(estimate, input, words, advice);
             break;
     }
+    const Names& names = input.resolved.names;
+    std::erase(advice, with_effects(words, names));
+    const Names ties = {input.files.study.network.directed ? "arc" : "edge"};
+    if (estimate.all_alike != 0 || (advice.empty() && names == ties)) {
+        // No model of these ties can be estimated: the check tells what is there.
+        return {"ovri check " + words.model + " --effects " + shell_word(joined(names))};
+    }
     if (advice.empty()) {
-        advice.push_back("ovri estimate " + words + " --effects " +
-                         (input.files.study.network.directed ? "arc" : "edge"));
+        advice.push_back(with_effects(words, ties));
     }
     return advice;
 }

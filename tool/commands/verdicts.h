@@ -14,7 +14,13 @@ int verdict_status(StudyVerdict verdict);
 // One sentence a reason; none for an estimation that converged.
 std::vector<std::string> verdict_reasons(const StudyEstimate& estimate, const StudyInput& input);
 
-// Commands to paste, in the order to try them; none for an estimation that converged. `words` name
-// the model: see model_words.
+// What the commands of an advice are made of.
+struct AdviceWords {
+    std::string model;   // see model_words
+    std::string method;  // that the command line asked for; empty without
+};
+
+// Commands to paste, in the order to try them; none for an estimation that converged. None of them
+// is the one that has just failed, and a parameter that is held stays so.
 std::vector<std::string> verdict_advice(const StudyEstimate& estimate, const StudyInput& input,
-                                        const std::string& words);
+                                        const AdviceWords& words);

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "encyclopaedia/effect_article.h"
+#include "formats/csv.h"
 
 namespace {
 
@@ -132,4 +133,14 @@ std::string effect_document(const std::vector<const EffectEntry*>& entries) {
         document["effects"].push_back(effect_fields(*entry));
     }
     return document.dump(2) + "\n";
+}
+
+std::string effect_csv(const std::vector<const EffectEntry*>& entries) {
+    std::string text = "name,kind,data,written,meaning\n";
+    for (const EffectEntry* entry : entries) {
+        text += csv_field(entry->facts.name) + "," + kind_name(entry->kind) + "," +
+                group_key(*entry) + "," + csv_field(written_name(*entry)) + "," +
+                csv_field(entry->facts.meaning) + "\n";
+    }
+    return text;
 }
