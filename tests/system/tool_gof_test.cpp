@@ -163,6 +163,7 @@ TEST_F(ToolGof, AFolderOfItsOwnIsWhole) {
               0)
         << result.err;
     EXPECT_EQ(document("fit/result.json")["command"], "gof");
+    EXPECT_EQ(document_faults(scratch.read("fit/result.json")), std::vector<std::string>());
     EXPECT_EQ(document("fit/result.json")["effects"],
               document("club.results/result.json")["effects"]);
     EXPECT_NE(scratch.read("fit/run.log")
