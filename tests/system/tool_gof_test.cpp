@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "support/club.h"
+#include "support/json_schema.h"
 
 namespace {
 
