@@ -1,6 +1,6 @@
 #include "batch/digest.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "show/document_pieces.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cmath>
 #include <nlohmann/json.hpp>

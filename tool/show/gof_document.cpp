@@ -1,6 +1,6 @@
 #include "show/gof_document.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <array>
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 #include "show/known_answer_table.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "show/report_page.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>

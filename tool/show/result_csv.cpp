@@ -1,6 +1,6 @@
 #include "show/result_csv.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <array>
 

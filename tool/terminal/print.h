@@ -1,7 +1,7 @@
 // Text for people.
 #pragma once
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cstdio>
 #include <string>

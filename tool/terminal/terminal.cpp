@@ -1,6 +1,6 @@
 #include "terminal/terminal.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cstdlib>
 #include <string_view>
