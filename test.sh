@@ -87,15 +87,6 @@ run_tests() {
          }' "$log"
 }
 
-# Every file that the Release build compiles outside the tests, the longest first, so that both ends
-# of the queue are done at the same time.
-analyse() {
-    sed -n 's|^ *"file": "\(.*\)",*$|\1|p' build/compile_commands.json |
-        grep -E "^$PWD/(src|formats|pictures|tool)/" | sort -u | xargs -d '\n' stat -c '%s %n' | sort -rn |
-        cut -d ' ' -f 2- | xargs -d '\n' -n 1 -P "$jobs" clang-tidy --quiet -p build
-    echo "No findings."
-}
-
 check_formatting() {
     find src formats pictures tool tests bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
         xargs -0 -n 16 -P "$jobs" clang-format --dry-run --Werror
@@ -127,7 +118,8 @@ else
     step "Windows build, for the tests of ovri.dll and ovri.exe"
     tests/platforms.sh --build-only
     step "Static analysis"
-    analyse
+    scripts/analyse.sh build
+    echo "No findings."
     step "Tests, Release"
     run_tests release build
     step "Sanitizer build"
