@@ -25,12 +25,17 @@ cmake --build "$build" --parallel "$(nproc)" --target ovri_fuzz write_seeds >/de
 "$build/tests/write_seeds" "$build/seeds"
 mkdir -p "$build/findings"
 
+# Most of the time of a small input goes into the stacks that the address sanitizer keeps of each piece
+# of memory and into pieces that it holds back for long.
+export ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=8
+
 fuzz() {
-    local target=$1 log=$build/$1.log status=0
+    local target=$1 log=$build/$1.log status=0 longest=1000
+    [ "$target" != setup ] || longest=6000
     mkdir -p "$build/corpus/$target"
     OVRI_FUZZ_TARGET=$target UBSAN_OPTIONS=print_stacktrace=1 \
         "$build/tests/ovri_fuzz" -max_total_time="$seconds" -timeout=60 -rss_limit_mb=4096 \
-        -max_len=20000 -print_final_stats=1 -artifact_prefix="$build/findings/$target-" \
+        -max_len="$longest" -reload=0 -print_final_stats=1 -artifact_prefix="$build/findings/$target-" \
         "$build/corpus/$target" "$build/seeds/$target" >"$log" 2>&1 || status=$?
     printf '%-14s %12s executions, %s\n' "$target" \
         "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \

@@ -220,8 +220,9 @@ std::vector<double> sample_column(const Matrix& samples, int column) {
 }
 
 double autocorrelation_time(const std::vector<double>& values, int chains) {
-    const std::size_t length = values.size() / static_cast<std::size_t>(std::max(chains, 1));
-    const std::size_t count = length * static_cast<std::size_t>(std::max(chains, 1));
+    const std::size_t parts = chains > 1 ? static_cast<std::size_t>(chains) : 1;
+    const std::size_t length = values.size() / parts;
+    const std::size_t count = length * parts;
     const double mean = mean_of(values.data(), count);
     const auto covariance = [&](std::size_t lag) {
         double sum = 0.0;
@@ -231,7 +232,7 @@ double autocorrelation_time(const std::vector<double>& values, int chains) {
             }
         }
         // Each lag has fewer pairs than values: one less in every chain.
-        const std::size_t pairs = count - lag * (count / length);
+        const std::size_t pairs = count - lag * parts;
         return sum / static_cast<double>(pairs);
     };
     if (length == 0) {

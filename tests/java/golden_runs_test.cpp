@@ -10,6 +10,10 @@ namespace {
 class GoldenRunInJava : public JavaTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(GoldenRunInJava, LeavesTheBytesOfTheDirectCall) {
+    if (kSanitized) {
+        GTEST_SKIP()
+            << "under the sanitizers the golden runs are made directly, and in one Java machine";
+    }
     const ScratchDirectory scratch;
     const auto direct = scratch.path() / "direct";
     const auto java = scratch.path() / "java";
