@@ -65,11 +65,7 @@ void take_draw(StudyEstimate& estimate, const ChainDraw& draw, const DrawFrame& 
 void take_pool(StudyEstimate& estimate, const ChainDraw& draw, const EstimatePool& pool,
                const DrawFrame& frame, int runs) {
     take_draw(estimate, draw, frame, runs);
-    Matrix covariance = pool.covariance;
-    for (double& cell : covariance.cells) {
-        cell /= pool.total;
-    }
-    const auto lower = cholesky(covariance);
+    const auto lower = cholesky(pool.covariance());
     Matrix inverse = lower ? cholesky_inverse(*lower) : draw.inverse;
     for (std::size_t k = 0; k < frame.free.size(); ++k) {
         const int at = static_cast<int>(k);

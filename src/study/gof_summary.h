@@ -7,7 +7,7 @@
 #include "study/study_gof.h"
 
 // The quantile of ascending values with `zeros` further values of 0 sorted among them, none of the
-// values negative; linear between neighbours. NaN without any.
+// values negative if there are; linear between neighbours. NaN without any.
 double quantile_with_zeros(std::span<const double> ascending, std::size_t zeros, double share);
 
 // Two-sided Monte Carlo p-value: twice the smaller share of samples on either side, the observed

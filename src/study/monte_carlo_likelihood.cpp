@@ -292,8 +292,7 @@ class Search {
             weighted_step(deviations(draw, frame_), aim, step);
         series.at = moved(draw.parameters, frame_, exact_step.value_or(step));
         if (near && exact_step) {
-            series.pool.add(draw, chosen(series.at),
-                            submatrix(draw.moments.covariance, frame_.free));
+            series.pool.add(draw, frame_, chosen(series.at));
             series.at = pooled(series.pool, series.at);
         } else {
             series.pool = {};
@@ -303,16 +302,26 @@ class Search {
 
     bool arrived(const EstimatePool& pool, const ChainDraw& draw) const {
         return !pool.empty() && draw.p_value >= kPasses && pool.largest_error() <= precision_ &&
-               largest_t_ratio(draw, frame_) < kConverged;
+               largest_t_ratio(draw, frame_) < kConverged &&
+               (!cheap() || pool.total() >= kInformed / (precision_ * precision_));
+    }
+
+    // Standard errors need more samples than estimates, where a fraction of a second gives them:
+    // with so many times what the precision asks for, they are within some hundredths of
+    // themselves.
+    static constexpr double kInformed = 2.5;
+    bool cheap() const {
+        constexpr double kCheap = 1e6;
+        return estimate_.proposals < kCheap;
     }
 
     // Independent samples of the next run once the end is near: half of what the precision asks
     // for, as two runs or more are averaged; what is missing of it; and never so few that they
     // could not tell where the average is.
     double next_worth(const EstimatePool& pool) const {
-        const double all = 1.3 / (precision_ * precision_);
-        const double missing = pool.empty() ? all : all - pool.total;
-        return std::max({kCoarse, std::min(0.5 * all, missing), 0.3 * pool.total});
+        const double all = (cheap() ? 1.1 * kInformed : 1.3) / (precision_ * precision_);
+        const double missing = pool.empty() ? all : all - pool.total();
+        return std::max({kCoarse, std::min(0.5 * all, missing), 0.3 * pool.total()});
     }
 
     void restart() {

@@ -360,7 +360,6 @@ void find_estimates(const Study& study, StudySelection& resolved, StudyChain<Net
             estimate.verdict = StudyVerdict::not_converged;
         }
     }
-    add_likelihood(study, resolved, estimate, progress);
 }
 
 template <class Network>
@@ -451,6 +450,20 @@ Problems estimation_problems(const Study& study) {
 
 StudyEstimate study_estimate(const Study& study, StudySelection& resolved, std::uint32_t seed,
                              RunProgress& progress) {
+    const Clock::time_point begin = Clock::now();
+    StudyEstimate estimate = study_estimate_alone(study, resolved, seed, progress);
+    try {
+        add_likelihood(study, resolved, estimate, progress);
+    } catch (const RunStopped&) {
+        estimate.interrupted = true;
+        estimate.verdict = StudyVerdict::not_converged;
+    }
+    estimate.seconds = seconds_since(begin);
+    return estimate;
+}
+
+StudyEstimate study_estimate_alone(const Study& study, StudySelection& resolved, std::uint32_t seed,
+                                   RunProgress& progress) {
     return study.network.directed ? estimate_model<Digraph>(study, resolved, seed, progress)
                                   : estimate_model<Graph>(study, resolved, seed, progress);
 }

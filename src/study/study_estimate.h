@@ -119,3 +119,6 @@ Problems estimation_problems(const Study& study);
 // estimates yet.
 StudyEstimate study_estimate(const Study& study, StudySelection& resolved, std::uint32_t seed,
                              RunProgress& progress);
+// The same without the log-likelihood of a model that was simulated.
+StudyEstimate study_estimate_alone(const Study& study, StudySelection& resolved, std::uint32_t seed,
+                                   RunProgress& progress);

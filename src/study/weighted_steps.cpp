@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 #include "study/positive_matrix.h"
 
@@ -97,30 +98,44 @@ std::optional<std::vector<double>> weighted_step(const Matrix& deviation,
     return std::nullopt;
 }
 
-void EstimatePool::add(const ChainDraw& draw, const std::vector<double>& estimate,
-                       const Matrix& part) {
-    const double effective = draw.effective();
-    if (weighted.empty()) {
-        weighted.assign(estimate.size(), 0.0);
-        worth.assign(estimate.size(), 0.0);
-        covariance = matrix_create(part.rows, part.columns, 0.0);
-    }
+void EstimatePool::add(const ChainDraw& draw, const DrawFrame& frame,
+                       const std::vector<double>& estimate) {
+    Part part{{}, deviations(draw, frame), draw.effective()};
+    weighted_.resize(estimate.size(), 0.0);
+    worth_.resize(estimate.size(), 0.0);
     for (std::size_t k = 0; k < estimate.size(); ++k) {
-        weighted[k] += draw.effective(k) * estimate[k];
-        worth[k] += draw.effective(k);
+        part.at.push_back(draw.parameters[static_cast<std::size_t>(frame.free[k])]);
+        weighted_[k] += draw.effective(k) * estimate[k];
+        worth_[k] += draw.effective(k);
     }
-    for (std::size_t cell = 0; cell < part.cells.size(); ++cell) {
-        covariance.cells[cell] += effective * part.cells[cell];
-    }
-    total += effective;
+    total_ += part.effective;
+    parts_.push_back(std::move(part));
 }
 
-double EstimatePool::error(std::size_t k) const { return 1.0 / std::sqrt(worth[k]); }
+double EstimatePool::error(std::size_t k) const { return 1.0 / std::sqrt(worth_[k]); }
 
 double EstimatePool::largest_error() const {
     double largest = 0.0;
-    for (std::size_t k = 0; k < worth.size(); ++k) {
+    for (std::size_t k = 0; k < worth_.size(); ++k) {
         largest = std::max(largest, error(k));
     }
     return largest;
+}
+
+Matrix EstimatePool::covariance() const {
+    const auto q = static_cast<int>(worth_.size());
+    Matrix sum = matrix_create(q, q, 0.0);
+    for (const Part& part : parts_) {
+        std::vector<double> step;
+        for (std::size_t k = 0; k < worth_.size(); ++k) {
+            step.push_back(value(k) - part.at[k]);
+        }
+        SampleWeights weights{std::vector<double>(static_cast<std::size_t>(part.deviation.rows))};
+        weigh(weights, part.deviation, step);
+        const Matrix covariance = weighted_moments(part.deviation, weights).covariance;
+        for (std::size_t cell = 0; cell < sum.cells.size(); ++cell) {
+            sum.cells[cell] += part.effective / total_ * covariance.cells[cell];
+        }
+    }
+    return sum;
 }

@@ -18,17 +18,31 @@ std::optional<std::vector<double>> weighted_step(const Matrix& deviation,
                                                  std::vector<double> step);
 
 // Estimates of several runs of the chains, each weighted by what its samples are worth.
-struct EstimatePool {
-    std::vector<double> weighted;  // sum of worth x estimate, of each estimated effect
-    std::vector<double> worth;
-    Matrix covariance;  // of the statistics: sum of worth x covariance
-    double total = 0.0;
+class EstimatePool {
+  public:
+    // The q estimates that a draw led to.
+    void add(const ChainDraw& draw, const DrawFrame& frame, const std::vector<double>& estimate);
 
-    // The q estimates that a draw led to, and the q x q covariance of its statistics.
-    void add(const ChainDraw& draw, const std::vector<double>& estimate, const Matrix& part);
-    bool empty() const { return weighted.empty(); }
-    double value(std::size_t k) const { return weighted[k] / worth[k]; }
+    bool empty() const { return parts_.empty(); }
+    double total() const { return total_; }  // independent samples
+    double value(std::size_t k) const { return weighted_[k] / worth_[k]; }
     // Monte Carlo error in standard errors.
     double error(std::size_t k) const;
     double largest_error() const;
+    // The statistics' covariance (q x q) at the pool's estimates: that of every draw's samples,
+    // weighted by the ratio of likelihoods. Where statistics are skewed it differs much between
+    // points a few hundredths of a standard error apart.
+    Matrix covariance() const;
+
+  private:
+    // A draw: where it was made (q), its samples' deviations, how many independent ones they are.
+    struct Part {
+        std::vector<double> at;
+        Matrix deviation;
+        double effective = 0.0;
+    };
+    std::vector<Part> parts_;
+    std::vector<double> weighted_;  // sum of worth x estimate, of each estimated effect
+    std::vector<double> worth_;
+    double total_ = 0.0;
 };

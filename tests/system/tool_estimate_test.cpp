@@ -57,6 +57,33 @@ std::vector<double> numbers_of(const Json& result, const char* key) {
 
 }  // namespace
 
+TEST_F(ToolEstimate, BootstrapTellsPercentilesAndIsTheSameOnAnyNumberOfThreads) {
+    const std::vector<std::string> words = {"friends.toml", "--effects", "edge", "--bootstrap",
+                                            "40"};
+    const auto with_threads = [&](const char* threads, const char* folder) {
+        std::vector<std::string> all = words;
+        all.insert(all.end(), {"--threads", threads, "-o", folder});
+        EXPECT_EQ(estimate(all).status, 0) << result.err;
+        return scratch.read(std::string(folder) + "/bootstrap.csv");
+    };
+    const std::string one = with_threads("1", "one");
+    EXPECT_TRUE(out_says("bootstrap: 40 networks of the model, 40 converged")) << result.out;
+    EXPECT_TRUE(out_says("log-likelihood ")) << result.out;
+    EXPECT_TRUE(one.starts_with("replicate,verdict,edge\n1,converged,")) << one;
+    EXPECT_EQ(one, with_threads("3", "three"));
+    const Json bootstrap = document("one")["bootstrap"];
+    EXPECT_EQ(bootstrap["replicates"], 40);
+    const Json& edge = bootstrap["effects"][0];
+    EXPECT_LT(edge["lower"].get<double>(), edge["mean"].get<double>());
+    EXPECT_GT(edge["upper"].get<double>(), edge["mean"].get<double>());
+    EXPECT_GT(edge["coverage"].get<double>(), 0.8);
+    const Json likelihood = document("one")["likelihood"];
+    EXPECT_DOUBLE_EQ(likelihood["deviance"].get<double>(),
+                     -2.0 * likelihood["value"].get<double>());
+    estimate({"friends.toml", "-o", "none"});
+    EXPECT_TRUE(document("none")["bootstrap"].is_null());
+}
+
 TEST_F(ToolEstimate, ShowsATableAVerdictAndTheResultsFolder) {
     estimate({"friends.toml"});
     ASSERT_EQ(result.status, 0) << result.out << result.err;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "commands/bootstrap.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
 #include "commands/estimate.h"
@@ -27,6 +28,7 @@ struct EstimateOptions {
     std::string method;
     std::optional<std::uint32_t> attempts;
     std::optional<std::uint32_t> multiplication;
+    std::optional<std::uint32_t> bootstrap;  // replicates
     bool json = false;
     bool csv = false;
     bool quiet = false;
@@ -34,19 +36,36 @@ struct EstimateOptions {
     ColourChoice colour = ColourChoice::automatic;
 };
 
-// The estimation, with a progress line on a terminal; none when it was interrupted.
-std::optional<StudyEstimate> perform(StudyInput& input, std::uint32_t seed, bool with_progress) {
+struct Performed {
+    StudyEstimate estimate;
+    std::optional<StudyBootstrap> bootstrap;  // of estimates that may be used, where asked for
+};
+
+// The estimation, with a progress line on a terminal; none when it was interrupted before there
+// were estimates.
+std::optional<Performed> perform(StudyInput& input, std::uint32_t seed, int replicates,
+                                 bool with_progress) {
     RunProgress progress;
     const InterruptScope interrupt(progress.stop);
     std::optional<ProgressDisplay> display;
     if (with_progress) {
         display.emplace(progress, stderr);
     }
+    Performed performed;
     try {
-        return study_estimate(input.files.study, input.resolved, seed, progress);
+        const Study& study = input.files.study;
+        performed.estimate = study_estimate(study, input.resolved, seed, progress);
+        if (replicates > 0 && performed.estimate.verdict == StudyVerdict::converged) {
+            performed.bootstrap =
+                study_bootstrap(study, input.resolved, performed.estimate, replicates, progress);
+        }
     } catch (const RunStopped&) {
-        return std::nullopt;
+        if (performed.estimate.effects.empty()) {
+            return std::nullopt;
+        }
+        performed.estimate.interrupted = true;
     }
+    return performed;
 }
 
 ResultEffect result_effect(const EffectEstimate& found, bool usable) {
@@ -79,8 +98,9 @@ ResultLikelihood likelihood_of(const StudyEstimate& found, const Study& study) {
                                           [](const EffectEstimate& each) { return !each.fixed; }));
     likelihood.value = found.log_likelihood;
     likelihood.mc_error = found.log_likelihood_error;
-    likelihood.aic = -2.0 * found.log_likelihood + 2.0 * parameters;
-    likelihood.bic = -2.0 * found.log_likelihood + std::log(dyads) * parameters;
+    likelihood.deviance = -2.0 * found.log_likelihood;
+    likelihood.aic = likelihood.deviance + 2.0 * parameters;
+    likelihood.bic = likelihood.deviance + std::log(dyads) * parameters;
     return likelihood;
 }
 
@@ -197,7 +217,8 @@ void show(const ResultRecord& result, const EstimateOptions& options, std::size_
     } else if (options.csv) {
         print(stdout, "{}", estimates_csv(result));
     } else {
-        print(stdout, "{}\n{}results: {}\n", estimates_table(result),
+        print(stdout, "{}\n{}{}{}results: {}\n", estimates_table(result), likelihood_line(result),
+              result.bootstrap ? "\n" + bootstrap_table(*result.bootstrap) + "\n" : "",
               verdict_line(result, runs, screen_on(stdout, options.colour)), folder.directory());
     }
 }
@@ -294,18 +315,27 @@ int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& 
                input);
     write_model(settled_model(input), input, folder);
     folder.write("run.log", log.text());
-    const std::optional<StudyEstimate> found =
-        perform(input, seed, !options.quiet && is_terminal(stderr));
-    if (!found || found->interrupted) {
-        return keep_interrupted(found, log, folder);
+    const std::optional<Performed> performed =
+        perform(input, seed, static_cast<int>(options.bootstrap.value_or(0)),
+                !options.quiet && is_terminal(stderr));
+    if (!performed || performed->estimate.interrupted) {
+        return keep_interrupted(performed ? std::optional(performed->estimate) : std::nullopt, log,
+                                folder);
     }
-    const ResultRecord result = result_of(*found, input, advice_words(options, folder));
-    write_results(*found, result, log, folder);
+    const StudyEstimate& found = performed->estimate;
+    ResultRecord result = result_of(found, input, advice_words(options, folder));
+    if (performed->bootstrap) {
+        result.bootstrap = result_bootstrap(*performed->bootstrap);
+        folder.write("bootstrap.csv", bootstrap_csv(*performed->bootstrap));
+    } else if (options.bootstrap.value_or(0) > 0 && !options.quiet) {
+        print(stderr, "ovri: no bootstrap: the estimates are not to be used\n");
+    }
+    write_results(found, result, log, folder);
     if (!folder.failures().empty()) {
         show_estimates_alone(result, options);
         return tell_failures(folder);
     }
-    show(result, options, found->attempts.size(), folder);
+    show(result, options, found.attempts.size(), folder);
     return lost_output(stdout) ? tell_failures(folder) : result.exit_status;
 }
 
@@ -350,6 +380,9 @@ std::function<int()> declare_estimate(CLI::App& app) {
     add_number(app, "--multiplication", options->multiplication,
                "Of stochastic approximation: length of a step, in units of d (1 - d) n^2 proposals "
                "(d the observed density).");
+    add_number(app, "--bootstrap", options->bootstrap,
+               "Draw N networks of the model at the estimates, estimate each anew, and tell how "
+               "the estimates scatter: 95% percentile intervals.");
     add_forms(app, options->json, options->csv);
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
@@ -386,6 +419,11 @@ depend on the number of threads, only on that of chains.
 runs that do not converge are followed by others from the last estimates, up to
 `attempts`. --method mple does not simulate: quick, but its standard errors are too
 small where ties depend on each other.
+
+--bootstrap N estimates N networks drawn from the model at the estimates: intervals
+that do not lean on large samples, and how often the intervals of single networks
+hold the value they were drawn with (coverage). Networks whose model did not converge
+are counted and left out. bootstrap.csv holds the estimates, one row a network.
 
 Standard output takes the table, the verdict and where the results are; warnings,
 errors and progress go to standard error. The results folder is DIR, or

@@ -14,9 +14,9 @@ namespace {
 // All that commands write into a folder; result.json first, so that a folder that is being
 // overwritten is not taken for a complete one.
 constexpr const char* kWritten[] = {
-    "result.json", "estimates.csv", "covariance.csv", "sample.csv",       "gof.json",
-    "gof.csv",     "networks",      "nodes.csv",      "network.txt",      "report.html",
-    "figures",     "model.toml",    "run.log",        "result.json.part", "inputs.json"};
+    "result.json", "estimates.csv", "covariance.csv",   "sample.csv",  "bootstrap.csv", "gof.json",
+    "gof.csv",     "networks",      "nodes.csv",        "network.txt", "report.html",   "figures",
+    "model.toml",  "run.log",       "result.json.part", "inputs.json"};
 
 // Whether a command has left results in the folder, complete or not.
 bool holds_results(const std::string& directory) {

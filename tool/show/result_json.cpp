@@ -64,6 +64,7 @@ Json likelihood_json(const ResultLikelihood& likelihood) {
     json["value"] = json_number(likelihood.value);
     json["mc_error"] = json_number(likelihood.mc_error);
     json["null"] = json_number(likelihood.null_model);
+    json["deviance"] = json_number(likelihood.deviance);
     json["aic"] = json_number(likelihood.aic);
     json["bic"] = json_number(likelihood.bic);
     return json;
@@ -97,6 +98,30 @@ Json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis) {
     return json;
 }
 
+Json bootstrap_json(const std::optional<ResultBootstrap>& bootstrap) {
+    if (!bootstrap) {
+        return nullptr;
+    }
+    Json json;
+    json["replicates"] = bootstrap->replicates;
+    json["converged"] = bootstrap->converged;
+    json["not_converged"] = bootstrap->not_converged;
+    json["not_identified"] = bootstrap->not_identified;
+    json["degenerate"] = bootstrap->degenerate;
+    json["proposals"] = count(bootstrap->proposals);
+    json["seconds"] = json_number(bootstrap->seconds);
+    json["effects"] = Json::array();
+    for (const ResultBootstrapEffect& each : bootstrap->effects) {
+        json["effects"].push_back({{"name", each.name},
+                                   {"mean", json_number(each.mean)},
+                                   {"standard_error", json_number(each.standard_error)},
+                                   {"lower", json_number(each.lower)},
+                                   {"upper", json_number(each.upper)},
+                                   {"coverage", json_number(each.coverage)}});
+    }
+    return json;
+}
+
 ResultEffect effect_of(const Json& json) {
     ResultEffect effect;
     effect.name = json.at("name").get<std::string>();
@@ -122,8 +147,8 @@ Matrix matrix_of(const Json& json) {
 }
 
 ResultLikelihood likelihood_of(const Json& json) {
-    return {number_at(json, "value"), number_at(json, "mc_error"), number_at(json, "null"),
-            number_at(json, "aic"), number_at(json, "bic")};
+    return {number_at(json, "value"),    number_at(json, "mc_error"), number_at(json, "null"),
+            number_at(json, "deviance"), number_at(json, "aic"),      number_at(json, "bic")};
 }
 
 std::vector<double> numbers_of(const Json& json) {
@@ -157,6 +182,26 @@ std::optional<ResultDiagnosis> diagnosis_of(const Json& document) {
     return diagnosis;
 }
 
+// None in documents without one, and of versions that had none.
+std::optional<ResultBootstrap> bootstrap_of(const Json& document) {
+    const auto place = document.find("bootstrap");
+    if (place == document.end() || place->is_null()) {
+        return std::nullopt;
+    }
+    const Json& json = *place;
+    ResultBootstrap bootstrap{
+        json.at("replicates").get<int>(),    json.at("converged").get<int>(),
+        json.at("not_converged").get<int>(), json.at("not_identified").get<int>(),
+        json.at("degenerate").get<int>(),    number_at(json, "proposals"),
+        number_at(json, "seconds"),          {}};
+    for (const Json& each : json.at("effects")) {
+        bootstrap.effects.push_back({text_at(each, "name"), number_at(each, "mean"),
+                                     number_at(each, "standard_error"), number_at(each, "lower"),
+                                     number_at(each, "upper"), number_at(each, "coverage")});
+    }
+    return bootstrap;
+}
+
 ResultRecord record_of(const Json& json) {
     ResultRecord result;
     result.ovri = text_at(json, "ovri");
@@ -176,6 +221,7 @@ ResultRecord record_of(const Json& json) {
     result.covariance = matrix_of(json.at("covariance"));
     result.likelihood = likelihood_of(json.at("likelihood"));
     result.diagnosis = diagnosis_of(json);
+    result.bootstrap = bootstrap_of(json);
     return result;
 }
 
@@ -202,6 +248,7 @@ std::string result_json(const ResultRecord& result) {
     json["covariance"] = matrix_json(result.covariance);
     json["likelihood"] = likelihood_json(result.likelihood);
     json["diagnosis"] = diagnosis_json(result.diagnosis);
+    json["bootstrap"] = bootstrap_json(result.bootstrap);
     return json.dump(2) + "\n";
 }
 

@@ -40,6 +40,7 @@ struct ResultLikelihood {
     double value = kNoNumber;
     double mc_error = kNoNumber;
     double null_model = kNoNumber;  // of the model in which every free dyad is a fair coin
+    double deviance = kNoNumber;    // -2 x value
     double aic = kNoNumber;
     double bic = kNoNumber;
 };
@@ -60,6 +61,28 @@ struct ResultDiagnosis {
     Matrix correlation;  // of the statistics
 };
 
+// Of one effect, over replicates of the parametric bootstrap.
+struct ResultBootstrapEffect {
+    std::string name;
+    double mean = kNoNumber;
+    double standard_error = kNoNumber;
+    double lower = kNoNumber;  // of the 95% percentile interval
+    double upper = kNoNumber;
+    double coverage = kNoNumber;  // of the replicates' own 95% intervals
+};
+
+struct ResultBootstrap {
+    // Those of the replicates that converged count.
+    int replicates = 0;
+    int converged = 0;
+    int not_converged = 0;
+    int not_identified = 0;
+    int degenerate = 0;
+    double proposals = 0.0;
+    double seconds = 0.0;
+    std::vector<ResultBootstrapEffect> effects;
+};
+
 struct ResultRecord {
     std::string ovri;     // version
     std::string command;  // "estimate"
@@ -76,6 +99,7 @@ struct ResultRecord {
     Matrix covariance;
     ResultLikelihood likelihood;
     std::optional<ResultDiagnosis> diagnosis;  // where networks were simulated
+    std::optional<ResultBootstrap> bootstrap;  // where one was asked for
 };
 
 // Fills z, p-value, interval and odds ratio from estimate and standard error. Beside an estimate

@@ -89,6 +89,37 @@ std::string estimates_table(const ResultRecord& result) {
     return laid_out(rows, true);
 }
 
+std::string likelihood_line(const ResultRecord& result) {
+    const ResultLikelihood& likelihood = result.likelihood;
+    if (!std::isfinite(likelihood.value)) {
+        return "";
+    }
+    return fmt::format(
+        "log-likelihood {:.2f}{}, deviance {:.2f}, AIC {:.2f}, BIC {:.2f}\n", likelihood.value,
+        likelihood.mc_error > 0.0 ? fmt::format(" (Monte Carlo error {:.2f})", likelihood.mc_error)
+                                  : "",
+        likelihood.deviance, likelihood.aic, likelihood.bic);
+}
+
+std::string bootstrap_table(const ResultBootstrap& bootstrap) {
+    std::string failed;
+    const auto add = [&failed](int count, const char* verdict) {
+        failed += count > 0 ? fmt::format(", {} {}", count, verdict) : "";
+    };
+    add(bootstrap.not_converged, "not converged");
+    add(bootstrap.not_identified, "not identified");
+    add(bootstrap.degenerate, "degenerate");
+    std::vector<Row> rows = {
+        {"effect", "mean", "std. error", "lower 95%", "upper 95%", "coverage"}};
+    for (const ResultBootstrapEffect& each : bootstrap.effects) {
+        rows.push_back({each.name, decimals(each.mean, 4), decimals(each.standard_error, 4),
+                        decimals(each.lower, 4), decimals(each.upper, 4),
+                        decimals(each.coverage, 3)});
+    }
+    return fmt::format("bootstrap: {} networks of the model, {} converged{}\n{}",
+                       bootstrap.replicates, bootstrap.converged, failed, laid_out(rows, false));
+}
+
 std::string simulation_table(const ResultRecord& result) {
     std::vector<Row> rows = {
         {"effect", "value", "observed", "simulated mean", "simulated sd", "t-ratio"}};
