@@ -1,6 +1,6 @@
 #include "commands/bootstrap.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "formats/csv.h"
 #include "show/document_pieces.h"
