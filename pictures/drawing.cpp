@@ -48,6 +48,7 @@ constexpr Rule kRules[] = {
     {".figure .s6", "stroke:#2b7bb0;fill:#2b7bb0", "stroke:#8ccdf2;fill:#8ccdf2"},
     {".figure .s7", "stroke:#6b6b6b;fill:#6b6b6b", "stroke:#a9a9a9;fill:#a9a9a9"},
     {".figure .line", "fill:none", ""},
+    {".figure .hit", "fill:none;stroke:none;pointer-events:all", ""},
     {".figure .hollow", "fill:#fff", "fill:#161616"},
     {".figure .d1", "stroke-dasharray:5 2", ""},
     {".figure .d2", "stroke-dasharray:2 2", ""},
@@ -64,6 +65,11 @@ std::string number_attribute(std::string_view name, double value) {
 
 std::string class_attribute(std::string_view style) {
     return style.empty() ? "" : quoted("class", style);
+}
+
+// The end of an element, with what a pointer over it is told.
+std::string end_of(const char* element, std::string_view hover) {
+    return hover.empty() ? "/>\n" : "><title>" + escaped(hover) + "</title></" + element + ">\n";
 }
 
 const char* anchor_name(Anchor anchor) {
@@ -288,11 +294,12 @@ void Drawing::path(std::string_view data, std::string_view style) {
     elements_ += "<path" + quoted("d", data) + class_attribute(style) + "/>\n";
 }
 
-void Drawing::box(double x, double y, double width, double height, std::string_view style) {
+void Drawing::box(double x, double y, double width, double height, std::string_view style,
+                  std::string_view hover) {
     elements_ += "<rect" + number_attribute("x", x) + number_attribute("y", y) +
                  number_attribute("width", std::max(width, 0.0)) +
                  number_attribute("height", std::max(height, 0.0)) + class_attribute(style) +
-                 "/>\n";
+                 end_of("rect", hover);
 }
 
 void Drawing::dot(double x, double y, double radius, Mark mark, std::string_view style,
@@ -301,10 +308,7 @@ void Drawing::dot(double x, double y, double radius, Mark mark, std::string_view
     elements_ += round ? "<circle" + number_attribute("cx", x) + number_attribute("cy", y) +
                              number_attribute("r", radius)
                        : "<path" + quoted("d", mark_path(x, y, radius, mark));
-    elements_ += class_attribute(style);
-    elements_ += hover.empty() ? "/>\n"
-                               : "><title>" + escaped(hover) + "</title></" +
-                                     (round ? "circle" : "path") + ">\n";
+    elements_ += class_attribute(style) + end_of(round ? "circle" : "path", hover);
 }
 
 void Drawing::text(double x, double y, std::string_view text, std::string_view style, Anchor anchor,

@@ -41,8 +41,9 @@ class Drawing {
     void curve(const std::vector<double>& x, const std::vector<double>& y, std::string_view style);
     // Any path by its data.
     void path(std::string_view data, std::string_view style);
-    void box(double x, double y, double width, double height, std::string_view style);
     // `hover` is what a pointer held over it is told; empty for nothing.
+    void box(double x, double y, double width, double height, std::string_view style,
+             std::string_view hover = "");
     void dot(double x, double y, double radius, Mark mark, std::string_view style,
              std::string_view hover = "");
     // The text's base line begins, is centred or ends at (x, y). One that is longer than `most` is

@@ -53,6 +53,20 @@ std::vector<Point> network_places(const StudyNetwork& network);
 Drawing network_figure(const StudyNetwork& network, const std::vector<Point>& places,
                        const StudyAttribute* attribute);
 
+// -- The way to the estimates
+
+// A parameter by step of the search, a stretch a stage.
+struct DrawnPath {
+    ResultLabel label;
+    std::string effect;
+    double estimate = 0.0;
+    std::vector<std::string> stages;
+    std::vector<std::vector<double>> values;  // of each stage
+};
+
+// The parameter by step, stages parted by upright lines, and what it ended at.
+Drawing path_figure(const DrawnPath& path);
+
 // -- Samples
 
 struct DrawnSample {

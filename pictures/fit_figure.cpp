@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pictures/axis.h"
-#include "pictures/figures.h"
+#include "pictures/heading.h"
 
 namespace {
 
@@ -44,6 +43,12 @@ std::string description_of(const std::vector<const GofRow*>& rows, const ResultL
                 number_for_people(row->q05) + " to " + number_for_people(row->q95) + "; ";
     }
     return text;
+}
+
+std::string hover_of(const GofRow& row) {
+    return row.at + ": observed " + number_for_people(row.observed, 6) + "; simulated median " +
+           number_for_people(row.median) + ", mean " + number_for_people(row.mean) + ", 90% from " +
+           number_for_people(row.q05) + " to " + number_for_people(row.q95);
 }
 
 void draw_box(Drawing& drawing, const Scale& up, double x, double width, const GofRow& row) {
@@ -125,12 +130,7 @@ Drawing distribution_figure(const GofDistribution& distribution, const ResultLab
     const std::string title = title_of(distribution.name);
     Drawing drawing(kFigureWidth, kHeight, "Goodness of fit: " + title,
                     description_of(rows, label));
-    const std::string warning = label.usable ? "" : label.verdict + ": do not use";
-    drawing.text(4.0, 13.0, title, "bold", Anchor::start,
-                 kFigureWidth - 12.0 - text_length(warning) * 1.1);
-    if (!warning.empty()) {
-        drawing.text(kFigureWidth - 6.0, 13.0, warning, "warning", Anchor::end);
-    }
+    draw_heading(drawing, title, label);
     const Frame frame{52.0, 40.0, kFigureWidth - 12.0, kHeight - 34.0};
     const Scale up(0.0, std::max({highest, highest_of(distribution), 1.0}) * 1.02, frame.bottom,
                    frame.top, true);
@@ -152,9 +152,10 @@ Drawing distribution_figure(const GofDistribution& distribution, const ResultLab
         drawing.curve(x, y, "observed");
     }
     for (std::size_t k = 0; k < rows.size(); ++k) {
-        drawing.dot(x[k], y[k], 2.6, Mark::circle, "seen",
-                    rows[k]->at + ": observed " + number_for_people(rows[k]->observed, 6) +
-                        ", median " + number_for_people(rows[k]->median));
+        drawing.dot(x[k], y[k], 2.6, Mark::circle, "seen");
+        // A pointer anywhere above an entry is told of it.
+        drawing.box(x[k] - width / 2.0, frame.top, width, frame.bottom - frame.top, "hit",
+                    hover_of(*rows[k]));
     }
     draw_entries(drawing, frame, rows, width);
     drawing.text(kFigureWidth - 12.0, 29.0, "dots: observed", "soft", Anchor::end);

@@ -1,8 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pictures/axis.h"
-#include "pictures/figures.h"
+#include "pictures/heading.h"
 
 namespace {
 
@@ -20,16 +19,6 @@ Range range_of(const DrawnSample& sample) {
         }
     }
     return range;
-}
-
-// What stands above a frame: the effect and, where it is not to be used, that it is not.
-void draw_heading(Drawing& drawing, const DrawnSample& sample) {
-    const std::string warning = sample.label.usable ? "" : sample.label.verdict + ": do not use";
-    const double taken = warning.empty() ? 0.0 : text_length(warning) * 1.1 + 10.0;
-    drawing.text(4.0, 13.0, sample.effect, "bold", Anchor::start, kFigureWidth - 12.0 - taken);
-    if (!warning.empty()) {
-        drawing.text(kFigureWidth - 6.0, 13.0, warning, "warning", Anchor::end);
-    }
 }
 
 std::string summary_of(const DrawnSample& sample) {
@@ -82,11 +71,21 @@ Bins binned(const DrawnSample& sample, double low, double high) {
     return bins;
 }
 
+std::string hover_of(const Bins& bins, double low, int count) {
+    // A bar of whole numbers begins half a unit before the first of them.
+    const bool whole = low != std::floor(low) && bins.width == std::floor(bins.width);
+    const double first = whole ? low + 0.5 : low;
+    const double last = whole ? low + bins.width - 0.5 : low + bins.width;
+    return number_for_people(first, 6) +
+           (first == last ? "" : " to " + number_for_people(last, 6)) + ": " +
+           std::to_string(count) + (count == 1 ? " network" : " networks");
+}
+
 }  // namespace
 
 Drawing trace_figure(const DrawnSample& sample) {
     Drawing drawing(kFigureWidth, kHeight, "Trace of " + sample.effect, summary_of(sample));
-    draw_heading(drawing, sample);
+    draw_heading(drawing, sample.effect, sample.label);
     const Frame frame = sample_frame();
     const Range range = range_of(sample).widened(0.06);
     std::size_t longest = 1;
@@ -111,12 +110,7 @@ Drawing trace_figure(const DrawnSample& sample) {
                       "trace " + series_class(series) + " line" +
                           (series % 4 == 0 ? "" : " d" + std::to_string(series % 4)));
     }
-    if (std::isfinite(sample.observed)) {
-        const double y = up.at(sample.observed);
-        drawing.line(frame.left, y, frame.right, y, "target");
-    }
-    drawing.text(kFigureWidth - 12.0, 29.0,
-                 "dashed: observed, " + number_for_people(sample.observed, 6), "soft", Anchor::end);
+    draw_target(drawing, frame, up, Across::level, "observed", sample.observed);
     return drawing;
 }
 
@@ -124,7 +118,7 @@ Drawing histogram_figure(const DrawnSample& sample, std::optional<double> low,
                          std::optional<double> high) {
     Drawing drawing(kFigureWidth, kHeight, "Simulated values of " + sample.effect,
                     summary_of(sample));
-    draw_heading(drawing, sample);
+    draw_heading(drawing, sample.effect, sample.label);
     const Frame frame = sample_frame();
     Range range = range_of(sample);
     range.add(low.value_or(range.low));
@@ -143,17 +137,14 @@ Drawing histogram_figure(const DrawnSample& sample, std::optional<double> low,
     draw_bottom_axis(drawing, frame, across, "statistic", 6);
     for (std::size_t k = 0; k < bins.counts.size(); ++k) {
         if (bins.counts[k] > 0) {
-            const double left = across.at(bins.first + bins.width * static_cast<double>(k));
-            const double right = across.at(bins.first + bins.width * static_cast<double>(k + 1));
+            const double low_end = bins.first + bins.width * static_cast<double>(k);
+            const double left = across.at(low_end);
+            const double right = across.at(low_end + bins.width);
             const double top = up.at(bins.counts[k]);
-            drawing.box(left + 0.4, top, right - left - 0.8, frame.bottom - top, "bar");
+            drawing.box(left + 0.4, top, right - left - 0.8, frame.bottom - top, "bar",
+                        hover_of(bins, low_end, bins.counts[k]));
         }
     }
-    if (std::isfinite(sample.observed)) {
-        const double x = across.at(sample.observed);
-        drawing.line(x, frame.top - 2.0, x, frame.bottom, "target");
-    }
-    drawing.text(kFigureWidth - 12.0, 29.0,
-                 "dashed: observed, " + number_for_people(sample.observed, 6), "soft", Anchor::end);
+    draw_target(drawing, frame, across, Across::upright, "observed", sample.observed);
     return drawing;
 }

@@ -24,7 +24,7 @@ std::vector<double> damped_step(const ChainDraw& from, const std::vector<double>
 }  // namespace
 
 std::vector<double> approximated_point(const ChainDraw& from, const DrawFrame& frame,
-                                       StudyChains& chains, double& proposals,
+                                       StudyChains& chains, StudyEstimate& estimate,
                                        RunProgress& progress) {
     constexpr int kSubPhases = 4;
     constexpr int kLength = 40;
@@ -37,8 +37,9 @@ std::vector<double> approximated_point(const ChainDraw& from, const DrawFrame& f
             progress, RunStage::simulation,
             static_cast<double>(length) * static_cast<double>(from.interval) * frame.chains);
         for (int count = 0; count < length; ++count) {
+            add_step(estimate.path, "approximation", at);
             const ChainSamples drawn = chains.run(at, 0, from.interval, 1, progress);
-            proposals += drawn.proposals;
+            estimate.proposals += drawn.proposals;
             const SampleMoments moments = sample_moments(drawn.statistics);
             std::vector<double> excess;
             excess.reserve(frame.free.size());

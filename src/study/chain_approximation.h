@@ -6,13 +6,14 @@
 
 #include "study/chain_draw.h"
 #include "study/study_chains.h"
+#include "study/study_estimate.h"
 
 // The parameters (p of them) to which four sub-phases of decreasing gain lead from the draw's: its
 // covariance scales the steps, and the mean of each sub-phase is where the next begins. The chains
-// go on from where they stand. Adds what was proposed to `proposals`. Throws RunStopped when
-// `progress` asks for the end.
+// go on from where they stand. Adds what was proposed, and each step, to the estimate. Throws
+// RunStopped when `progress` asks for the end.
 std::vector<double> approximated_point(const ChainDraw& from, const DrawFrame& frame,
-                                       StudyChains& chains, double& proposals,
+                                       StudyChains& chains, StudyEstimate& estimate,
                                        RunProgress& progress);
 
 // The parameters moved by `step`, which has a number for each estimated effect.

@@ -131,6 +131,7 @@ class Search {
                                                              : tie_count(*network.graph);
             });
         ++runs_;
+        add_step(estimate_.path, "newton", parameters);
         estimate_.proposals += draw.samples.proposals;
         draw.mean_ties =
             std::accumulate(ties.begin(), ties.end(), 0.0) / static_cast<double>(ties.size());
@@ -371,7 +372,7 @@ class Search {
     // Stochastic approximation from the best point on; Newton steps go on from where it ends.
     void approximate() {
         restart();
-        start_ = approximated_point(*best_, frame_, chains_, estimate_.proposals, progress_);
+        start_ = approximated_point(*best_, frame_, chains_, estimate_, progress_);
         plain_ = true;
         estimate_.approximated = true;
         restart();

@@ -20,6 +20,8 @@ namespace {
 constexpr double kConverged = 0.1;
 // Samples more alike than this are too close to each other.
 constexpr double kTooAlike = 0.4;
+// More than these no picture can show.
+constexpr int kMostPathSteps = 300;
 
 using Clock = std::chrono::steady_clock;
 
@@ -136,6 +138,24 @@ double proposals_of(const EstimationResult& found) {
     return steps * found.proposals_per_step;
 }
 
+// The parameters after each step of phase 2, behind those of earlier attempts.
+void add_path(const EstimationResult& found, const std::vector<int>& places, int attempt,
+              ParameterPath& path) {
+    const std::string which = attempt == 0 ? "" : "attempt " + std::to_string(attempt + 1) + ", ";
+    int number = 0;
+    for (const SubPhase& phase : found.sub_phases) {
+        const std::string stage = which + "subphase " + std::to_string(++number);
+        for (int row = 0; row < phase.path.rows; ++row) {
+            std::vector<double> parameters;
+            parameters.reserve(places.size());
+            for (const int place : places) {
+                parameters.push_back(phase.path[row][place]);
+            }
+            add_step(path, stage, std::move(parameters));
+        }
+    }
+}
+
 // Fills the estimate from a run that went through all phases or ended in the first.
 void take_result(const EstimationResult& found, const StudySelection& resolved,
                  StudyEstimate& estimate) {
@@ -248,6 +268,7 @@ void run_attempts(const Study& study, const StudySelection& resolved, StudyChain
             ::estimate(chain, settings, run.parameters(), scaling_matrix, progress);
         run.restore_network();
         estimate.proposals += proposals_of(found);
+        add_path(found, resolved.places, attempt, estimate.path);
         const bool ended = found.verdict != EstimationVerdict::degenerate;
         const double largest =
             ended ? largest_size(found.t_ratios) : std::numeric_limits<double>::infinity();
@@ -360,6 +381,7 @@ void find_estimates(const Study& study, StudySelection& resolved, StudyChain<Net
             estimate.verdict = StudyVerdict::not_converged;
         }
     }
+    estimate.path = thinned(estimate.path, kMostPathSteps);
 }
 
 template <class Network>

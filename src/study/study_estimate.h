@@ -14,6 +14,7 @@
 #include "base/matrix.h"
 #include "base/no_number.h"
 #include "study/identification.h"
+#include "study/parameter_path.h"
 #include "study/sample_diagnosis.h"
 #include "study/study_selection.h"
 
@@ -83,6 +84,7 @@ struct StudyEstimate {
     double log_likelihood = kNoNumber;
     double log_likelihood_error = kNoNumber;
     std::vector<EstimationAttempt> attempts;
+    ParameterPath path;                      // a few hundred steps at most; none where exact
     DependentSet dependent;                  // when not identified
     std::vector<InfiniteEstimate> infinite;  // when an estimate would be infinite
     // Whether those are infinite together: none of their statistics is at its extreme, but one

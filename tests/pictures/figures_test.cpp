@@ -76,6 +76,16 @@ DrawnSample sample_of(const std::string& effect, int chains, int draws) {
     return sample;
 }
 
+DrawnPath path_of(const std::string& effect, int steps) {
+    DrawnPath path{
+        {"one.results", true, "converged"}, effect, -1.0, {"newton", "approximation"}, {}};
+    path.values.resize(2);
+    for (int step = 0; step < steps; ++step) {
+        path.values[static_cast<std::size_t>(2 * step / steps)].push_back(-1.0 - 1.0 / (step + 1));
+    }
+    return path;
+}
+
 std::vector<Drawing> hostile_drawings(const std::string& name) {
     Study study = ring_study(9, true, "arc");
     study.network.actors[0] = name;
@@ -90,9 +100,13 @@ std::vector<Drawing> hostile_drawings(const std::string& name) {
     statistic.t_ratio = 17.0;
     DrawnSample sample = sample_of(name, 2, 30);
     sample.label = label;
+    DrawnPath path = path_of(name, 9);
+    path.label = label;
+    path.stages[0] = name;
     return {forest_figure({{label, {{name, 1.0, 0.5, 1.5, false}, {"edge", kNone, 0, 0, false}}},
                            {label, {}}}),
             network_figure(study.network, network_places(study.network), &attribute),
+            path_figure(path),
             trace_figure(sample),
             histogram_figure(sample),
             distribution_figure(distribution, label),
@@ -132,7 +146,9 @@ TEST(Figures, StayWithinTheirFrame) {
                                      distribution_figure(distribution_of(0, false), {}),
                                      trace_figure(sample_of("edge", 8, 1000)),
                                      histogram_figure(sample_of("edge", 8, 1000)),
-                                     histogram_figure(sample_of("edge", 0, 0))};
+                                     histogram_figure(sample_of("edge", 0, 0)),
+                                     path_figure(path_of("edge", 0)),
+                                     path_figure(path_of("edge", 300))};
     for (const int n : {0, 1, 5, 60, 200}) {
         const Study study = ring_study(n, false, "edge");
         drawings.push_back(
@@ -169,6 +185,23 @@ TEST(Figures, TellColourByShapeToo) {
     for (const char* name : {">a</text>", ">b</text>", ">c</text>", ">group</text>"}) {
         EXPECT_NE(text.find(name), std::string::npos) << name;
     }
+}
+
+TEST(Figures, TellAPointerWhatStandsThere) {
+    DrawnSample sample = sample_of("edge", 1, 2);
+    sample.chains = {{50.0, 50.0, 51.0}};
+    const std::string bars = histogram_figure(sample).element("f");
+    EXPECT_NE(bars.find("<title>50: 2 networks</title>"), std::string::npos) << bars;
+    EXPECT_NE(bars.find("<title>51: 1 network</title>"), std::string::npos);
+    const std::string boxes = distribution_figure(distribution_of(3, false), {}).element("f");
+    EXPECT_NE(boxes.find("<title>1: observed 4; simulated median 3, mean 3.500, 90% from 1 to "
+                         "10</title>"),
+              std::string::npos)
+        << boxes;
+    const std::string steps = path_figure(path_of("edge", 12)).element("f");
+    EXPECT_NE(steps.find("<title>step 2: \xE2\x88\x92"
+                         "1.500</title>"),
+              std::string::npos);
 }
 
 TEST(Figures, NameActorsUpToSixty) {
@@ -247,6 +280,7 @@ TEST(Figures, LookAsTheyDid) {
                                  {{"other.results", false, "not converged"}, estimates}}));
     expect_golden("trace", trace_figure(sample_of("edge", 3, 40)));
     expect_golden("histogram", histogram_figure(sample_of("edge", 3, 40)));
+    expect_golden("path", path_figure(path_of("edge", 12)));
     expect_golden("degree", distribution_figure(distribution_of(12, false), {"a", true, ""}));
 }
 

@@ -147,6 +147,10 @@ TEST(MonteCarloLikelihood, KarateAgainstLongRuns) {
     EXPECT_NEAR(found.effects[0].gelman_rubin, 1.0, 0.05);
     EXPECT_GT(found.diagnosis.hotelling_p_value, 0.01);
     EXPECT_FALSE(found.diagnosis.clusters.apart);
+    ASSERT_EQ(found.path.size(), 1U);
+    EXPECT_EQ(found.path[0].name, "newton");
+    EXPECT_EQ(path_steps(found.path), found.diagnosis.runs);
+    EXPECT_NEAR(found.path[0].parameters.back()[1], found.effects[1].estimate, 0.1 * 0.131);
 }
 
 TEST(MonteCarloLikelihood, ThreadsDoNotChangeNumbers) {

@@ -111,9 +111,9 @@ TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
         keys.push_back(key);
     }
     const std::vector<std::string> expected = {
-        "format",  "ovri",       "command",    "verdict",  "exit_status", "reasons",
-        "advice",  "network",    "method",     "seed",     "proposals",   "seconds",
-        "effects", "covariance", "likelihood", "diagnosis"};
+        "format",  "ovri",       "command",    "verdict",   "exit_status", "reasons",
+        "advice",  "network",    "method",     "seed",      "proposals",   "seconds",
+        "effects", "covariance", "likelihood", "diagnosis", "path"};
     EXPECT_EQ(keys, expected);
     EXPECT_EQ(json["format"], "ovri-result/1");
     EXPECT_EQ(json["verdict"], "converged");

@@ -42,10 +42,10 @@ TEST_F(ToolReport, ShowsWhatTheFolderHolds) {
     EXPECT_EQ(result.out, "");
     const std::string text = page();
     for (const char* piece :
-         {"converged", "id=\"estimates\"", "id=\"network\"", "id=\"trace-edge\"",
-          "id=\"histogram-edge\"", "id=\"gof-degree\"", "id=\"gof-mixing-sex\"",
-          "How to describe this in a paper", "Snijders", "Hunter, Goodreau and Handcock 2008",
-          "model.toml", "seed 2", ">Ann</text>"}) {
+         {"converged", "id=\"estimates\"", "id=\"path-edge\"", "id=\"network\"",
+          "id=\"trace-edge\"", "id=\"histogram-edge\"", "id=\"gof-degree\"",
+          "id=\"gof-mixing-sex\"", "How to describe this in a paper", "Snijders",
+          "Hunter, Goodreau and Handcock 2008", "model.toml", "seed 2", ">Ann</text>"}) {
         EXPECT_TRUE(has(text, piece)) << piece;
     }
     const Json json = Json::parse(scratch.read("club.results/gof.json"));

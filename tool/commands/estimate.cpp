@@ -146,6 +146,7 @@ ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
     }
     result.covariance = found.covariance;
     result.diagnosis = diagnosis_of(found);
+    result.path = found.path;
     result.likelihood = likelihood_of(found, input.files.study);
     return result;
 }

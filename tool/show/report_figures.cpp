@@ -160,6 +160,43 @@ Span span_of(const std::vector<ReportSource>& sources, const std::string& effect
     return span;
 }
 
+// Whether any step of the way is known, and the effect was not held on it.
+bool has_path(const ReportSource& source, std::size_t effect) {
+    return effect < source.result.effects.size() && !source.result.effects[effect].fixed &&
+           std::any_of(source.result.path.begin(), source.result.path.end(),
+                       [&](const PathStage& stage) { return !stage.parameters.empty(); });
+}
+
+DrawnPath drawn_path(const ReportSource& source, std::size_t effect) {
+    DrawnPath path{label_of(source),
+                   source.result.effects[effect].name,
+                   source.result.effects[effect].estimate,
+                   {},
+                   {}};
+    for (const PathStage& stage : source.result.path) {
+        path.stages.push_back(stage.name);
+        path.values.emplace_back();
+        for (const std::vector<double>& row : stage.parameters) {
+            path.values.back().push_back(effect < row.size() ? row[effect] : kNoNumber);
+        }
+    }
+    return path;
+}
+
+void add_paths(const std::vector<ReportSource>& sources, Names& names,
+               std::vector<NamedFigure>& figures) {
+    for (std::size_t k = 0; k < sources.size(); ++k) {
+        for (std::size_t effect = 0; effect < sources[k].result.effects.size(); ++effect) {
+            if (has_path(sources[k], effect)) {
+                const int number = static_cast<int>(k);
+                figures.push_back(
+                    {names.name("path-" + sources[k].result.effects[effect].name, number),
+                     FigurePart::path, number, path_figure(drawn_path(sources[k], effect))});
+            }
+        }
+    }
+}
+
 void add_samples(const std::vector<ReportSource>& sources, Names& names,
                  std::vector<NamedFigure>& figures) {
     for (const std::string& effect : sampled_effects(sources)) {
@@ -248,6 +285,7 @@ std::vector<NamedFigure> report_figures(const std::vector<ReportSource>& sources
     figures.push_back(
         {names.name("estimates", -1), FigurePart::estimates, -1, estimates_drawing(sources)});
     add_networks(sources, names, figures);
+    add_paths(sources, names, figures);
     add_samples(sources, names, figures);
     add_fit(sources, names, figures);
     return figures;

@@ -7,7 +7,7 @@
 #include "pictures/figures.h"
 #include "show/report_source.h"
 
-enum class FigurePart { estimates, network, samples, fit };
+enum class FigurePart { estimates, path, network, samples, fit };
 
 struct NamedFigure {
     std::string name;  // "gof-degree": letters, digits and "-"

@@ -412,6 +412,9 @@ std::string report_page(const std::vector<ReportSource>& sources,
     for (const ReportSource& source : sources) {
         page += source.missing.empty() ? "" : "<p>" + escaped(source.missing) + "</p>\n";
     }
+    if (const std::string drawn = figures_of(FigurePart::path, sources, figures); !drawn.empty()) {
+        page += "<h2>How the estimates were found</h2>\n" + drawn;
+    }
     if (const std::string drawn = figures_of(FigurePart::samples, sources, figures);
         !drawn.empty()) {
         page += "<h2>Networks simulated at the estimates</h2>\n" + drawn;

@@ -122,6 +122,18 @@ Json bootstrap_json(const std::optional<ResultBootstrap>& bootstrap) {
     return json;
 }
 
+Json path_json(const ParameterPath& path) {
+    Json json = Json::array();
+    for (const PathStage& stage : path) {
+        Json rows = Json::array();
+        for (const std::vector<double>& row : stage.parameters) {
+            rows.push_back(numbers_json(row));
+        }
+        json.push_back({{"stage", stage.name}, {"parameters", std::move(rows)}});
+    }
+    return json;
+}
+
 ResultEffect effect_of(const Json& json) {
     ResultEffect effect;
     effect.name = json.at("name").get<std::string>();
@@ -202,6 +214,22 @@ std::optional<ResultBootstrap> bootstrap_of(const Json& document) {
     return bootstrap;
 }
 
+// None in documents of versions that kept no path.
+ParameterPath path_of(const Json& document) {
+    ParameterPath path;
+    const auto place = document.find("path");
+    if (place == document.end()) {
+        return path;
+    }
+    for (const Json& stage : *place) {
+        path.push_back({text_at(stage, "stage"), {}});
+        for (const Json& row : stage.at("parameters")) {
+            path.back().parameters.push_back(numbers_of(row));
+        }
+    }
+    return path;
+}
+
 ResultRecord record_of(const Json& json) {
     ResultRecord result;
     result.ovri = text_at(json, "ovri");
@@ -222,6 +250,7 @@ ResultRecord record_of(const Json& json) {
     result.likelihood = likelihood_of(json.at("likelihood"));
     result.diagnosis = diagnosis_of(json);
     result.bootstrap = bootstrap_of(json);
+    result.path = path_of(json);
     return result;
 }
 
@@ -249,6 +278,7 @@ std::string result_json(const ResultRecord& result) {
     json["likelihood"] = likelihood_json(result.likelihood);
     json["diagnosis"] = diagnosis_json(result.diagnosis);
     json["bootstrap"] = bootstrap_json(result.bootstrap);
+    json["path"] = path_json(result.path);
     return json.dump(2) + "\n";
 }
 

@@ -10,6 +10,7 @@
 
 #include "base/matrix.h"
 #include "base/no_number.h"
+#include "study/parameter_path.h"
 
 struct ResultNetwork {
     std::string file;
@@ -100,6 +101,7 @@ struct ResultRecord {
     ResultLikelihood likelihood;
     std::optional<ResultDiagnosis> diagnosis;  // where networks were simulated
     std::optional<ResultBootstrap> bootstrap;  // where one was asked for
+    ParameterPath path;                        // empty where nothing was searched for
 };
 
 // Fills z, p-value, interval and odds ratio from estimate and standard error. Beside an estimate
