@@ -39,3 +39,7 @@ neither more nor less likely. An effect whose t-ratio is below 0.1 in size has c
 
 TEXT
 show build/ovri estimate "$output/marriage.toml" --seed 2 -o "$output/marriage.results" --quiet
+
+step "Does the model fit, and one page to keep"
+show build/ovri gof "$output/marriage.results" --quiet
+show build/ovri report "$output/marriage.results"

@@ -64,6 +64,8 @@ install_tools() {
             'valgrind?valgrind'
             'groff?groff-base' 'zsh?zsh' 'xmllint?libxml2-utils'
             'parallel?parallel'
+            'chromium?chromium'
+            'slurmctld?slurm-wlm' 'munged?munge'
         )
     fi
     install_missing "${packages[@]}"

@@ -290,8 +290,8 @@ void Drawing::curve(const std::vector<double>& x, const std::vector<double>& y,
     }
 }
 
-void Drawing::path(std::string_view data, std::string_view style) {
-    elements_ += "<path" + quoted("d", data) + class_attribute(style) + "/>\n";
+void Drawing::path(std::string_view data, std::string_view style, std::string_view hover) {
+    elements_ += "<path" + quoted("d", data) + class_attribute(style) + end_of("path", hover);
 }
 
 void Drawing::box(double x, double y, double width, double height, std::string_view style,

@@ -39,9 +39,8 @@ class Drawing {
     void line(double x1, double y1, double x2, double y2, std::string_view style);
     // A line through the points; breaks where one of them is not a number.
     void curve(const std::vector<double>& x, const std::vector<double>& y, std::string_view style);
-    // Any path by its data.
-    void path(std::string_view data, std::string_view style);
-    // `hover` is what a pointer held over it is told; empty for nothing.
+    // Any path by its data. `hover` is what a pointer held over it is told; empty for nothing.
+    void path(std::string_view data, std::string_view style, std::string_view hover = "");
     void box(double x, double y, double width, double height, std::string_view style,
              std::string_view hover = "");
     void dot(double x, double y, double radius, Mark mark, std::string_view style,

@@ -37,6 +37,18 @@ struct DrawnResult {
 // Estimates with their intervals on one axis, a line an effect, results below each other in it.
 Drawing forest_figure(const std::vector<DrawnResult>& results);
 
+// One effect of a model in many networks, and the mean parameter of all.
+struct DrawnPool {
+    std::string model;
+    std::vector<DrawnEstimate> networks;  // `effect` names the network
+    DrawnEstimate pooled;                 // of the effect
+    int left_out = 0;                     // networks without an estimate that may be used
+};
+
+// A line a network and the pooled mean as a diamond as wide as its interval. Networks are named up
+// to 60 of them.
+Drawing pooled_figure(const DrawnPool& pool);
+
 // -- The network
 
 struct Point {

@@ -84,6 +84,6 @@ Drawing path_figure(const DrawnPath& path) {
             ++step;
         }
     }
-    draw_target(drawing, frame, up, Across::level, "estimate", path.estimate);
+    draw_target(drawing, frame, up, Across::level, "estimate", path.estimate, 4);
     return drawing;
 }

@@ -204,6 +204,31 @@ TEST(Figures, TellAPointerWhatStandsThere) {
               std::string::npos);
 }
 
+DrawnPool pool_of(int networks) {
+    DrawnPool pool{"closure.toml", {}, {"AT(2)", 0.5, 0.3, 0.7, false}, 2};
+    for (int k = 0; k < networks; ++k) {
+        const double estimate = 0.1 * (k % 9);
+        pool.networks.push_back({kHostile[static_cast<std::size_t>(k) % kHostile.size()] + "!",
+                                 estimate, estimate - 0.5, estimate + 0.4, false});
+    }
+    return pool;
+}
+
+TEST(Figures, PoolNetworksAboveADiamond) {
+    for (const int networks : {0, 1, 12, 60, 61, 2000}) {
+        const Drawing drawing = pooled_figure(pool_of(networks));
+        EXPECT_EQ(lint(drawing.document(88.0)), "");
+        const std::string text = drawing.element("f");
+        EXPECT_NE(text.find("<title>AT(2): " + number_for_people(0.5) + " (" +
+                            number_for_people(0.3) + " to " + number_for_people(0.7) + ")</title>"),
+                  std::string::npos);
+        EXPECT_NE(text.find("left out, without estimates to be used: 2"), std::string::npos);
+        EXPECT_EQ(text.find(">]]&gt;--&gt;&lt;!--!</text>") != std::string::npos,
+                  networks > 2 && networks <= 60);
+        EXPECT_LT(drawing.height(), 5000.0);
+    }
+}
+
 TEST(Figures, NameActorsUpToSixty) {
     for (const int n : {60, 61}) {
         const Study study = ring_study(n, false, "edge");
@@ -280,6 +305,7 @@ TEST(Figures, LookAsTheyDid) {
                                  {{"other.results", false, "not converged"}, estimates}}));
     expect_golden("trace", trace_figure(sample_of("edge", 3, 40)));
     expect_golden("histogram", histogram_figure(sample_of("edge", 3, 40)));
+    expect_golden("pooled", pooled_figure({"closure.toml", estimates, estimates[1], 1}));
     expect_golden("path", path_figure(path_of("edge", 12)));
     expect_golden("degree", distribution_figure(distribution_of(12, false), {"a", true, ""}));
 }

@@ -176,6 +176,20 @@ TEST_F(ToolBatch, AKilledCoordinatorIsTakenUpAgain) {
     EXPECT_EQ(summary("out"), whole);
 }
 
+TEST_F(ToolBatch, JobsOfAnEarlierPlanAreNamedAndLeftOut) {
+    ASSERT_EQ(batch({"-o", "out"}).status, 0) << result.err;
+    EXPECT_FALSE(err_says("no job of this plan")) << result.err;
+    scratch.write("plan.toml",
+                  "networks = \"villages/*.csv\"\ndirected = false\nmodels = [[\"edge\"]]\n"
+                  "seeds = [1]\n");
+    ASSERT_EQ(batch({"-o", "out"}).status, 0) << result.err;
+    EXPECT_TRUE(
+        err_says("out/jobs holds what is no job of this plan and is left out: 0004, 0005, "
+                 "0006, 0007, 0008, 0009, 0010, 0011, 0012"))
+        << result.err;
+    EXPECT_EQ(Json::parse(scratch.read("out/summary.json"))["counts"]["jobs"], 3);
+}
+
 // A plan whose jobs take some tenths of a second, so that they can be met at work.
 class LongBatch : public ToolBatch {
   protected:
@@ -218,6 +232,19 @@ TEST_F(LongBatch, AKilledWorkerStopsNoOther) {
     ASSERT_EQ(batch({"-o", "out"}).status, 0) << result.err;
     EXPECT_TRUE(err_says("2 done before")) << result.err;
     EXPECT_EQ(summary("out"), whole);
+}
+
+TEST_F(LongBatch, OneCommandAtATimeDoesTheJobsOfAFolder) {
+    skip_without_children();
+    if (IsSkipped()) {
+        return;
+    }
+    const ChildResult both =
+        disturb("\"$OVRI\" batch plan.toml -o out 2>second; echo \"second $?\"");
+    EXPECT_EQ(both.output, "second 1\nstatus 0\n") << both.errors << scratch.read("log");
+    EXPECT_NE(scratch.read("second").find("another `ovri batch` is doing the jobs of `out`"),
+              std::string::npos)
+        << scratch.read("second");
 }
 
 TEST_F(LongBatch, CtrlCKeepsWhatIsDone) {
@@ -309,6 +336,37 @@ TEST_F(ToolBatch, NetworksThatDidNotConvergeAreLeftOutOfThePool) {
     EXPECT_EQ(json["pooled"][0]["left_out"][0]["network"], "villages/d.csv");
     EXPECT_NE(result.out.find("left out: villages/d.csv (not_identified)"), std::string::npos)
         << result.out;
+    EXPECT_NE(result.out.find("not identified: 0013, 0014, 0015, 0016\n"), std::string::npos)
+        << result.out;
+}
+
+TEST_F(ToolBatch, TheReportDrawsEachParameterOverTheNetworks) {
+    scratch.write("villages/d.csv", "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\n");
+    EXPECT_EQ(batch({"-o", "out"}).status, 4) << result.err;
+    result = run_tool({"report", "out", "--figures", "svg"}, scratch.path().string());
+    ASSERT_EQ(result.status, 0) << result.err;
+    const std::string page = scratch.read("out/report.html");
+    for (const char* piece :
+         {"12 of 16 jobs converged", "id=\"pooled-1-edge\"", "id=\"pooled-2-AS-2\"",
+          ">villages/a.csv</text>", "left out, without estimates to be used: 1",
+          "Snijders and Baerveldt 2003", "not_identified"}) {
+        EXPECT_NE(page.find(piece), std::string::npos) << piece;
+    }
+    EXPECT_EQ(page.find(">villages/d.csv</text>"), std::string::npos);
+    // Every network's estimate stands in the figure as in the summary.
+    const Json json = Json::parse(scratch.read("out/summary.json"));
+    EXPECT_EQ(json["pooled"][1]["effects"][1]["networks"], 3);
+    const std::string figure = scratch.read("out/figures/pooled-2-AS-2.svg");
+    std::size_t networks = 0;
+    for (std::size_t at = figure.find("<title>villages/"); at != std::string::npos;
+         at = figure.find("<title>villages/", at + 1)) {
+        ++networks;
+    }
+    EXPECT_EQ(networks, 3U);
+    fs::remove(scratch.path() / "out/summary.json");
+    result = run_tool({"report", "out", "--overwrite"}, scratch.path().string());
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(err_says("ovri batch PLAN --collect -o out")) << result.err;
 }
 
 TEST_F(ToolBatch, AFullDiskLeavesJobsToBeDoneAgain) {

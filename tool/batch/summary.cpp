@@ -2,9 +2,12 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "base/native_path.h"
 #include "batch/job_folder.h"
@@ -35,6 +38,11 @@ std::string indented(const std::string& text) {
     return shifted;
 }
 
+std::string words_of(std::string verdict) {
+    std::replace(verdict.begin(), verdict.end(), '_', ' ');
+    return verdict;
+}
+
 // One job, as it stands in the summary.
 struct Line {
     Job job;
@@ -62,6 +70,9 @@ class SummaryWriter {
             summary_.converged += line.verdict == "converged" ? 1 : 0;
         }
         ++summary_.jobs;
+        if (line.verdict != "converged") {
+            troubled_[line.verdict].push_back(job_name(plan_, job.number));
+        }
         add_rows(line);
         jobs_ += (jobs_.empty() ? "" : ",") + ("\n    " + job_json(line).dump());
         pooled_[job.model].add(job, line.verdict, line.result);
@@ -74,6 +85,9 @@ class SummaryWriter {
                 pooled.push_back(pooled_json(model));
                 add_table(model);
             }
+        }
+        for (const auto& [verdict, jobs] : troubled_) {
+            summary_.table += fmt::format("{}: {}\n", words_of(verdict), some_of(jobs));
         }
         const Json counts = {{"jobs", summary_.jobs},
                              {"converged", summary_.converged},
@@ -175,6 +189,7 @@ class SummaryWriter {
 
     const Plan& plan_;
     bool with_times_;
+    std::map<std::string, std::vector<std::string>> troubled_;  // jobs by verdict
     std::vector<PooledModel> pooled_;
     std::string jobs_;  // of the document
     BatchSummary summary_;
@@ -190,6 +205,34 @@ BatchSummary summarise(const std::string& directory, const Plan& plan, bool with
         writer.add(job, job_state(directory, plan, job, digests.of(job)));
     }
     return writer.finish();
+}
+
+std::string some_of(const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 10;
+    std::string text;
+    for (std::size_t k = 0; k < names.size() && k < kMost; ++k) {
+        text += (text.empty() ? "" : ", ") + names[k];
+    }
+    return names.size() > kMost ? fmt::format("{} and {} more", text, names.size() - kMost) : text;
+}
+
+std::vector<std::string> stray_jobs(const std::string& directory, const Plan& plan) {
+    std::set<std::string> known;
+    for (int number = 1; number <= job_count(plan); ++number) {
+        known.insert(job_name(plan, number));
+    }
+    std::vector<std::string> strays;
+    std::error_code problem;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(native_path(directory + "/jobs"), problem)) {
+        const std::u8string bytes = entry.path().filename().u8string();
+        const std::string name(bytes.begin(), bytes.end());
+        if (entry.is_directory(problem) && known.count(name) == 0) {
+            strays.push_back(name);
+        }
+    }
+    std::sort(strays.begin(), strays.end());
+    return strays;
 }
 
 std::string counts_text(const BatchSummary& summary) {

@@ -7,6 +7,7 @@
 #include "base/native_path.h"
 #include "batch/batch_progress.h"
 #include "batch/emit.h"
+#include "batch/folder_lock.h"
 #include "batch/job_folder.h"
 #include "batch/plan_check.h"
 #include "batch/summary.h"
@@ -88,6 +89,13 @@ int tell_mistake(const std::string& mistake) {
 // The summary of what is there, in its files and on standard output.
 int conclude(const Plan& plan, const std::string& directory, const BatchOptions& options) {
     const BatchSummary summary = summarise(directory, plan, !options.no_times);
+    if (const std::vector<std::string> strays = stray_jobs(directory, plan); !strays.empty()) {
+        print(stderr,
+              "{}: {}/jobs holds what is no job of this plan and is left out: {}; an earlier plan "
+              "had it, and nothing reads it now\n",
+              painted(screen_on(stderr, options.colour), Colour::yellow, "warning"), directory,
+              some_of(strays));
+    }
     const std::pair<std::string, const std::string*> files[] = {
         {directory + "/summary.csv", &summary.csv}, {directory + "/summary.json", &summary.json}};
     for (const auto& [path, text] : files) {
@@ -267,10 +275,16 @@ int carry_out(const Plan& plan, const BatchOptions& options) {
     if (const std::string mistake = take_folder(directory); !mistake.empty()) {
         return tell_mistake(mistake);
     }
-    const std::optional<Engine> engine = engine_of(options.engine);
-    return job      ? run_one(plan, *job, directory, options)
-           : engine ? emit(plan, check, directory, *engine)
-                    : run_all(plan, check, directory, options);
+    if (job) {
+        return run_one(plan, *job, directory, options);
+    }
+    if (const std::optional<Engine> engine = engine_of(options.engine)) {
+        return emit(plan, check, directory, *engine);
+    }
+    const FolderLock lock(directory);
+    return lock.held() ? run_all(plan, check, directory, options)
+                       : tell_mistake("another `ovri batch` is doing the jobs of `" + directory +
+                                      "`; wait for its end, or name another folder by -o");
 }
 
 int batch(const BatchOptions& options) {

@@ -8,6 +8,7 @@
 #include "commands/study_input.h"
 #include "formats/text_file.h"
 #include "show/gof_document.h"
+#include "show/pooled_page.h"
 #include "show/report_page.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
@@ -155,10 +156,35 @@ bool may_write(const ReportOptions& options, const std::string& page,
     return true;
 }
 
-int report(const ReportOptions& options) {
-    outlive_failed_writes();
-    const Screen screen = screen_on(stderr, options.colour);
-    Problems problems;
+struct Report {
+    std::string page;
+    std::vector<NamedFigure> figures;
+};
+
+// Whether the folder is one of many runs.
+bool holds_jobs(const std::string& folder) {
+    std::error_code problem;
+    return fs::exists(native_path(folder + "/jobs"), problem) &&
+           !fs::exists(native_path(folder + "/result.json"), problem);
+}
+
+Report report_of_jobs(const std::string& folder, Problems& problems) {
+    const TextFile file = read_text_file(folder + "/summary.json");
+    const std::optional<SummaryRecord> summary =
+        file.ok() ? read_summary_json(file.text) : std::nullopt;
+    if (!summary) {
+        problems.push_back({.file = folder + "/summary.json",
+                            .found = file.ok() ? "another document" : "no such file",
+                            .expected = "the summary of `ovri batch`",
+                            .mend = "merge the jobs: ovri batch PLAN --collect -o " + folder});
+        return {};
+    }
+    std::vector<NamedFigure> figures = pooled_figures(*summary);
+    std::string page = pooled_page(folder, *summary, figures);
+    return {std::move(page), std::move(figures)};
+}
+
+Report report_of_results(const ReportOptions& options, Problems& problems) {
     std::vector<ReportSource> sources;
     for (const std::string& folder : options.folders) {
         if (!names_folder(folder)) {
@@ -171,6 +197,21 @@ int report(const ReportOptions& options) {
         sources.push_back(read_source(folder_word(folder), problems));
     }
     if (!problems.empty()) {
+        return {};
+    }
+    std::vector<NamedFigure> figures = report_figures(sources);
+    std::string page = report_page(sources, figures);
+    return {std::move(page), std::move(figures)};
+}
+
+int report(const ReportOptions& options) {
+    outlive_failed_writes();
+    const Screen screen = screen_on(stderr, options.colour);
+    Problems problems;
+    const bool jobs = options.folders.size() == 1 && holds_jobs(options.folders[0]);
+    const Report made = jobs ? report_of_jobs(folder_word(options.folders[0]), problems)
+                             : report_of_results(options, problems);
+    if (!problems.empty()) {
         tell_problems(problems, screen);
         return kErrorsFound;
     }
@@ -182,13 +223,12 @@ int report(const ReportOptions& options) {
     if (!may_write(options, page, directory)) {
         return kErrorsFound;
     }
-    const std::vector<NamedFigure> figures = report_figures(sources);
-    if (!replace_file(page, report_page(sources, figures))) {
+    if (!replace_file(page, made.page)) {
         print(stderr, "ovri: {} could not be written\n", page);
         return kNotCompleted;
     }
     if (options.figures != FigureFiles::none &&
-        !write_figures(figures, directory, options.figures)) {
+        !write_figures(made.figures, directory, options.figures)) {
         return kNotCompleted;
     }
     if (!options.quiet) {
@@ -235,13 +275,16 @@ extern const Command kReportCommand = {.name = "report",
   ovri report karate.results --open
   ovri report karate.results --figures pdf
   ovri report first.results second.results -o comparison
+  ovri report villages
 )",
                                        .details = R"(
 Makes report.html in the results folder: the verdict and what it means, the estimates
 with their intervals, the network, the networks simulated at the estimates, goodness
 of fit where `ovri gof` has been there, a paragraph for a paper, and all that is needed
 to repeat the run. The page needs no network, no script and no other file. Of several
-results it shows the same things side by side, on the same axes.
+results it shows the same things side by side, on the same axes. Of a folder of
+`ovri batch` it shows how the jobs ended and each parameter over the networks, as a
+forest plot with the pooled mean.
 
 A page that is there is replaced only by --overwrite.
 

@@ -11,23 +11,6 @@ ResultLabel label_of(const ReportSource& source) {
     return {source.name, is_usable(source.result), verdict_words(source.result)};
 }
 
-// Letters and digits, the rest as single strokes.
-std::string file_word(const std::string& text) {
-    std::string word;
-    for (const char each : text) {
-        const auto byte = static_cast<unsigned char>(each);
-        if (byte < 0x80 && std::isalnum(byte) != 0) {
-            word += each;
-        } else if (!word.empty() && word.back() != '-') {
-            word += '-';
-        }
-    }
-    while (!word.empty() && word.back() == '-') {
-        word.pop_back();
-    }
-    return word.substr(0, 60);
-}
-
 // A name that no figure before has; of several results with the result's number.
 class Names {
   public:
@@ -272,6 +255,22 @@ void add_fit(const std::vector<ReportSource>& sources, Names& names,
 }
 
 }  // namespace
+
+std::string file_word(const std::string& text) {
+    std::string word;
+    for (const char each : text) {
+        const auto byte = static_cast<unsigned char>(each);
+        if (byte < 0x80 && std::isalnum(byte) != 0) {
+            word += each;
+        } else if (!word.empty() && word.back() != '-') {
+            word += '-';
+        }
+    }
+    while (!word.empty() && word.back() == '-') {
+        word.pop_back();
+    }
+    return word.substr(0, 60);
+}
 
 std::string verdict_words(const ResultRecord& result) {
     std::string words = result.verdict;

@@ -7,7 +7,7 @@
 #include "pictures/figures.h"
 #include "show/report_source.h"
 
-enum class FigurePart { estimates, path, network, samples, fit };
+enum class FigurePart { estimates, path, network, samples, fit, pooled };
 
 struct NamedFigure {
     std::string name;  // "gof-degree": letters, digits and "-"
@@ -19,6 +19,9 @@ struct NamedFigure {
 // In the order of the page. Figures of the same thing in several results share their axes and
 // follow each other.
 std::vector<NamedFigure> report_figures(const std::vector<ReportSource>& sources);
+
+// Letters and digits of a text, the rest as single strokes: a word for the name of a file.
+std::string file_word(const std::string& text);
 
 // "not converged".
 std::string verdict_words(const ResultRecord& result);

@@ -5,6 +5,7 @@
 
 #include "formats/csv.h"
 #include "formats/text_file.h"
+#include "pictures/axis.h"
 
 namespace {
 
@@ -13,6 +14,13 @@ using Json = nlohmann::ordered_json;
 std::string words_of(std::string key) {
     std::replace(key.begin(), key.end(), '_', ' ');
     return key;
+}
+
+// Whole numbers whole, others with the few digits that say something.
+std::string value_text(const Json& json) {
+    return json.is_string()         ? json.get<std::string>()
+           : json.is_number_float() ? number_for_people(json.get<double>(), 3)
+                                    : json.dump();
 }
 
 void add_lines(const std::string& path, const Json& json, std::vector<std::string>& lines) {
@@ -27,12 +35,11 @@ void add_lines(const std::string& path, const Json& json, std::vector<std::strin
     } else if (json.is_array()) {
         std::string list;
         for (const Json& each : json) {
-            list += (list.empty() ? "" : ", ") +
-                    (each.is_string() ? each.get<std::string>() : each.dump());
+            list += (list.empty() ? "" : ", ") + value_text(each);
         }
         lines.push_back(path + ": " + list);
     } else if (!json.is_null()) {
-        lines.push_back(path + ": " + (json.is_string() ? json.get<std::string>() : json.dump()));
+        lines.push_back(path + ": " + value_text(json));
     }
 }
 
