@@ -47,7 +47,8 @@ constexpr Rule kRules[] = {
     {".figure .s5", "stroke:#8f6400;fill:#8f6400", "stroke:#f2b544;fill:#f2b544"},
     {".figure .s6", "stroke:#2b7bb0;fill:#2b7bb0", "stroke:#8ccdf2;fill:#8ccdf2"},
     {".figure .s7", "stroke:#6b6b6b;fill:#6b6b6b", "stroke:#a9a9a9;fill:#a9a9a9"},
-    {".figure .line", "fill:none", ""},
+    // Said for dark screens as well, where the series' colours come later.
+    {".figure .line", "fill:none", "fill:none"},
     {".figure .hit", "fill:none;stroke:none;pointer-events:all", ""},
     {".figure .hollow", "fill:#fff", "fill:#161616"},
     {".figure .d1", "stroke-dasharray:5 2", ""},

@@ -141,6 +141,8 @@ addEventListener("load", () => {
     if (!figure.querySelector("title") || !figure.querySelector("desc"))
       found.push(name + " has no words for those who do not see it");
     lookAtPlaces(name, frame, boxes(figure));
+    for (const each of figure.querySelectorAll(".line"))
+      if (getComputedStyle(each).fill !== "none") found.push(name + ": a line is filled");
   }
   lookAtContrast();
   if (document.querySelector("img, script:not([data-look]), link"))

@@ -211,20 +211,22 @@ double closed_count(const Digraph& digraph, const EffectData& data, Paths paths)
     return counted ? sum : static_cast<double>(data.lambda) * sum;
 }
 
-// Ordered pairs, tied or not, weighted by their cell of the table.
-double open_count(const Digraph& digraph, const EffectData& data, const CountTable& table) {
+// Ordered pairs, tied or not, weighted by their cell of the table; `any` has the bits of cells that
+// are not 0. The others would add nothing, and are nearly all.
+double open_count(const Digraph& digraph, const EffectData& data, const CountTable& table,
+                  const BitMatrix& any) {
     double sum = 0.0;
     if (dead(data)) {
         return sum;
     }
     const bool counted = data.lambda == 1.0F;
     for (int i = 0; i < digraph.vertices; ++i) {
-        for (int j = 0; j < digraph.vertices; ++j) {
+        row_for_each(any[i], any.words_per_row, [&](int j) {
             const int paths = table[i][j];
             if (i != j && paths > 0) {
                 sum += counted ? 1.0 : 1.0 - geometric_weight(paths, data.weights);
             }
-        }
+        });
     }
     return counted ? sum : static_cast<double>(data.lambda) * sum;
 }
@@ -459,7 +461,7 @@ double digraph_a2p_t_change(const Digraph& digraph, const EffectData& data, int 
                     {digraph.two_paths, digraph.any_two_paths, digraph.any_two_paths_in}, i, j);
 }
 double digraph_a2p_t_count(Digraph& digraph, const EffectData& data) {
-    return open_count(digraph, data, digraph.two_paths);
+    return open_count(digraph, data, digraph.two_paths, digraph.any_two_paths);
 }
 
 namespace {
@@ -488,7 +490,7 @@ double digraph_a2p_d_change(const Digraph& digraph, const EffectData& data, int 
                    receivers_of(digraph, i), out_of(digraph, i), j);
 }
 double digraph_a2p_d_count(Digraph& digraph, const EffectData& data) {
-    return open_count(digraph, data, digraph.shared_senders) * 0.5;
+    return open_count(digraph, data, digraph.shared_senders, digraph.any_shared_senders) * 0.5;
 }
 
 // Pairs of actors that send to the same third actors.
@@ -505,7 +507,7 @@ double digraph_a2p_u_change(const Digraph& digraph, const EffectData& data, int 
                    senders_of(digraph, j), in_of(digraph, j), i);
 }
 double digraph_a2p_u_count(Digraph& digraph, const EffectData& data) {
-    return open_count(digraph, data, digraph.shared_receivers) * 0.5;
+    return open_count(digraph, data, digraph.shared_receivers, digraph.any_shared_receivers) * 0.5;
 }
 
 // The means.
