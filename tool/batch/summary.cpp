@@ -38,11 +38,6 @@ std::string indented(const std::string& text) {
     return shifted;
 }
 
-std::string words_of(std::string verdict) {
-    std::replace(verdict.begin(), verdict.end(), '_', ' ');
-    return verdict;
-}
-
 // One job, as it stands in the summary.
 struct Line {
     Job job;
@@ -87,7 +82,7 @@ class SummaryWriter {
             }
         }
         for (const auto& [verdict, jobs] : troubled_) {
-            summary_.table += fmt::format("{}: {}\n", words_of(verdict), some_of(jobs));
+            summary_.table += fmt::format("{}: {}\n", in_words(verdict), some_of(jobs));
         }
         const Json counts = {{"jobs", summary_.jobs},
                              {"converged", summary_.converged},

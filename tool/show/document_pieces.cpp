@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
 
@@ -19,6 +20,11 @@ double number_at(const Json& object, const char* key) {
 std::string text_at(const Json& object, const char* key) {
     const auto place = object.find(key);
     return place != object.end() && place->is_string() ? place->get<std::string>() : "";
+}
+
+std::string in_words(std::string key) {
+    std::replace(key.begin(), key.end(), '_', ' ');
+    return key;
 }
 
 Json json_network(const ResultNetwork& network) {

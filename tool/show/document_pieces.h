@@ -16,6 +16,9 @@ nlohmann::ordered_json json_text(const std::string& text);
 double number_at(const nlohmann::ordered_json& object, const char* key);
 std::string text_at(const nlohmann::ordered_json& object, const char* key);
 
+// A key or a verdict for people: "not converged" of "not_converged".
+std::string in_words(std::string key);
+
 nlohmann::ordered_json json_network(const ResultNetwork& network);
 // Throws nlohmann::ordered_json::exception where a count is not there.
 ResultNetwork network_at(const nlohmann::ordered_json& json);

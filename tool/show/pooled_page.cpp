@@ -7,27 +7,23 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "show/document_pieces.h"
 #include "show/page_pieces.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-double number_in(const Json& object, const char* key) {
-    const Json& value = object.at(key);
-    return value.is_number() ? value.get<double>() : kNoNumber;
-}
-
 PooledEstimate pooled_of(const Json& json) {
     return {json.at("networks").get<int>(),
-            number_in(json, "mean"),
-            number_in(json, "standard_error"),
-            number_in(json, "z"),
-            number_in(json, "p_value"),
-            number_in(json, "variance"),
-            number_in(json, "q"),
+            number_at(json, "mean"),
+            number_at(json, "standard_error"),
+            number_at(json, "z"),
+            number_at(json, "p_value"),
+            number_at(json, "variance"),
+            number_at(json, "q"),
             json.at("q_degrees").get<int>(),
-            number_in(json, "q_p_value")};
+            number_at(json, "q_p_value")};
 }
 
 // A network's job in the pool is the first of the model's that converged.
@@ -40,8 +36,8 @@ void add_networks(const Json& jobs, PooledRuns& runs) {
             continue;
         }
         for (const Json& effect : job.at("effects")) {
-            const GroupEstimate found = {number_in(effect, "estimate"),
-                                         number_in(effect, "standard_error")};
+            const GroupEstimate found = {number_at(effect, "estimate"),
+                                         number_at(effect, "standard_error")};
             for (PooledEffect& each : runs.effects) {
                 if (each.name == effect.at("name") && found.standard_error > 0.0) {
                     each.networks.push_back({network, found});
@@ -87,9 +83,11 @@ SummaryRecord summary_of(const Json& json) {
 }
 
 DrawnEstimate drawn(const std::string& name, double estimate, double standard_error) {
-    constexpr double kQuantile = 1.959963984540054;
-    return {name, estimate, estimate - kQuantile * standard_error,
-            estimate + kQuantile * standard_error, false};
+    ResultEffect effect;
+    effect.estimate = estimate;
+    effect.standard_error = standard_error;
+    judge_effect(effect, true);
+    return {name, estimate, effect.lower, effect.upper, false};
 }
 
 DrawnPool drawn_pool(const PooledRuns& runs, const PooledEffect& effect) {

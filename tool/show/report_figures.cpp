@@ -5,6 +5,8 @@
 #include <cmath>
 #include <set>
 
+#include "show/document_pieces.h"
+
 namespace {
 
 ResultLabel label_of(const ReportSource& source) {
@@ -272,11 +274,7 @@ std::string file_word(const std::string& text) {
     return word.substr(0, 60);
 }
 
-std::string verdict_words(const ResultRecord& result) {
-    std::string words = result.verdict;
-    std::replace(words.begin(), words.end(), '_', ' ');
-    return words;
-}
+std::string verdict_words(const ResultRecord& result) { return in_words(result.verdict); }
 
 std::vector<NamedFigure> report_figures(const std::vector<ReportSource>& sources) {
     Names names(sources.size() > 1);

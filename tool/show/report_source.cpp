@@ -6,15 +6,11 @@
 #include "formats/csv.h"
 #include "formats/text_file.h"
 #include "pictures/axis.h"
+#include "show/document_pieces.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string words_of(std::string key) {
-    std::replace(key.begin(), key.end(), '_', ' ');
-    return key;
-}
 
 // Whole numbers whole, others with the few digits that say something.
 std::string value_text(const Json& json) {
@@ -26,7 +22,7 @@ std::string value_text(const Json& json) {
 void add_lines(const std::string& path, const Json& json, std::vector<std::string>& lines) {
     if (json.is_object()) {
         for (const auto& [key, value] : json.items()) {
-            add_lines(path.empty() ? words_of(key) : path + ", " + words_of(key), value, lines);
+            add_lines(path.empty() ? in_words(key) : path + ", " + in_words(key), value, lines);
         }
     } else if (json.is_array() && !json.empty() && json[0].is_structured()) {
         for (const Json& each : json) {
