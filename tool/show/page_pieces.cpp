@@ -1,6 +1,6 @@
 #include "show/page_pieces.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "show/pooled_page.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cmath>
