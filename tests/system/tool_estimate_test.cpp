@@ -113,7 +113,7 @@ TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
     const std::vector<std::string> expected = {
         "format",  "ovri",       "command",    "verdict",   "exit_status", "reasons",
         "advice",  "network",    "method",     "seed",      "proposals",   "seconds",
-        "effects", "covariance", "likelihood", "diagnosis", "path"};
+        "effects", "covariance", "likelihood", "diagnosis", "bootstrap",   "path"};
     EXPECT_EQ(keys, expected);
     EXPECT_EQ(json["format"], "ovri-result/1");
     EXPECT_EQ(json["verdict"], "converged");
