@@ -17,8 +17,9 @@ class ReadmeFigures : public ToolTest {};
 TEST_F(ReadmeFigures, AreThoseOfItsModel) {
     const std::string source = OVRI_SOURCE_DIRECTORY;
     const std::vector<std::vector<std::string>> commands = {
-        {"estimate", "--network", source + "/examples/florentine/marriage.csv", "--undirected",
-         "--effects", "edge,AT(2)", "--seed", "1", "-o", "marriage.results", "-q"},
+        {"estimate", "--network", source + "/examples/florentine/marriage.csv", "--nodes",
+         source + "/examples/florentine/families.csv", "--undirected", "--effects", "edge,AT(2)",
+         "--seed", "1", "-o", "marriage.results", "-q"},
         {"gof", "marriage.results", "-q"},
         {"report", "marriage.results", "--figures", "svg", "-q"}};
     for (const std::vector<std::string>& words : commands) {
