@@ -20,7 +20,7 @@ TEST_F(ReadmeFigures, AreThoseOfItsModel) {
         {"estimate", "--network", source + "/examples/florentine/marriage.csv", "--nodes",
          source + "/examples/florentine/families.csv", "--undirected", "--effects", "edge,AT(2)",
          "--seed", "1", "-o", "marriage.results", "-q"},
-        {"gof", "marriage.results", "-q"},
+        {"gof", "marriage.results", "--seed", "1", "-q"},
         {"report", "marriage.results", "--figures", "svg", "-q"}};
     for (const std::vector<std::string>& words : commands) {
         result = run_tool(words, scratch.path().string());
