@@ -42,6 +42,18 @@ ResultNetwork network_at(const Json& json) {
             json.at("ties").get<int>(), number_at(json, "density")};
 }
 
+void read_document(const std::string& text, const char* format,
+                   const std::function<void(const Json&)>& take) {
+    try {
+        const Json json = Json::parse(text);
+        if (text_at(json, "format") == format) {
+            take(json);
+        }
+    } catch (const Json::exception&) {
+        return;
+    }
+}
+
 std::string csv_number(double value) {
     return std::isfinite(value) ? fmt::format("{}", value) : "";
 }

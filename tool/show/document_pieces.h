@@ -2,6 +2,7 @@
 // read, and the network that a document is about.
 #pragma once
 
+#include <functional>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
@@ -22,6 +23,11 @@ std::string in_words(std::string key);
 nlohmann::ordered_json json_network(const ResultNetwork& network);
 // Throws nlohmann::ordered_json::exception where a count is not there.
 ResultNetwork network_at(const nlohmann::ordered_json& json);
+
+// Hands a document of that "format" to `take`. Nothing is handed on of other texts, and what `take`
+// misses in a document ends the reading.
+void read_document(const std::string& text, const char* format,
+                   const std::function<void(const nlohmann::ordered_json&)>& take);
 
 // A cell of a CSV file: the shortest text that brings the same value back, empty where it is not
 // finite.

@@ -144,15 +144,9 @@ std::string gof_json(const GofRecord& record) {
 }
 
 std::optional<GofRecord> read_gof_json(const std::string& text) {
-    try {
-        const Json json = Json::parse(text);
-        if (text_at(json, "format") != kFormat) {
-            return std::nullopt;
-        }
-        return record_of(json);
-    } catch (const Json::exception&) {
-        return std::nullopt;
-    }
+    std::optional<GofRecord> record;
+    read_document(text, kFormat, [&record](const Json& json) { record = record_of(json); });
+    return record;
 }
 
 std::string gof_csv(const GofRecord& record) {

@@ -283,13 +283,7 @@ std::string result_json(const ResultRecord& result) {
 }
 
 std::optional<ResultRecord> read_result_json(const std::string& text) {
-    try {
-        const Json json = Json::parse(text);
-        if (text_at(json, "format") != kFormat) {
-            return std::nullopt;
-        }
-        return record_of(json);
-    } catch (const Json::exception&) {
-        return std::nullopt;
-    }
+    std::optional<ResultRecord> record;
+    read_document(text, kFormat, [&record](const Json& json) { record = record_of(json); });
+    return record;
 }
