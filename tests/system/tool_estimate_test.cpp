@@ -279,16 +279,17 @@ TEST_F(ToolEstimate, WordsThatNameNoModelAreNotUnderstood) {
     EXPECT_EQ(folders(), 0);
 }
 
-TEST_F(ToolEstimate, OptionsThatTheMethodHasNoUseForAreNotUnderstood) {
+TEST_F(ToolEstimate, OptionsThatTheMethodHasNoUseForAreTold) {
     for (const char* option : {"--attempts", "--multiplication"}) {
-        EXPECT_EQ(estimate({"friends.toml", option, "3"}).status, 2) << result.out;
-        EXPECT_TRUE(err_says("belongs to stochastic approximation, and the method is auto"))
+        EXPECT_EQ(estimate({"friends.toml", option, "3"}).status, 0) << result.err;
+        EXPECT_TRUE(err_says("serves stochastic approximation alone; the method is auto"))
             << result.err;
-        EXPECT_EQ(estimate({"friends.toml", option, "3", "--method", "mcmle"}).status, 2);
+        EXPECT_EQ(estimate({"friends.toml", option, "3", "--method", "mcmle"}).status, 0);
+        EXPECT_TRUE(err_says("the method is mcmle")) << result.err;
         EXPECT_EQ(
             estimate({"friends.toml", option, "30", "--method", "stochastic-approximation"}).status,
-            0)
-            << result.err;
+            0);
+        EXPECT_FALSE(err_says("serves stochastic approximation")) << result.err;
     }
     EXPECT_EQ(estimate({"friends.toml", "--effects", ""}).status, 2);
     EXPECT_TRUE(err_says("`--effects` takes a word that is not empty")) << result.err;

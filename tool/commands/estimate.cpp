@@ -265,19 +265,18 @@ ModelFile model_with_settings(const EstimateOptions& options) {
     return model;
 }
 
-// Options that the method has no use for; empty when there is none.
-std::string settings_mistake(const EstimateOptions& options, const ModelFile& model) {
+// Tells of options that the method has no use for.
+void tell_unused_options(const EstimateOptions& options, const ModelFile& model) {
     const EstimationMethod method = model.settings.estimation.method;
     const char* option = options.attempts         ? "--attempts"
                          : options.multiplication ? "--multiplication"
                                                   : nullptr;
-    if (option == nullptr || method == EstimationMethod::stochastic_approximation) {
-        return "";
+    if (option != nullptr && method != EstimationMethod::stochastic_approximation) {
+        print(stderr,
+              "ovri: `{}` serves stochastic approximation alone; the method is {}, which has no "
+              "use for it\n",
+              option, estimation_method_name(method));
     }
-    return fmt::format(
-        "`{}` belongs to stochastic approximation, and the method is {}; add "
-        "--method stochastic-approximation, or leave it out",
-        option, estimation_method_name(method));
 }
 
 // How commands of the advice call the model. What came from standard input cannot be read again:
@@ -348,10 +347,8 @@ int estimate(const EstimateOptions& options) {
     outlive_failed_writes();
     const Screen screen = screen_on(stderr, options.colour);
     ModelFile model = model_with_settings(options);
-    if (const std::string mistake = settings_mistake(options, model);
-        model.ok() && !mistake.empty()) {
-        print(stderr, "ovri: {}\n", mistake);
-        return kNotUnderstood;
+    if (model.ok() && !options.quiet) {
+        tell_unused_options(options, model);
     }
     StudyInput input = read_study_to_estimate(std::move(model));
     if (!input.ok()) {
