@@ -344,6 +344,11 @@ int estimate(const EstimateOptions& options) {
         print(stderr, "ovri: {}\n", mistake);
         return kNotUnderstood;
     }
+    constexpr std::uint32_t kMostReplicates = 1000000;
+    if (options.bootstrap.value_or(0) > kMostReplicates) {
+        print(stderr, "ovri: `--bootstrap` takes a number up to {}\n", kMostReplicates);
+        return kNotUnderstood;
+    }
     outlive_failed_writes();
     const Screen screen = screen_on(stderr, options.colour);
     ModelFile model = model_with_settings(options);
@@ -351,21 +356,9 @@ int estimate(const EstimateOptions& options) {
         tell_unused_options(options, model);
     }
     StudyInput input = read_study_to_estimate(std::move(model));
-    if (!input.ok()) {
-        tell_problems(input.problems, screen);
-        return kErrorsFound;
-    }
-    if (!options.quiet) {
-        tell_notes(input, screen);
-    }
-    FolderOptions wanted = options.folder;
-    wanted.inputs = files_of(input.model);
-    ResultsFolder folder(wanted, model_name(options.model));
-    if (!folder.mistake().empty()) {
-        print(stderr, "ovri: {}\n", folder.mistake());
-        return kErrorsFound;
-    }
-    return run_study(input, options, folder);
+    std::optional<ResultsFolder> folder =
+        open_results(input, options.folder, model_name(options.model), options.quiet, screen);
+    return folder ? run_study(input, options, *folder) : kErrorsFound;
 }
 
 std::function<int()> declare_estimate(CLI::App& app) {

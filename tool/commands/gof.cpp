@@ -301,36 +301,31 @@ std::optional<std::uint32_t> seed_of_folder(const std::string& directory) {
 int gof_of_model(const GofOptions& options) {
     const Screen screen = screen_on(stderr, options.colour);
     StudyInput input = read_study(model_of(options.model));
-    if (!input.ok()) {
-        tell_problems(input.problems, screen);
-        return kErrorsFound;
-    }
-    FolderOptions wanted = options.folder;
-    wanted.inputs = files_of(input.model);
-    ResultsFolder folder(wanted, model_name(options.model));
-    if (!folder.mistake().empty()) {
-        print(stderr, "ovri: {}\n", folder.mistake());
+    constexpr bool kNotesLater = true;  // the estimation tells what was read
+    std::optional<ResultsFolder> folder =
+        open_results(input, options.folder, model_name(options.model), kNotesLater, screen);
+    if (!folder) {
         return kErrorsFound;
     }
     if (has_all_values(input.files.study.model)) {
-        return gof_of_values(std::move(input), options, folder);
+        return gof_of_values(std::move(input), options, *folder);
     }
     if (!options.quiet) {
         print(stderr, "{} has no estimates yet: estimating into {} first\n",
-              options.model.model.empty() ? "the model" : options.model.model, folder.directory());
+              options.model.model.empty() ? "the model" : options.model.model, folder->directory());
     }
-    const int status = estimate_into(options, folder.directory());
+    const int status = estimate_into(options, folder->directory());
     if (status != kDone && status != kNotConverged && status != kNotIdentified) {
         std::error_code problem;
-        std::filesystem::remove(native_path(folder.directory()), problem);  // only an empty one
+        std::filesystem::remove(native_path(folder->directory()), problem);  // only an empty one
         return status;
     }
     GofOptions rest = options;
     rest.model = {};
-    rest.model.model = folder.directory();
+    rest.model.model = folder->directory();
     rest.model.threads = options.model.threads;
-    rest.model.seed = seed_of_folder(folder.directory());
-    return gof_of_folder(rest, folder.directory(), GofPlace::after, nullptr);
+    rest.model.seed = seed_of_folder(folder->directory());
+    return gof_of_folder(rest, folder->directory(), GofPlace::after, nullptr);
 }
 
 int gof(const GofOptions& options) {

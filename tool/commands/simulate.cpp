@@ -316,21 +316,9 @@ int simulate(const SimulateOptions& options) {
         check_values(input);
         check_names(input);
     }
-    if (!input.ok()) {
-        tell_problems(input.problems, screen);
-        return kErrorsFound;
-    }
-    if (!options.quiet) {
-        tell_notes(input, screen);
-    }
-    FolderOptions wanted = options.folder;
-    wanted.inputs = files_of(input.model);
-    ResultsFolder folder(wanted, name_of(options));
-    if (!folder.mistake().empty()) {
-        print(stderr, "ovri: {}\n", folder.mistake());
-        return kErrorsFound;
-    }
-    return run_study(input, options, folder);
+    std::optional<ResultsFolder> folder =
+        open_results(input, options.folder, name_of(options), options.quiet, screen);
+    return folder ? run_study(input, options, *folder) : kErrorsFound;
 }
 
 std::function<int()> declare_simulate(CLI::App& app) {

@@ -113,6 +113,24 @@ void tell_problems(const Problems& problems, const Screen& out) {
     }
 }
 
+std::optional<ResultsFolder> open_results(const StudyInput& input, FolderOptions options,
+                                          const std::string& name, bool quiet, const Screen& out) {
+    if (!input.ok()) {
+        tell_problems(input.problems, out);
+        return std::nullopt;
+    }
+    if (!quiet) {
+        tell_notes(input, out);
+    }
+    options.inputs = files_of(input.model);
+    ResultsFolder folder(options, name);
+    if (!folder.mistake().empty()) {
+        print(stderr, "ovri: {}\n", folder.mistake());
+        return std::nullopt;
+    }
+    return folder;
+}
+
 std::uint32_t settle_seed(StudyInput& input) {
     std::optional<std::uint32_t>& seed = input.files.study.settings.run.seed;
     if (!seed) {

@@ -1,6 +1,7 @@
 // A model with its data, read and found sound, before a command begins.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,11 @@ std::vector<std::string> files_of(const ModelFile& model);
 // Tells what was read and guessed, and what is wrong with it.
 void tell_notes(const StudyInput& input, const Screen& out);
 void tell_problems(const Problems& problems, const Screen& out);
+
+// The folder for the results of a run with this input, once what is wrong with either has been
+// told, and what was read unless `quiet`; none where something is wrong.
+std::optional<ResultsFolder> open_results(const StudyInput& input, FolderOptions options,
+                                          const std::string& name, bool quiet, const Screen& out);
 
 // The seed of the settings; where there is none, one is chosen and becomes theirs.
 std::uint32_t settle_seed(StudyInput& input);
