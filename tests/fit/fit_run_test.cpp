@@ -14,19 +14,11 @@
 #include "support/run_outputs.h"
 #include "support/scratch_directory.h"
 #include "support/setup_text.h"
+#include "support/text_pieces.h"
 
 namespace {
 
 using Rows = std::vector<std::vector<double>>;
-
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
 
 // The rows of a sample table without their numbers in front; the head is the first line.
 Rows table_rows(const std::string& text) {

@@ -17,6 +17,7 @@
 #include "support/golden_cases.h"
 #include "support/run_outputs.h"
 #include "support/scratch_directory.h"
+#include "support/text_pieces.h"
 
 namespace fs = std::filesystem;
 
@@ -28,15 +29,6 @@ constexpr std::size_t kDigestLines = 3;
 
 fs::path expected_directory(const std::string& name) {
     return fs::path(OVRI_SOURCE_DIRECTORY) / "tests" / "golden" / name / "expected";
-}
-
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }
 
 std::string digest(const std::string& text) {

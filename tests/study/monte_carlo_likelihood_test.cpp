@@ -7,16 +7,10 @@
 
 #include "study/positive_matrix.h"
 #include "study/study_chain.h"
+#include "support/estimated.h"
 #include "support/small_studies.h"
 
 namespace {
-
-StudyEstimate estimated(const Study& study, std::uint32_t seed) {
-    StudySelection resolved = study_selection(study);
-    EXPECT_TRUE(resolved.ok());
-    RunProgress progress;
-    return study_estimate(study, resolved, seed, progress);
-}
 
 // Six actors with nine ties; every network of six can be counted.
 Study six(const std::string& effects) {

@@ -10,17 +10,11 @@
 
 #include "run/run.h"
 #include "study/study_chain.h"
+#include "support/estimated.h"
 #include "support/scratch_directory.h"
 #include "support/small_studies.h"
 
 namespace {
-
-StudyEstimate estimated(const Study& study, std::uint32_t seed) {
-    StudySelection resolved = study_selection(study);
-    EXPECT_TRUE(resolved.ok());
-    RunProgress progress;
-    return study_estimate(study, resolved, seed, progress);
-}
 
 // The karate network of the examples, to be estimated as a host's runs do.
 Study karate(const std::string& effects) {

@@ -9,7 +9,6 @@
 #include <sstream>
 #include <utility>
 
-#include "support/child_process.h"
 #include "support/json_schema.h"
 
 namespace {
@@ -140,6 +139,14 @@ std::string with(const std::string& text, const std::string& from, const std::st
 ToolTest::ToolTest() {
     std::filesystem::create_directory(scratch.path() / "out");
     scratch.write("network.txt", "0 1 1 0 0\n1 0 1 0 0\n1 1 0 1 0\n0 0 1 0 0\n0 0 0 0 0\n");
+}
+
+ChildResult ToolTest::shell(const std::string& script) const {
+    ChildSetting setting;
+    setting.command = {"bash", "-c", "set -m\n" + script};
+    setting.directory = scratch.path();
+    setting.environment = {{"OVRI", OVRI_TOOL_PATH}};
+    return run_child(setting);
 }
 
 const ToolResult& ToolTest::check_text(const std::string& text) {

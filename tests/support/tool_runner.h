@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "effects/catalogue.h"
+#include "support/child_process.h"
 #include "support/scratch_directory.h"
 
 struct ToolResult {
@@ -70,6 +71,10 @@ class ToolTest : public ::testing::Test {
     // Writes the setup file and runs "ovri check" on it; the findings stay in `result`.
     const ToolResult& check(const ToolSetup& setup) { return check_text(setup.text()); }
     const ToolResult& check_text(const std::string& text);
+
+    // A shell in the scratch directory, in which $OVRI stands for the tool and children can be
+    // interrupted.
+    ChildResult shell(const std::string& script) const;
 
     // Expects a finding of the last check.
     void expect_error(const std::string& field, const std::string& piece) const;

@@ -26,14 +26,6 @@ ToolSetup simulation(int samples, int interval) {
 
 class RunInTrouble : public ToolTest {
   protected:
-    // A shell in which $OVRI stands for the tool and children can be interrupted.
-    ChildResult shell(const std::string& script) const {
-        ChildSetting setting;
-        setting.command = {"bash", "-c", "set -m\n" + script};
-        setting.directory = scratch.path();
-        setting.environment = {{"OVRI", OVRI_TOOL_PATH}};
-        return run_child(setting);
-    }
     void write_setup(const ToolSetup& setup) const { scratch.write("net.setup", setup.text()); }
     // The rows that the same run writes where nothing is in its way.
     std::string whole(const std::string& file) const {

@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "support/child_process.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -32,19 +33,7 @@ class StudyInTrouble : public ToolTest {
     void estimate_with(const std::string& settings) const {
         write_model("[estimation]\nmethod = \"stochastic-approximation\"\n" + settings);
     }
-    // A shell in which $OVRI stands for the tool and children can be interrupted.
-    ChildResult shell(const std::string& script) const {
-        ChildSetting setting;
-        setting.command = {"bash", "-c", "set -m\n" + script};
-        setting.directory = scratch.path();
-        setting.environment = {{"OVRI", OVRI_TOOL_PATH}};
-        return run_child(setting);
-    }
 };
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 }  // namespace
 

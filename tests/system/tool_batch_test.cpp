@@ -5,9 +5,9 @@
 #include <nlohmann/json.hpp>
 
 #include <chrono>
-#include <sstream>
 
 #include "support/child_process.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -68,15 +68,6 @@ class ToolBatch : public ToolTest {
 
 bool is_installed(const std::string& program) {
     return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-std::vector<std::string> lines_of(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }
 
 }  // namespace

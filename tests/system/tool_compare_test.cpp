@@ -3,26 +3,15 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "support/tool_runner.h"
+#include "support/club.h"
+#include "support/text_pieces.h"
 
 namespace {
 
 using Json = nlohmann::json;
 
-class ToolCompare : public ToolTest {
+class ToolCompare : public ClubTest {
   protected:
-    ToolCompare() {
-        scratch.write("club.csv",
-                      "from,to\nAnn,Ben\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nFay,Ann\nAnn,Dot\nGil,"
-                      "Ann\n");
-        scratch.write("nodes.csv",
-                      "name,sex,age\nAnn,f,30\nBen,m,41\nCid,m,25\nDot,f,33\nEve,f,60\nFay,f,28\n"
-                      "Gil,m,52\n");
-    }
-    const ToolResult& ovri(const std::vector<std::string>& words) {
-        result = run_tool(words, scratch.path().string());
-        return result;
-    }
     // Effects whose dyads do not depend on each other: computed, not simulated.
     void estimate(const std::string& effects, const std::string& folder,
                   const std::string& network = "club.csv", const std::string& nodes = "nodes.csv") {
@@ -45,10 +34,6 @@ class ToolCompare : public ToolTest {
         EXPECT_EQ(result.out, "");
     }
 };
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "support/golden_cases.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -25,10 +26,6 @@ class ToolConvert : public ToolTest {
         return result.err.find(piece) != std::string::npos;
     }
 };
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 }  // namespace
 

@@ -5,13 +5,10 @@
 #include <sstream>
 
 #include "encyclopaedia/effect_entries.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 // Characters of the longest line.
 std::size_t longest_line(const std::string& text) {

@@ -342,7 +342,8 @@ TEST_F(ToolEstimate, AdviceKeepsTheMethodAndWhatIsHeld) {
                   "[estimation]\ntime_limit = 0.000001\n[run]\nseed = 1\n");
     const int status = estimate({"held.toml", "--json"}).status;
     ASSERT_TRUE(status == 4 || status == 5) << result.out << result.err;
-    for (const Json& each : Json::parse(result.out)["advice"]) {
+    const Json found = Json::parse(result.out);
+    for (const Json& each : found["advice"]) {
         const auto text = each.get<std::string>();
         EXPECT_TRUE(text.find("--effects 'edge,triangle,AS(2)'") != std::string::npos ||
                     text.find("--effects edge") != std::string::npos)

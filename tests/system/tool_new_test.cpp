@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "support/child_process.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -34,10 +35,6 @@ class ToolNew : public ToolTest {
         return static_cast<std::size_t>(std::distance(begin(all), end(all)));
     }
 };
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 }  // namespace
 

@@ -6,15 +6,12 @@
 #include <sstream>
 
 #include "support/child_process.h"
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 std::string help(const std::vector<std::string>& words) {
     std::vector<std::string> all = {"help"};

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "support/club.h"
+#include "support/text_pieces.h"
 
 namespace {
 
@@ -27,10 +28,6 @@ class ToolReport : public ClubTest {
         EXPECT_EQ(std::system(("/usr/bin/xmllint --noout '" + file + "'").c_str()), 0) << path;
     }
 };
-
-bool has(const std::string& text, const std::string& piece) {
-    return text.find(piece) != std::string::npos;
-}
 
 }  // namespace
 
