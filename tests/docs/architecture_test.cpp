@@ -9,7 +9,7 @@
 namespace {
 
 std::vector<std::string> lines_of(const std::string& path) {
-    std::ifstream file(std::string(OVRI_SOURCE_DIRECTORY) + "/" + path);
+    std::ifstream file(std::string(OVRI_SOURCE_DIRECTORY "/") + path);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {
         lines.push_back(line);

@@ -39,7 +39,7 @@ inline std::vector<std::string> java_command(const std::vector<std::string>& res
 inline std::vector<std::pair<std::string, std::string>> java_environment() {
     std::string preload = OVRI_HELD_CLOCK_PATH;
 #ifdef OVRI_SANITIZER_RUNTIME
-    preload = std::string(OVRI_SANITIZER_RUNTIME) + ":" + preload;
+    preload = std::string(OVRI_SANITIZER_RUNTIME ":") + preload;
 #endif
     return {{"LD_PRELOAD", preload},
             {"OVRI_HELD_CLOCK", std::to_string(kGoldenClock)},
@@ -61,7 +61,7 @@ inline ChildResult run_host(const std::filesystem::path& directory,
 inline ChildResult run_probe(const std::filesystem::path& directory,
                              const std::vector<std::string>& arguments,
                              const std::string& probe = "CallProbe") {
-    std::vector<std::string> rest = {"-cp", std::string(OVRI_JAR_PATH) + ":" + OVRI_PROBE_JAR_PATH,
+    std::vector<std::string> rest = {"-cp", std::string(OVRI_JAR_PATH ":") + OVRI_PROBE_JAR_PATH,
                                      probe};
     rest.insert(rest.end(), arguments.begin(), arguments.end());
     ChildSetting setting{java_command(rest), directory, java_environment()};

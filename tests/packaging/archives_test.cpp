@@ -22,7 +22,7 @@ class Archives : public testing::Test {
     // Makes the archive by the generator and returns its path.
     fs::path pack(const std::string& generator, const std::string& ending) {
         const ChildResult child =
-            run({OVRI_CPACK, "--config", std::string(OVRI_BUILD_DIRECTORY) + "/CPackConfig.cmake",
+            run({OVRI_CPACK, "--config", std::string(OVRI_BUILD_DIRECTORY "/CPackConfig.cmake"),
                  "-G", generator, "-B", scratch_.path().string()});
         EXPECT_EQ(child.status, 0) << child.output << child.errors;
         for (const fs::directory_entry& entry : fs::directory_iterator(scratch_.path())) {
@@ -147,8 +147,8 @@ TEST_F(Archives, TheDebianPackageInstallsInABareDebianAndEstimatesThere) {
     }
     const fs::path archive = pack("DEB", ".deb");
     ChildSetting setting;
-    setting.command = {std::string(OVRI_SOURCE_DIRECTORY) + "/tests/packaging/bare_debian.sh",
-                       archive.string(), std::string(OVRI_BUILD_DIRECTORY) + "/bare-debian"};
+    setting.command = {std::string(OVRI_SOURCE_DIRECTORY "/tests/packaging/bare_debian.sh"),
+                       archive.string(), std::string(OVRI_BUILD_DIRECTORY "/bare-debian")};
     setting.directory = scratch_.path();
     setting.limit = std::chrono::seconds(600);
     const ChildResult child = run_child(setting);

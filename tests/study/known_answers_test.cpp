@@ -27,9 +27,9 @@ TEST(KnownAnswers, DifferBeyondWhatIsAllowed) {
 }
 
 TEST(KnownAnswers, TheRecordedRunIsThatOfTheGoldenFiles) {
-    const std::string log =
-        file_text(std::string(OVRI_SOURCE_DIRECTORY) +
-                  "/tests/golden/florentine_estimation/expected/estimation_florentine.txt");
+    const std::string log = file_text(
+        std::string(OVRI_SOURCE_DIRECTORY
+                    "/tests/golden/florentine_estimation/expected/estimation_florentine.txt"));
     RunProgress progress;
     const std::vector<KnownAnswer> answers = known_answers(1, progress);
     int lines = 0;

@@ -15,7 +15,7 @@ namespace {
 Study example(const std::string& file, int n, bool directed, const std::string& effects) {
     Study study;
     study.network.directed = directed;
-    std::ifstream matrix(std::string(OVRI_SOURCE_DIRECTORY) + "/examples/" + file);
+    std::ifstream matrix(std::string(OVRI_SOURCE_DIRECTORY "/examples/") + file);
     for (int i = 0; i < n; ++i) {
         study.network.actors.push_back(std::to_string(i + 1));
         for (int j = 0; j < n; ++j) {
@@ -133,7 +133,7 @@ TEST(StudyLikelihood, OfAnAttributeIsThatOfALogisticRegression) {
     Study study = florentine("edge,sum(wealth)");
     StudyAttribute wealth;
     wealth.name = "wealth";
-    std::ifstream file(std::string(OVRI_SOURCE_DIRECTORY) + "/examples/florentine/wealth.txt");
+    std::ifstream file(std::string(OVRI_SOURCE_DIRECTORY "/examples/florentine/wealth.txt"));
     std::string line;
     while (std::getline(file, line)) {
         char* end = nullptr;

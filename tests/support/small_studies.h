@@ -30,7 +30,7 @@ inline Study ring_study(int n, bool directed, const std::string& effects) {
 // The karate network of the examples: 34 members, 78 ties.
 inline Study karate_study(const std::string& effects) {
     Study study;
-    std::ifstream matrix(std::string(OVRI_SOURCE_DIRECTORY) + "/examples/karate/karate.txt");
+    std::ifstream matrix(std::string(OVRI_SOURCE_DIRECTORY "/examples/karate/karate.txt"));
     for (int i = 0; i < 34; ++i) {
         study.network.actors.push_back(std::to_string(i + 1));
         for (int j = 0; j < 34; ++j) {

@@ -247,7 +247,7 @@ namespace {
 class RoundTrip : public ToolTest, public testing::WithParamInterface<const char*> {
   protected:
     std::string example(const std::string& name) const {
-        return std::string(OVRI_SOURCE_DIRECTORY) + "/" + name;
+        return std::string(OVRI_SOURCE_DIRECTORY "/") + name;
     }
     // What a run of the setup file leaves, console aside.
     FileTexts run(const std::string& setup) {

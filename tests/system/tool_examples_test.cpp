@@ -50,7 +50,7 @@ const std::vector<Example> kExamples = {
 class ToolExamples : public ToolTest {
   protected:
     static std::string path_of(const std::string& name) {
-        return std::string(OVRI_SOURCE_DIRECTORY) + "/examples/" + name;
+        return std::string(OVRI_SOURCE_DIRECTORY "/examples/") + name;
     }
 };
 

@@ -150,10 +150,10 @@ TEST_F(ToolRun, WhatIsPrintedIntoAFullDiskIsNotDone) {
     scratch.write("net.setup", simulation().text());
     for (const std::string words :
          {"check net.setup", "check nowhere.setup", "help run", "--version"}) {
-        const ChildResult child = run_child(
-            {{"/bin/sh", "-c", std::string(OVRI_TOOL_PATH) + " " + words + " > /dev/full"},
-             scratch.path(),
-             {}});
+        const ChildResult child =
+            run_child({{"/bin/sh", "-c", std::string(OVRI_TOOL_PATH " ") + words + " > /dev/full"},
+                       scratch.path(),
+                       {}});
         EXPECT_EQ(child.status, 3) << words;
         EXPECT_NE(child.errors.find("standard output"), std::string::npos) << child.errors;
     }
