@@ -71,7 +71,11 @@ void read_attributes_section(SectionReader reader, ModelFile& model) {
     for (const auto& [key, node] : reader.table()) {
         ColumnOption option;
         option.name = key.str();
-        model.places["attributes." + option.name] = toml_place(key.source());
+        const FilePlace place = toml_place(key.source());
+        model.places["attributes." + option.name] = place;
+        option.file = model.path;
+        option.line = place.line;
+        option.column = place.column;
         if (const toml::table* table = node.as_table()) {
             read_column_table(*table, model, option);
         } else {

@@ -381,8 +381,10 @@ void check_options(const std::string& file, const NodesTable& table,
         }
         const std::string nearest = nearest_name(option.name, names);
         nodes.problems.push_back(
-            {.file = file,
-             .field = unknown_option_field(option.name),
+            {.file = option.line > 0 ? option.file : file,
+             .line = option.line,
+             .column = option.column,
+             .field = "`" + option.name + "` in [attributes]",
              .found = "no column of that name",
              .expected =
                  "a column of " + file + (names.empty() ? "" : ": one of " + listed_names(names)),
@@ -412,10 +414,6 @@ void take_table(const std::string& file, const NodesTable& table,
 }
 
 }  // namespace
-
-std::string unknown_option_field(const std::string& column) {
-    return "`" + column + "` in [attributes]";
-}
 
 NodesFile read_nodes(const std::string& path, const std::vector<ColumnOption>& options) {
     return read_nodes(read_text_file(path), options);

@@ -14,6 +14,10 @@ struct ColumnOption {
     std::string name;
     std::optional<AttributeType> type;
     bool keep_missing = false;
+    // Where a model file says so: there stands the mistake of a column that is not there.
+    std::string file = {};
+    int line = 0;
+    int column = 0;
 };
 
 // One attribute as read. Its own problems (missing values, text among numbers) matter only to who
@@ -23,9 +27,6 @@ struct NodesColumn {
     std::string note;  // how it was read: "binary: 1 is `yes`, 0 is `no`"
     Problems problems;
 };
-
-// What the problem of an option is about whose column is not there.
-std::string unknown_option_field(const std::string& column);
 
 struct NodesFile {
     ActorList actors;

@@ -33,21 +33,6 @@ void place_problems(const ModelFile& model, const std::string& key, const std::s
     }
 }
 
-// An option of an attribute that is not there is a mistake of the line that names it.
-void place_options(const ModelFile& model, Problems& problems) {
-    for (Problem& problem : problems) {
-        for (const ColumnOption& option : model.attributes) {
-            const FilePlace at = place_of(model, "attributes." + option.name);
-            if (at.line > 0 && problem.line == 0 &&
-                problem.field == unknown_option_field(option.name)) {
-                problem.file = model.path;
-                problem.line = at.line;
-                problem.column = at.column;
-            }
-        }
-    }
-}
-
 bool is_used(const ModelFile& model, const std::string& attribute) {
     return std::any_of(model.model.effects.begin(), model.model.effects.end(),
                        [&](const StudyEffect& effect) {
@@ -98,7 +83,6 @@ void take_own_columns(const ModelFile& model, const NetworkFile& network, bool h
     }
     NodesFile own = read_columns(model.network.file, files.study.network.actors, network.columns,
                                  model.attributes);
-    place_options(model, own.problems);
     append(own.problems, files);
     take_columns(model, own, files);
 }
@@ -136,7 +120,6 @@ void load_network(const ModelFile& model, StudyFiles& files) {
     if (has_nodes) {
         nodes = read_nodes(model.network.nodes, model.attributes);
         place_problems(model, "network.nodes", model.network.nodes, nodes.problems);
-        place_options(model, nodes.problems);
         append(nodes.problems, files);
     }
     if (!nodes.ok()) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -307,37 +305,4 @@ bool is_missing_text(std::string_view text) {
         return each >= 'A' && each <= 'Z' ? static_cast<char>(each - 'A' + 'a') : each;
     });
     return std::find(kWords.begin(), kWords.end(), lower) != kWords.end();
-}
-
-std::string_view without_space(std::string_view text) {
-    constexpr std::string_view kSpace = " \t\r\n\v\f";
-    const std::size_t begin = text.find_first_not_of(kSpace);
-    if (begin == std::string_view::npos) {
-        return text.substr(0, 0);
-    }
-    return text.substr(begin, text.find_last_not_of(kSpace) - begin + 1);
-}
-
-std::optional<double> number_of(std::string_view text) {
-    std::string_view digits = without_space(text);
-    if (digits.size() > 1 && digits.front() == '+' && digits[1] != '-') {
-        digits.remove_prefix(1);
-    }
-    double value = 0.0;
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, value);
-    if (digits.empty() || error != std::errc() || stop != end || !std::isfinite(value)) {
-        return std::nullopt;
-    }
-    return value;
-}
-
-bool is_decimal_comma(std::string_view text) {
-    std::string number(text);
-    const std::size_t comma = number.find(',');
-    if (comma == std::string::npos || number.find('.') != std::string::npos) {
-        return false;
-    }
-    number[comma] = '.';
-    return number_of(number).has_value();
 }

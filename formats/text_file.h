@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "study/number_text.h"
 #include "study/problem.h"
 
 // A file read, or why it could not be. `text` is UTF-8 without a byte order mark.
@@ -36,15 +37,6 @@ std::string path_beside(const std::string& file, const std::string& path);
 // The extension in lower case, without its dot; empty without one.
 std::string path_extension(const std::string& path);
 
-// The number that the text is, white space around it aside; none when it is anything else,
-// infinite, or not a number. The decimal sign is a point in every locale.
-std::optional<double> number_of(std::string_view text);
-
-// A number written with a decimal comma, such as "3,5".
-bool is_decimal_comma(std::string_view text);
-
 // What people write for a value that is not known: nothing, NA, N/A, NaN, null, a single point,
 // #N/A, in any case.
 bool is_missing_text(std::string_view text);
-
-std::string_view without_space(std::string_view text);

@@ -8,18 +8,23 @@
 namespace {
 
 // Solves L y = x for each row.
-Matrix whitened(const Matrix& rows, const Matrix& lower) {
-    Matrix white = rows;
+Matrix whitened(Matrix rows, const Matrix& lower) {
     for (int row = 0; row < rows.rows; ++row) {
-        for (int i = 0; i < rows.columns; ++i) {
-            double sum = white[row][i];
-            for (int k = 0; k < i; ++k) {
-                sum -= lower[i][k] * white[row][k];
-            }
-            white[row][i] = sum / lower[i][i];
+        solve_lower(lower, rows[row]);
+    }
+    return rows;
+}
+
+Matrix deviations(const ChainDraw& draw, const DrawFrame& frame) {
+    const Matrix& all = draw.samples.statistics;
+    Matrix some = matrix_create(all.rows, static_cast<int>(frame.free.size()), 0.0);
+    for (int row = 0; row < all.rows; ++row) {
+        for (int k = 0; k < some.columns; ++k) {
+            const int column = frame.free[static_cast<std::size_t>(k)];
+            some[row][k] = all[row][column] - draw.moments.means[static_cast<std::size_t>(column)];
         }
     }
-    return white;
+    return some;
 }
 
 // How much each sample moves each parameter: deviations times the inverse covariance.
@@ -62,23 +67,11 @@ void measure(ChainDraw& draw, const DrawFrame& frame) {
         draw.excess.push_back(frame.observed[at] - draw.moments.means[at]);
     }
     draw.distance = inverse_form(*lower, draw.excess);
-    const Matrix deviation = deviations(draw, frame);
-    draw.times = influence_times(deviation, draw.inverse, frame.chains);
-    Matrix target = matrix_create(1, deviation.columns, 0.0);
-    std::copy(draw.excess.begin(), draw.excess.end(), target[0]);
-    draw.ray = hull_ray(whitened(deviation, *lower), whitened(target, *lower).cells);
-}
-
-Matrix deviations(const ChainDraw& draw, const DrawFrame& frame) {
-    const Matrix& all = draw.samples.statistics;
-    Matrix some = matrix_create(all.rows, static_cast<int>(frame.free.size()), 0.0);
-    for (int row = 0; row < all.rows; ++row) {
-        for (int k = 0; k < some.columns; ++k) {
-            const int column = frame.free[static_cast<std::size_t>(k)];
-            some[row][k] = all[row][column] - draw.moments.means[static_cast<std::size_t>(column)];
-        }
-    }
-    return some;
+    draw.deviation = deviations(draw, frame);
+    draw.times = influence_times(draw.deviation, draw.inverse, frame.chains);
+    std::vector<double> target = draw.excess;
+    solve_lower(*lower, target.data());
+    draw.ray = hull_ray(whitened(draw.deviation, *lower), target);
 }
 
 double t_ratio(const ChainDraw& draw, const DrawFrame& frame, int effect) {
@@ -96,15 +89,8 @@ double largest_t_ratio(const ChainDraw& draw, const DrawFrame& frame) {
 }
 
 std::vector<double> hull_face(const ChainDraw& draw, const DrawFrame& frame) {
-    // In terms of the statistics: L'^-1 x normal.
     std::vector<double> normal = draw.ray.normal;
-    for (int i = draw.lower.rows - 1; i >= 0; --i) {
-        double sum = normal[static_cast<std::size_t>(i)];
-        for (int k = i + 1; k < draw.lower.rows; ++k) {
-            sum -= draw.lower[k][i] * normal[static_cast<std::size_t>(k)];
-        }
-        normal[static_cast<std::size_t>(i)] = sum / draw.lower[i][i];
-    }
+    solve_transposed(draw.lower, normal.data());  // in terms of the statistics
     for (std::size_t k = 0; k < normal.size(); ++k) {
         const int at = frame.free[k];
         normal[k] *= std::sqrt(draw.moments.covariance[at][at]);

@@ -30,6 +30,8 @@ struct ChainDraw {
     // Of the estimated effects, by their numbers among these. None but the first where effects
     // depend on each other in the samples.
     DependentSet dependent;
+    // Their statistics less the means: one row a sample, q columns.
+    Matrix deviation;
     Matrix lower;                // Cholesky factor of their covariance
     Matrix inverse;              // and its inverse
     std::vector<double> excess;  // observed less mean statistics
@@ -46,9 +48,6 @@ struct ChainDraw {
 
 // Fills in what follows from the samples: moments to ray.
 void measure(ChainDraw& draw, const DrawFrame& frame);
-
-// Deviations of the estimated effects' statistics from their means: one row a sample, q columns.
-Matrix deviations(const ChainDraw& draw, const DrawFrame& frame);
 
 // (observed - simulated mean) / simulated standard deviation of an effect; and the largest size of
 // an estimated one.

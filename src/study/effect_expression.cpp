@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "study/names.h"
+#include "study/number_text.h"
 
 namespace {
 
@@ -54,17 +55,6 @@ void read_argument(std::string_view inside, EffectExpression& expression) {
     if (!expression.lambda) {
         expression.argument = inside;
     }
-}
-
-// A number written with a decimal comma, such as 2,5.
-bool is_decimal_comma(std::string_view text) {
-    std::string pointed(text);
-    const std::size_t comma = pointed.find(',');
-    if (comma == std::string::npos) {
-        return false;
-    }
-    pointed[comma] = '.';
-    return as_number(pointed).has_value();
 }
 
 bool needs_quotes(const std::string& argument) {

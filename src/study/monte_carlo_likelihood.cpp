@@ -290,7 +290,7 @@ class Search {
         }
         const std::vector<double> step = cholesky_solve(draw.lower, aim);
         const std::optional<std::vector<double>> exact_step =
-            weighted_step(deviations(draw, frame_), aim, step);
+            weighted_step(draw.deviation, aim, step);
         series.at = moved(draw.parameters, frame_, exact_step.value_or(step));
         if (near && exact_step) {
             series.pool.add(draw, frame_, chosen(series.at));
@@ -383,8 +383,10 @@ class Search {
     // The best point found, marked.
     void give_up() {
         constexpr int kFallen = 2;
-        estimate_.verdict =
-            fallen_ >= kFallen || !best_ ? StudyVerdict::degenerate : StudyVerdict::not_converged;
+        // Of a search that ended before its chains drew anything nothing is known.
+        estimate_.verdict = fallen_ >= kFallen || (!best_ && runs_ > 0)
+                                ? StudyVerdict::degenerate
+                                : StudyVerdict::not_converged;
         if (!best_) {
             return;
         }

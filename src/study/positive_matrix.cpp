@@ -2,20 +2,25 @@
 
 #include <cmath>
 
-namespace {
-
-// Solves L y = b in place.
-void solve_lower(const Matrix& lower, std::vector<double>& b) {
+void solve_lower(const Matrix& lower, double* b) {
     for (int i = 0; i < lower.rows; ++i) {
-        double sum = b[static_cast<std::size_t>(i)];
+        double sum = b[i];
         for (int k = 0; k < i; ++k) {
-            sum -= lower[i][k] * b[static_cast<std::size_t>(k)];
+            sum -= lower[i][k] * b[k];
         }
-        b[static_cast<std::size_t>(i)] = sum / lower[i][i];
+        b[i] = sum / lower[i][i];
     }
 }
 
-}  // namespace
+void solve_transposed(const Matrix& lower, double* b) {
+    for (int i = lower.rows - 1; i >= 0; --i) {
+        double sum = b[i];
+        for (int k = i + 1; k < lower.rows; ++k) {
+            sum -= lower[k][i] * b[k];
+        }
+        b[i] = sum / lower[i][i];
+    }
+}
 
 std::optional<Matrix> cholesky(const Matrix& matrix) {
     constexpr double kTiny = 1e-13;
@@ -42,14 +47,8 @@ std::optional<Matrix> cholesky(const Matrix& matrix) {
 }
 
 std::vector<double> cholesky_solve(const Matrix& lower, std::vector<double> b) {
-    solve_lower(lower, b);
-    for (int i = lower.rows - 1; i >= 0; --i) {
-        double sum = b[static_cast<std::size_t>(i)];
-        for (int k = i + 1; k < lower.rows; ++k) {
-            sum -= lower[k][i] * b[static_cast<std::size_t>(k)];
-        }
-        b[static_cast<std::size_t>(i)] = sum / lower[i][i];
-    }
+    solve_lower(lower, b.data());
+    solve_transposed(lower, b.data());
     return b;
 }
 
@@ -69,7 +68,7 @@ Matrix cholesky_inverse(const Matrix& lower) {
 
 double inverse_form(const Matrix& lower, const std::vector<double>& b) {
     std::vector<double> y = b;
-    solve_lower(lower, y);
+    solve_lower(lower, y.data());
     double sum = 0.0;
     for (const double each : y) {
         sum += each * each;

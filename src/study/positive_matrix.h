@@ -10,6 +10,10 @@
 // or below 1e-13 of its diagonal, or a number that is not finite. O(p^3).
 std::optional<Matrix> cholesky(const Matrix& matrix);
 
+// Solve L y = b and L' x = b, in place of b.
+void solve_lower(const Matrix& lower, double* b);
+void solve_transposed(const Matrix& lower, double* b);
+
 // The solution x of L L' x = b.
 std::vector<double> cholesky_solve(const Matrix& lower, std::vector<double> b);
 

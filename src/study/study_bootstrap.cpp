@@ -1,17 +1,16 @@
 #include "study/study_bootstrap.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
-#include <exception>
+#include <future>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 #include "base/no_number.h"
 #include "base/random_stream.h"
 #include "study/gof_summary.h"
+#include "study/shared_work.h"
 #include "study/study_chains.h"
 
 namespace {
@@ -71,76 +70,36 @@ class Replicates {
           burn_in_(burn_in_of(study, estimate)),
           seed_(estimate.seed),
           progress_(progress),
-          all_(static_cast<std::size_t>(count)),
-          failures_(all_.size()) {}
+          all_(static_cast<std::size_t>(count)) {}
 
+    // The caller's thread tells how far the others are, and passes the wish to end on to them.
     std::vector<Replicate> carry_out() {
-        const int wanted = study_.settings.run.threads > 0
-                               ? study_.settings.run.threads
-                               : static_cast<int>(std::thread::hardware_concurrency());
-        const int threads = std::clamp(wanted, 1, std::max(static_cast<int>(all_.size()), 1));
-        progress_start(progress_, RunStage::simulation, static_cast<double>(all_.size()));
-        const auto inner = std::make_unique<RunProgress[]>(static_cast<std::size_t>(threads));
-        std::vector<std::thread> workers;
-        workers.reserve(static_cast<std::size_t>(threads));
-        try {
-            for (int k = 0; k < threads; ++k) {
-                workers.emplace_back(
-                    [this, &own = inner[static_cast<std::size_t>(k)]] { work(own); });
+        const auto count = static_cast<int>(all_.size());
+        const int threads = threads_for(study_.settings.run.threads, count);
+        progress_start(progress_, RunStage::simulation, static_cast<double>(count));
+        const auto own = std::make_unique<RunProgress[]>(static_cast<std::size_t>(threads));
+        // Where the machine gives no more threads it is done below.
+        constexpr auto kAny = std::launch::async | std::launch::deferred;
+        std::future<void> work = std::async(kAny, [&] {
+            share_work(count, threads, [&](int thread, int number) {
+                const auto at = static_cast<std::size_t>(number);
+                all_[at] = replicate(at, own[static_cast<std::size_t>(thread)]);
+                ++done_;
+            });
+        });
+        constexpr std::chrono::milliseconds kGlance(50);
+        while (work.wait_for(kGlance) == std::future_status::timeout) {
+            progress_.work_done.store(done_, std::memory_order_relaxed);
+            for (int thread = 0; progress_.stop && thread < threads; ++thread) {
+                own[static_cast<std::size_t>(thread)].stop = true;
             }
-        } catch (const std::exception&) {
-            // The machine gives no more threads: those there are do the work.
-        }
-        watch(inner.get(), static_cast<int>(workers.size()));
-        for (std::thread& worker : workers) {
-            worker.join();
-        }
-        if (workers.empty()) {
-            work(progress_);
         }
         progress_check(progress_);
-        for (const std::exception_ptr& failure : failures_) {
-            if (failure) {
-                std::rethrow_exception(failure);
-            }
-        }
+        work.get();
         return std::move(all_);
     }
 
   private:
-    // Until all workers have ended: tells how far they are, and passes the wish to end on to them.
-    void watch(RunProgress* inner, int workers) {
-        constexpr std::chrono::milliseconds kGlance(50);
-        std::unique_lock<std::mutex> lock(mutex_);
-        while (ended_ < workers) {
-            turn_.wait_for(lock, kGlance);
-            progress_.work_done.store(done_, std::memory_order_relaxed);
-            for (int k = 0; progress_.stop && k < workers; ++k) {
-                inner[k].stop = true;
-            }
-        }
-    }
-
-    // The replicates that are due, until there are none.
-    void work(RunProgress& own) {
-        for (std::size_t number = take(); number < all_.size(); number = take()) {
-            try {
-                all_[number] = replicate(number, own);
-            } catch (...) {
-                failures_[number] = std::current_exception();
-                break;
-            }
-        }
-        const std::scoped_lock lock(mutex_);
-        ++ended_;
-        turn_.notify_one();
-    }
-    std::size_t take() {
-        const std::scoped_lock lock(mutex_);
-        done_ = static_cast<double>(next_);
-        return next_++;
-    }
-
     Replicate replicate(std::size_t number, RunProgress& own) const {
         constexpr std::uint64_t kStreams = 0x626F6F7473747261U;
         RandomStream random(seed_ ^ kStreams, number);
@@ -173,12 +132,7 @@ class Replicates {
     std::uint64_t seed_;
     RunProgress& progress_;
     std::vector<Replicate> all_;
-    std::vector<std::exception_ptr> failures_;
-    std::mutex mutex_;  // of what follows
-    std::condition_variable turn_;
-    std::size_t next_ = 0;
-    int ended_ = 0;
-    double done_ = 0.0;
+    std::atomic<int> done_{0};
 };
 
 // `at`: the effect's number.

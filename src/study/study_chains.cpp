@@ -1,15 +1,13 @@
 #include "study/study_chains.h"
 
 #include <algorithm>
-#include <atomic>
-#include <exception>
 #include <iterator>
 #include <optional>
-#include <thread>
 #include <utility>
 
 #include "measures/descriptives.h"
 #include "sampling/tie_no_tie.h"
+#include "study/shared_work.h"
 #include "study/study_chain.h"
 
 class StudyChains::Ensemble {
@@ -56,12 +54,6 @@ std::vector<Dyad> free_ties(const Study& study) {
         dyads.push_back({tie.from, tie.to});
     }
     return dyads;
-}
-
-int threads_for(int threads, int chains) {
-    const int wanted =
-        threads > 0 ? threads : static_cast<int>(std::thread::hardware_concurrency());
-    return std::clamp(wanted, 1, chains);
 }
 
 template <class Network>
@@ -145,13 +137,10 @@ class EnsembleOf final : public StudyChains::Ensemble {
         }
         drawn.proposals = chains() * (static_cast<double>(burn_in) +
                                       static_cast<double>(interval) * task.samples);
-        task.failures.resize(chains_.size());
-        carry_out(task);
-        for (const std::exception_ptr& failure : task.failures) {
-            if (failure) {
-                std::rethrow_exception(failure);
-            }
-        }
+        share_work(chains(), static_cast<int>(workplaces_.size()),
+                   [this, &task](int thread, int number) {
+                       carry_on(static_cast<std::size_t>(thread), number, task);
+                   });
         return std::move(drawn);
     }
 
@@ -165,9 +154,6 @@ class EnsembleOf final : public StudyChains::Ensemble {
         RunProgress& progress;
         const VisitSample& visit;
         ChainSamples drawn = {};
-        std::atomic<int> next{0};  // the chain that is due
-        std::atomic<bool> failed{false};
-        std::vector<std::exception_ptr> failures = {};  // one a chain
     };
 
     std::vector<double> by_effect(const std::vector<double>& placed) const {
@@ -243,36 +229,14 @@ class EnsembleOf final : public StudyChains::Ensemble {
         place.runs = ++resting.runs;
     }
 
-    // What one thread does: the chains that are due, until there are none.
-    void work(std::size_t thread, Run& task) {
-        for (int number = task.next++; number < chains(); number = task.next++) {
-            if (task.failed) {
-                return;
-            }
-            try {
-                advance(workplace(thread), number, task);
-            } catch (...) {
-                task.failures[static_cast<std::size_t>(number)] = std::current_exception();
-                task.failed = true;
-                // Whatever it was may have left tables half done.
-                workplaces_[thread].reset();
-            }
-        }
-    }
-
-    void carry_out(Run& task) {
-        std::vector<std::thread> threads;
-        threads.reserve(workplaces_.size());
+    // A chain that is due, at a thread's workplace.
+    void carry_on(std::size_t thread, int number, Run& task) {
         try {
-            for (std::size_t thread = 1; thread < workplaces_.size(); ++thread) {
-                threads.emplace_back([this, thread, &task] { work(thread, task); });
-            }
-        } catch (const std::exception&) {
-            // The machine gives no more threads: those there are do the work.
-        }
-        work(0, task);
-        for (std::thread& thread : threads) {
-            thread.join();
+            advance(workplace(thread), number, task);
+        } catch (...) {
+            // Whatever it was may have left tables half done.
+            workplaces_[thread].reset();
+            throw;
         }
     }
 

@@ -375,11 +375,6 @@ void find_estimates(const Study& study, StudySelection& resolved, StudyChain<Net
         run_attempts(study, resolved, run, begin, progress, estimate);
     } else if (method == EstimationMethod::mcmle || !estimate_exactly(study, resolved, estimate)) {
         estimate_by_simulation(study, resolved, estimate, progress);
-        // Of a search that ended before its chains drew anything nothing is known.
-        if (estimate.verdict == StudyVerdict::degenerate && estimate.diagnosis.chains == 0 &&
-            !has_estimates(estimate)) {
-            estimate.verdict = StudyVerdict::not_converged;
-        }
     }
     estimate.path = thinned(estimate.path, kMostPathSteps);
 }

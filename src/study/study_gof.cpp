@@ -1,15 +1,13 @@
 #include "study/study_gof.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <exception>
 #include <mutex>
-#include <thread>
 
 #include "fit/parameter_draws.h"
 #include "study/gof_measures.h"
 #include "study/gof_summary.h"
+#include "study/shared_work.h"
 #include "study/study_chain.h"
 #include "study/study_chains.h"
 
@@ -189,33 +187,8 @@ class GofRun {
     void draw_around(const Matrix& sets) {
         start_progress(kDefaultChains *
                        (burn_in() + interval_ * (kSettlingIntervals + 1) * share()));
-        const unsigned wanted = settings_.threads > 0 ? static_cast<unsigned>(settings_.threads)
-                                                      : std::thread::hardware_concurrency();
-        std::atomic<int> next{0};
-        std::vector<std::exception_ptr> failures(kDefaultChains);
-        const auto work = [&] {
-            for (int chain = next++; chain < kDefaultChains; chain = next++) {
-                try {
-                    draw_around(sets, chain);
-                } catch (...) {
-                    failures[static_cast<std::size_t>(chain)] = std::current_exception();
-                    return;
-                }
-            }
-        };
-        std::vector<std::thread> threads;
-        for (unsigned k = 1; k < std::clamp(wanted, 1U, unsigned{kDefaultChains}); ++k) {
-            threads.emplace_back(work);
-        }
-        work();
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
-        for (const std::exception_ptr& failure : failures) {
-            if (failure) {
-                std::rethrow_exception(failure);
-            }
-        }
+        share_work(kDefaultChains, threads_for(settings_.threads, kDefaultChains),
+                   [&](int, int number) { draw_around(sets, number); });
     }
 
     void draw_around(const Matrix& sets, int number) {

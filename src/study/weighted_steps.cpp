@@ -100,7 +100,7 @@ std::optional<std::vector<double>> weighted_step(const Matrix& deviation,
 
 void EstimatePool::add(const ChainDraw& draw, const DrawFrame& frame,
                        const std::vector<double>& estimate) {
-    Part part{{}, deviations(draw, frame), draw.effective()};
+    Part part{{}, draw.deviation, draw.effective()};
     weighted_.resize(estimate.size(), 0.0);
     worth_.resize(estimate.size(), 0.0);
     for (std::size_t k = 0; k < estimate.size(); ++k) {

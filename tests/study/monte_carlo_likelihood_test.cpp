@@ -211,6 +211,15 @@ TEST(MonteCarloLikelihood, TrianglesOfTheKarateClubAreDegenerate) {
     }
 }
 
+TEST(MonteCarloLikelihood, NetworksThatAreAllCompleteFromTheStartAreDegenerate) {
+    Study study = karate_study("edge,triangle");
+    for (StudyEffect& effect : study.model.effects) {
+        effect.start = 5.0;
+    }
+    const StudyEstimate found = estimated(study, 1);
+    EXPECT_EQ(found.verdict, StudyVerdict::degenerate);
+}
+
 TEST(MonteCarloLikelihood, AStatisticAtItsLeastHasAnInfiniteEstimate) {
     Study study = ring_study(14, false, "edge,triangle");
     study.network.ties.insert(study.network.ties.end(), {{0, 5}, {2, 9}, {3, 11}});

@@ -22,14 +22,6 @@ Json finding_fields(const Finding& finding) {
             {"mend", json_text(finding.mend)}};
 }
 
-Json network_fields(const ResultNetwork& network) {
-    return {{"file", network.file},
-            {"directed", network.directed},
-            {"actors", network.actors},
-            {"ties", network.ties},
-            {"density", network.density == network.density ? Json(network.density) : Json()}};
-}
-
 }  // namespace
 
 std::string check_document(const CheckRecord& record) {
@@ -39,7 +31,7 @@ std::string check_document(const CheckRecord& record) {
                      {"errors", count_findings(record.findings, Severity::error)},
                      {"warnings", count_findings(record.findings, Severity::warning)},
                      {"findings", Json::array()},
-                     {"network", record.network ? network_fields(*record.network) : Json()},
+                     {"network", record.network ? json_network(*record.network) : Json()},
                      {"effects", record.effects},
                      {"notes", record.notes}};
     for (const Finding& finding : record.findings.list) {
