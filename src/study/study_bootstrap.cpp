@@ -17,13 +17,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-struct Replicate {
-    StudyVerdict verdict = StudyVerdict::not_converged;
-    std::vector<double> estimates;
-    std::vector<double> standard_errors;
-    double proposals = 0.0;
-};
-
 std::vector<double> estimates_of(const StudyEstimate& estimate) {
     std::vector<double> values;
     for (const EffectEstimate& each : estimate.effects) {
@@ -62,7 +55,7 @@ Study replicated_study(const Study& study, const StudyEstimate& estimate) {
 class Replicates {
   public:
     Replicates(const Study& study, const StudySelection& resolved, const StudyEstimate& estimate,
-               int count, RunProgress& progress)
+               const WorkPart& part, RunProgress& progress)
         : study_(study),
           resolved_(resolved),
           replicated_(replicated_study(study, estimate)),
@@ -70,10 +63,11 @@ class Replicates {
           burn_in_(burn_in_of(study, estimate)),
           seed_(estimate.seed),
           progress_(progress),
-          all_(static_cast<std::size_t>(count)) {}
+          first_(static_cast<std::size_t>(part.first)),
+          all_(static_cast<std::size_t>(part.count)) {}
 
     // The caller's thread tells how far the others are, and passes the wish to end on to them.
-    std::vector<Replicate> carry_out() {
+    std::vector<BootstrapReplicate> carry_out() {
         const auto count = static_cast<int>(all_.size());
         const int threads = threads_for(study_.settings.run.threads, count);
         progress_start(progress_, RunStage::simulation, static_cast<double>(count));
@@ -83,7 +77,7 @@ class Replicates {
         std::future<void> work = std::async(kAny, [&] {
             share_work(count, threads, [&](int thread, int number) {
                 const auto at = static_cast<std::size_t>(number);
-                all_[at] = replicate(at, own[static_cast<std::size_t>(thread)]);
+                all_[at] = replicate(first_ + at, own[static_cast<std::size_t>(thread)]);
                 ++done_;
             });
         });
@@ -100,7 +94,7 @@ class Replicates {
     }
 
   private:
-    Replicate replicate(std::size_t number, RunProgress& own) const {
+    BootstrapReplicate replicate(std::size_t number, RunProgress& own) const {
         constexpr std::uint64_t kStreams = 0x626F6F7473747261U;
         RandomStream random(seed_ ^ kStreams, number);
         Study study = replicated_;
@@ -114,7 +108,7 @@ class Replicates {
         StudySelection resolved = study_selection(study);
         const StudyEstimate found = study_estimate_alone(
             study, resolved, static_cast<std::uint32_t>(random.bits() >> 32U), own);
-        Replicate replicate;
+        BootstrapReplicate replicate;
         replicate.verdict = found.verdict;
         replicate.proposals = found.proposals;
         for (const EffectEstimate& each : found.effects) {
@@ -131,12 +125,13 @@ class Replicates {
     std::int64_t burn_in_;
     std::uint64_t seed_;
     RunProgress& progress_;
-    std::vector<Replicate> all_;
+    std::size_t first_;
+    std::vector<BootstrapReplicate> all_;
     std::atomic<int> done_{0};
 };
 
 // `at`: the effect's number.
-BootstrapEffect summarised(const std::vector<Replicate>& all, std::size_t at,
+BootstrapEffect summarised(const std::vector<BootstrapReplicate>& all, std::size_t at,
                            const EffectEstimate& drawn_with) {
     constexpr double kNormal95 = 1.959963984540054;
     constexpr double kTail = 0.025;
@@ -144,7 +139,7 @@ BootstrapEffect summarised(const std::vector<Replicate>& all, std::size_t at,
     std::vector<double> values;
     double sum = 0.0;
     double covered = 0.0;
-    for (const Replicate& each : all) {
+    for (const BootstrapReplicate& each : all) {
         if (each.verdict == StudyVerdict::converged) {
             const double value = each.estimates[at];
             values.push_back(value);
@@ -179,17 +174,20 @@ int replicates_with(const StudyBootstrap& bootstrap, StudyVerdict verdict) {
         std::count(bootstrap.verdicts.begin(), bootstrap.verdicts.end(), verdict));
 }
 
-StudyBootstrap study_bootstrap(const Study& study, const StudySelection& resolved,
-                               const StudyEstimate& estimate, int replicates,
-                               RunProgress& progress) {
-    const Clock::time_point begin = Clock::now();
-    const std::vector<Replicate> all =
-        Replicates(study, resolved, estimate, std::max(replicates, 0), progress).carry_out();
+std::vector<BootstrapReplicate> bootstrap_replicates(const Study& study,
+                                                     const StudySelection& resolved,
+                                                     const StudyEstimate& estimate,
+                                                     const WorkPart& part, RunProgress& progress) {
+    return Replicates(study, resolved, estimate, part, progress).carry_out();
+}
+
+StudyBootstrap bootstrap_summary(const StudyEstimate& estimate,
+                                 const std::vector<BootstrapReplicate>& all) {
     const auto p = static_cast<int>(estimate.effects.size());
     StudyBootstrap bootstrap;
     bootstrap.estimates = matrix_create(static_cast<int>(all.size()), p, kNoNumber);
     int row = 0;
-    for (const Replicate& each : all) {
+    for (const BootstrapReplicate& each : all) {
         bootstrap.verdicts.push_back(each.verdict);
         bootstrap.proposals += each.proposals;
         if (each.verdict == StudyVerdict::converged) {
@@ -200,6 +198,16 @@ StudyBootstrap study_bootstrap(const Study& study, const StudySelection& resolve
     for (std::size_t k = 0; k < estimate.effects.size(); ++k) {
         bootstrap.effects.push_back(summarised(all, k, estimate.effects[k]));
     }
+    return bootstrap;
+}
+
+StudyBootstrap study_bootstrap(const Study& study, const StudySelection& resolved,
+                               const StudyEstimate& estimate, int replicates,
+                               RunProgress& progress) {
+    const Clock::time_point begin = Clock::now();
+    StudyBootstrap bootstrap = bootstrap_summary(
+        estimate, bootstrap_replicates(study, resolved, estimate,
+                                       undivided(std::max(replicates, 0)), progress));
     bootstrap.seconds = std::chrono::duration<double>(Clock::now() - begin).count();
     return bootstrap;
 }

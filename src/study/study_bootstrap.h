@@ -13,6 +13,15 @@
 #include "base/host_options.h"
 #include "base/matrix.h"
 #include "study/study_estimate.h"
+#include "study/work_part.h"
+
+// One network drawn, and what was estimated of it, by effect.
+struct BootstrapReplicate {
+    StudyVerdict verdict = StudyVerdict::not_converged;
+    std::vector<double> estimates;
+    std::vector<double> standard_errors;
+    double proposals = 0.0;
+};
 
 // Of one effect over the replicates that converged; NaN for a held effect, or without any.
 struct BootstrapEffect {
@@ -42,3 +51,12 @@ int replicates_with(const StudyBootstrap& bootstrap, StudyVerdict verdict);
 StudyBootstrap study_bootstrap(const Study& study, const StudySelection& resolved,
                                const StudyEstimate& estimate, int replicates,
                                RunProgress& progress);
+
+// The same in two steps, for replicates that are drawn in parts: those of one part, and what all
+// of them in their order say; the seconds are left to the caller.
+std::vector<BootstrapReplicate> bootstrap_replicates(const Study& study,
+                                                     const StudySelection& resolved,
+                                                     const StudyEstimate& estimate,
+                                                     const WorkPart& part, RunProgress& progress);
+StudyBootstrap bootstrap_summary(const StudyEstimate& estimate,
+                                 const std::vector<BootstrapReplicate>& all);

@@ -93,9 +93,12 @@ class StudyChain {
     RandomSource& random() { return random_; }
 
     // The observed ties and their statistics again.
-    void restore_network() {
+    void restore_network() { take_network(study_.network.ties); }
+
+    // These ties and their statistics.
+    void take_network(const std::vector<ActorTie>& ties) {
         network_ = empty_network_for<Network>(actors(), resolved_.selection, size());
-        add_ties(network_, study_.network.ties);
+        add_ties(network_, ties);
         count_anew(network_, model_);
     }
 

@@ -26,7 +26,13 @@ constexpr double kMostLonger = 12.0;
 // Intervals that a chain has to follow its parameters when they change.
 constexpr std::int64_t kSettlingIntervals = 4;
 // Streams of random numbers of a test have nothing to do with those of an estimation of that seed.
+// Seeds of chains are multiples of kChainStreams, and the test's seed: 1 finds the interval, from
+// 16 K on are those of part K, the first for chains at the estimates, one from the third on for
+// each chain at parameters of its own. A test that is not divided draws at the estimates by the
+// chains that found the interval.
 constexpr std::uint64_t kChainStreams = std::uint64_t{1} << 32U;
+constexpr int kSeedsOfPart = 16;
+static_assert(kDefaultChains + 2 <= kSeedsOfPart);
 constexpr std::uint32_t kParameterStream = 1000;
 
 // One row a sample when parameters are drawn; none when they stay where they are.
@@ -91,33 +97,70 @@ class GofRun {
           settings_(settings),
           progress_(progress),
           meter_(study),
-          samples_(static_cast<std::size_t>(std::max(settings.samples, 0))),
           interval_(settings.interval) {}
 
-    StudyGof run() {
-        const GofMeasures observed = measure_observed();
-        StudyChains chains(study_, resolved_, kChainStreams + settings_.seed, kDefaultChains,
-                           settings_.threads);
+    GofInterval interval() {
+        StudyChains chains = pilot_chains();
         find_interval(chains);
+        return {interval_, proposals_};
+    }
+
+    // The interval is known.
+    GofDraws draw(const WorkPart& part) {
+        begin(part);
         const Matrix sets = parameter_sets(parameters_, settings_);
         if (sets.rows > 0) {
             draw_around(sets);
         } else {
+            StudyChains chains(study_, resolved_, chain_seed(0), kDefaultChains, settings_.threads);
             draw_at_estimates(chains);
         }
-        StudyGof gof = summarised_gof(meter_.statistics(), meter_.shapes(), observed, samples_);
-        gof.effects = static_cast<int>(resolved_.names.size());
+        return {std::move(samples_), proposals_};
+    }
+
+    StudyGof run() {
+        StudyChains chains = pilot_chains();
+        find_interval(chains);
+        begin(undivided(std::max(settings_.samples, 0)));
+        const Matrix sets = parameter_sets(parameters_, settings_);
+        if (sets.rows > 0) {
+            draw_around(sets);
+        } else {
+            chains.restart();
+            draw_at_estimates(chains);
+        }
+        StudyGof gof = comparison(study_, resolved_, meter_, samples_);
         gof.seed = settings_.seed;
         gof.interval = interval_;
-        gof.proposals = static_cast<double>(proposals_);
+        gof.proposals = proposals_;
+        return gof;
+    }
+
+    static StudyGof comparison(const Study& study, const StudySelection& resolved,
+                               const GofMeter<Network>& meter,
+                               const std::vector<GofMeasures>& samples) {
+        StudyChain<Network> observed(study, resolved, study_parameters(study, resolved), 0);
+        StudyGof gof = summarised_gof(meter.statistics(), meter.shapes(),
+                                      meter.measure(observed.network()), samples);
+        gof.effects = static_cast<int>(resolved.names.size());
         return gof;
     }
 
   private:
-    GofMeasures measure_observed() const {
-        StudyChain<Network> observed(study_, resolved_, study_parameters(study_, resolved_),
-                                     settings_.seed);
-        return meter_.measure(observed.network());
+    StudyChains pilot_chains() const {
+        return {study_, resolved_, kChainStreams + settings_.seed, kDefaultChains,
+                settings_.threads};
+    }
+
+    std::uint64_t chain_seed(int number) const {
+        const auto place = static_cast<std::uint64_t>(part_.number) * kSeedsOfPart +
+                           static_cast<std::uint64_t>(number);
+        return kChainStreams * place + settings_.seed;
+    }
+
+    void begin(const WorkPart& part) {
+        part_ = part;
+        samples_.resize(static_cast<std::size_t>(part.count));
     }
 
     int share() const {
@@ -173,7 +216,6 @@ class GofRun {
     }
 
     void draw_at_estimates(StudyChains& chains) {
-        chains.restart();
         start_progress(kDefaultChains * (burn_in() + interval_ * share()));
         const ChainSamples drawn =
             chains.run(parameters_, burn_in(), interval_, share(), progress_,
@@ -192,11 +234,9 @@ class GofRun {
     }
 
     void draw_around(const Matrix& sets, int number) {
-        StudyChains chain(study_, resolved_,
-                          kChainStreams * static_cast<std::uint64_t>(number + 2) + settings_.seed,
-                          1, 1);
-        for (int draw = 0; draw * kDefaultChains + number < sets.rows; ++draw) {
-            const double* values = sets[draw * kDefaultChains + number];
+        StudyChains chain(study_, resolved_, chain_seed(number + 2), 1, 1);
+        for (int draw = 0; draw * kDefaultChains + number < part_.count; ++draw) {
+            const double* values = sets[part_.first + draw * kDefaultChains + number];
             const ChainSamples drawn = chain.run(
                 {values, values + sets.columns},
                 draw == 0 ? burn_in() : kSettlingIntervals * interval_, interval_, 1, progress_,
@@ -212,13 +252,37 @@ class GofRun {
     const GofSettings& settings_;
     RunProgress& progress_;
     const GofMeter<Network> meter_;
-    std::vector<GofMeasures> samples_;
     std::int64_t interval_;
+    WorkPart part_;
+    std::vector<GofMeasures> samples_;
     std::mutex mutex_;
     double proposals_ = 0.0;
 };
 
 }  // namespace
+
+GofInterval gof_interval(const Study& study, const StudySelection& resolved,
+                         const std::vector<double>& parameters, const GofSettings& settings,
+                         RunProgress& progress) {
+    return study.network.directed
+               ? GofRun<Digraph>(study, resolved, parameters, settings, progress).interval()
+               : GofRun<Graph>(study, resolved, parameters, settings, progress).interval();
+}
+
+GofDraws gof_draws(const Study& study, const StudySelection& resolved,
+                   const std::vector<double>& parameters, const GofSettings& settings,
+                   const WorkPart& part, RunProgress& progress) {
+    return study.network.directed
+               ? GofRun<Digraph>(study, resolved, parameters, settings, progress).draw(part)
+               : GofRun<Graph>(study, resolved, parameters, settings, progress).draw(part);
+}
+
+StudyGof gof_comparison(const Study& study, const StudySelection& resolved,
+                        const std::vector<GofMeasures>& samples) {
+    return study.network.directed
+               ? GofRun<Digraph>::comparison(study, resolved, GofMeter<Digraph>(study), samples)
+               : GofRun<Graph>::comparison(study, resolved, GofMeter<Graph>(study), samples);
+}
 
 StudyGof study_gof(const Study& study, const StudySelection& resolved,
                    const std::vector<double>& parameters, const GofSettings& settings,

@@ -9,7 +9,9 @@
 
 #include "base/host_options.h"
 #include "base/matrix.h"
+#include "study/gof_measures.h"
 #include "study/study_selection.h"
+#include "study/work_part.h"
 
 // A number that does not exist is NaN.
 struct GofStatistic {
@@ -79,6 +81,28 @@ struct GofSettings {
 StudyGof study_gof(const Study& study, const StudySelection& resolved,
                    const std::vector<double>& parameters, const GofSettings& settings,
                    RunProgress& progress);
+
+// The same in three steps, for samples that are drawn in parts. The interval that the settings ask
+// for or leave to be found:
+struct GofInterval {
+    std::int64_t interval = 0;
+    double proposals = 0.0;  // made to find it
+};
+GofInterval gof_interval(const Study& study, const StudySelection& resolved,
+                         const std::vector<double>& parameters, const GofSettings& settings,
+                         RunProgress& progress);
+// what one part draws at an interval that is known, by chains of its own:
+struct GofDraws {
+    std::vector<GofMeasures> samples;
+    double proposals = 0.0;
+};
+GofDraws gof_draws(const Study& study, const StudySelection& resolved,
+                   const std::vector<double>& parameters, const GofSettings& settings,
+                   const WorkPart& part, RunProgress& progress);
+// and the comparison with all samples in their order; seed, interval and proposals are left to the
+// caller.
+StudyGof gof_comparison(const Study& study, const StudySelection& resolved,
+                        const std::vector<GofMeasures>& samples);
 
 // What does not fit: the statistic is more than two standard deviations off, or differs from
 // samples that are all the same.

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/random_stream.h"
 #include "study/study_chain.h"
+#include "study/study_chains.h"
 
 namespace {
 
@@ -13,14 +15,11 @@ std::int64_t chosen_interval(double dyads, double step) {
         std::ceil(std::max({step, std::min(dyads, kEnoughProposals), 1.0})));
 }
 
+// A simulation at the study's own network, with the proposals that it will take.
 template <class Network>
-StudySimulation simulate(const Study& study, const StudySelection& resolved,
-                         std::vector<double> placed, const StudySampling& sampling,
-                         std::uint32_t seed, RunProgress& progress,
-                         const std::function<void(const StudySample&)>& visit) {
+StudySimulation planned(StudyChain<Network>& run, const StudySampling& sampling) {
     constexpr double kMultiplication = 30.0;
     constexpr std::int64_t kBurnInIntervals = 10;
-    StudyChain<Network> run(study, resolved, std::move(placed), seed);
     Network& network = run.network();
     const double n = network.vertices;
     StudySimulation simulation;
@@ -31,6 +30,17 @@ StudySimulation simulate(const Study& study, const StudySelection& resolved,
                                                 proposals_per_step(network, kMultiplication));
     simulation.burn_in =
         sampling.burn_in > 0 ? sampling.burn_in : kBurnInIntervals * simulation.interval;
+    return simulation;
+}
+
+template <class Network>
+StudySimulation simulate(const Study& study, const StudySelection& resolved,
+                         std::vector<double> placed, const StudySampling& sampling,
+                         std::uint32_t seed, RunProgress& progress,
+                         const std::function<void(const StudySample&)>& visit) {
+    StudyChain<Network> run(study, resolved, std::move(placed), seed);
+    Network& network = run.network();
+    StudySimulation simulation = planned(run, sampling);
     Chain<Network> chain = run.chain();
     progress_start(progress, RunStage::burn_in, static_cast<double>(simulation.burn_in));
     burn_in_run(chain, static_cast<double>(simulation.burn_in), progress);
@@ -51,9 +61,35 @@ StudySimulation simulate(const Study& study, const StudySelection& resolved,
     return simulation;
 }
 
+template <class Network>
+StudySimulation simulate_part(const Study& study, const StudySelection& resolved,
+                              const std::vector<double>& parameters, const StudySampling& sampling,
+                              std::uint32_t seed, const WorkPart& part, RunProgress& progress,
+                              const std::function<void(const StudySample&)>& visit) {
+    constexpr std::uint64_t kStreams = 0x73696D756C617465U;
+    StudyChain<Network> counter(study, resolved, study_parameters(study, resolved), seed);
+    StudySimulation simulation = planned(counter, sampling);
+    RandomStream seeds(seed ^ kStreams, static_cast<std::uint64_t>(part.number));
+    StudyChains chain(study, resolved, seeds.bits(), 1, 1);
+    const auto interval = static_cast<double>(simulation.interval);
+    progress_start(progress, RunStage::simulation,
+                   static_cast<double>(simulation.burn_in) + interval * part.count);
+    const ChainSamples drawn =
+        chain.run(parameters, simulation.burn_in, simulation.interval, part.count, progress,
+                  [&](int, int draw, const SampledNetwork& network) {
+                      const std::vector<ActorTie> ties = ties_of(network);
+                      counter.take_network(ties);
+                      visit({part.first + draw,
+                             counter.by_effect(counter.network().statistics.data()), ties});
+                  });
+    simulation.samples = part.count;
+    simulation.proposals = drawn.proposals;
+    return simulation;
+}
+
 }  // namespace
 
-StudySimulation study_simulate(const Study& study, StudySelection& resolved,
+StudySimulation study_simulate(const Study& study, const StudySelection& resolved,
                                const std::vector<double>& parameters, const StudySampling& sampling,
                                std::uint32_t seed, RunProgress& progress,
                                const std::function<void(const StudySample&)>& visit) {
@@ -65,4 +101,15 @@ StudySimulation study_simulate(const Study& study, StudySelection& resolved,
                                                       seed, progress, visit)
                                   : simulate<Graph>(study, resolved, std::move(placed), sampling,
                                                     seed, progress, visit);
+}
+
+StudySimulation study_simulate_part(const Study& study, const StudySelection& resolved,
+                                    const std::vector<double>& parameters,
+                                    const StudySampling& sampling, std::uint32_t seed,
+                                    const WorkPart& part, RunProgress& progress,
+                                    const std::function<void(const StudySample&)>& visit) {
+    return study.network.directed ? simulate_part<Digraph>(study, resolved, parameters, sampling,
+                                                           seed, part, progress, visit)
+                                  : simulate_part<Graph>(study, resolved, parameters, sampling,
+                                                         seed, part, progress, visit);
 }

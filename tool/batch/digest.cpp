@@ -21,8 +21,7 @@ void Digest::add(std::string_view text) {
 
 std::string Digest::text() const { return fmt::format("{:016x}", state_); }
 
-// A file that cannot be read has a digest that no file has.
-const std::string& JobDigests::file(const std::string& path) {
+const std::string& FileDigests::of(const std::string& path) {
     const auto place = files_.find(path);
     if (place != files_.end() || path.empty()) {
         return path.empty() ? path : place->second;
@@ -40,17 +39,12 @@ const std::string& JobDigests::file(const std::string& path) {
     return files_[path] = handle != nullptr ? digest.text() : "absent";
 }
 
-std::string JobDigests::of(const Job& job) {
-    ModelFile model = job_model(plan_, job);
-    Digest digest;
-    digest.add(OVRI_VERSION);
-    digest.add(plan_.networks[job.network].name);
-    digest.add(plan_.models[job.model].name);
-    digest.add(file(model.network.file));
-    digest.add(file(model.network.nodes));
-    digest.add(file(model.free_dyads));
+void add_model(ModelFile model, FileDigests& files, Digest& digest) {
+    digest.add(files.of(model.network.file));
+    digest.add(files.of(model.network.nodes));
+    digest.add(files.of(model.free_dyads));
     for (CovariateSource& source : model.covariates) {
-        digest.add(file(source.file));
+        digest.add(files.of(source.file));
         source.file = "-";
     }
     // What is left says nothing of places.
@@ -59,5 +53,13 @@ std::string JobDigests::of(const Job& job) {
     model.free_dyads = model.free_dyads.empty() ? "" : "-";
     model.settings.run.threads = 1;
     digest.add(model_text(model, ""));
+}
+
+std::string JobDigests::of(const Job& job) {
+    Digest digest;
+    digest.add(OVRI_VERSION);
+    digest.add(plan_.networks[job.network].name);
+    digest.add(plan_.models[job.model].name);
+    add_model(job_model(plan_, job), files_, digest);
     return digest.text();
 }

@@ -1,4 +1,4 @@
-// Digests of what a job depends on, by which changed inputs are noticed.
+// Digests of what a job or a part of a run depends on, by which changed inputs are noticed.
 #pragma once
 
 #include <map>
@@ -19,16 +19,27 @@ class Digest {
     std::uint64_t state_ = 14695981039346656037ULL;
 };
 
-// A job's digest covers the version, the model with seed and settings, and the bytes of every file
-// that it reads, but not where these stand on the machine. Each file is read once for all jobs.
+// Digests of files, each read once. A file that cannot be read has a digest that no file has; no
+// name has an empty one.
+class FileDigests {
+  public:
+    const std::string& of(const std::string& path);
+
+  private:
+    std::map<std::string, std::string> files_;
+};
+
+// Adds the bytes of every file that a model names, and the model with seed and settings, but not
+// where the files stand on the machine, nor the threads.
+void add_model(ModelFile model, FileDigests& files, Digest& digest);
+
+// A job's digest covers the version, names and model of the job.
 class JobDigests {
   public:
     explicit JobDigests(const Plan& plan) : plan_(plan) {}
     std::string of(const Job& job);
 
   private:
-    const std::string& file(const std::string& path);
-
     const Plan& plan_;
-    std::map<std::string, std::string> files_;
+    FileDigests files_;
 };

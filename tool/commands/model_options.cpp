@@ -4,7 +4,9 @@
 #include <filesystem>
 
 #include "base/native_path.h"
+#include "commands/commands.h"
 #include "commands/options.h"
+#include "terminal/print.h"
 
 namespace {
 
@@ -63,6 +65,11 @@ std::string model_mistake(const ModelOptions& options) {
         return "`--effects` is missing: name the model's effects, such as --effects 'edge,AT(2)'";
     }
     return "";
+}
+
+int tell_misunderstood(const std::string& mistake) {
+    print(stderr, "ovri: {}\n", mistake);
+    return kNotUnderstood;
 }
 
 ModelFile with_options(ModelFile model, const ModelOptions& options) {

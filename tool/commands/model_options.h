@@ -35,6 +35,9 @@ void add_direction(CLI::App& app, bool& directed, bool& undirected);
 // What the words leave out or say twice; empty when they name a model.
 std::string model_mistake(const ModelOptions& options);
 
+// Tells what is wrong with the words of a command; the exit status of that.
+int tell_misunderstood(const std::string& mistake);
+
 // The model file with what the options say in its place. Effects of the options keep the start and
 // fixed values that the file has for them.
 ModelFile model_of(const ModelOptions& options);

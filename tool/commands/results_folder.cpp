@@ -5,6 +5,7 @@
 #include "base/native_path.h"
 #include "commands/commands.h"
 #include "formats/text_file.h"
+#include "parts/part_files.h"
 #include "terminal/print.h"
 
 namespace fs = std::filesystem;
@@ -16,7 +17,7 @@ namespace {
 constexpr const char* kWritten[] = {
     "result.json", "estimates.csv", "covariance.csv",   "sample.csv",  "bootstrap.csv", "gof.json",
     "gof.csv",     "networks",      "nodes.csv",        "network.txt", "report.html",   "figures",
-    "model.toml",  "run.log",       "result.json.part", "inputs.json"};
+    "model.toml",  "run.log",       "result.json.part", "inputs.json", "parts"};
 
 // Whether a command has left results in the folder, complete or not.
 bool holds_results(const std::string& directory) {
@@ -25,7 +26,7 @@ bool holds_results(const std::string& directory) {
         return file.ok() && file.text.substr(0, 200).find(words) != std::string::npos;
     };
     return begins("run.log", "version: ovri ") || begins("result.json", "\"ovri-result/") ||
-           begins("gof.json", "\"ovri-gof/");
+           begins("gof.json", "\"ovri-gof/") || holds_parts(directory);
 }
 
 // The first of the files that stands inside the folder; empty when none does.
@@ -55,10 +56,13 @@ void clear(const std::string& directory) {
 }  // namespace
 
 ResultsFolder::ResultsFolder(const FolderOptions& options, const std::string& name) {
-    if (!options.directory.empty() || options.overwrite) {
+    if (!options.directory.empty() || options.overwrite || options.parts != FolderParts::none) {
         FolderOptions wanted = options;
         wanted.directory = options.directory.empty() ? name + ".results" : options.directory;
         take(wanted);
+        if (mistake_.empty() && options.parts == FolderParts::added) {
+            make("parts");
+        }
     } else {
         take_next(name + ".results");
     }
@@ -68,12 +72,20 @@ void ResultsFolder::take(const FolderOptions& options) {
     directory_ = options.directory;
     std::error_code problem;
     const fs::path path = native_path(directory_);
+    const bool parts_there =
+        options.parts != FolderParts::none && !options.overwrite && holds_parts(directory_);
+    if (options.parts == FolderParts::merged && !parts_there) {
+        mistake_ = "there is no folder `" + directory_ + "` with parts; name it by -o";
+        return;
+    }
     if (fs::create_directories(path, problem)) {
         return;
     }
     if (!fs::is_directory(path)) {
         mistake_ = "the results folder `" + directory_ + "` cannot be made" +
                    (problem ? ": " + problem.message() : "") + "; name another one by -o";
+    } else if (parts_there) {
+        return;
     } else if (!fs::is_empty(path, problem) && !options.overwrite) {
         mistake_ = "the results folder `" + directory_ +
                    "` exists; name another one by -o, or add --overwrite";
@@ -106,7 +118,8 @@ void ResultsFolder::take_next(const std::string& name) {
 
 bool ResultsFolder::make(const std::string& folder) {
     std::error_code problem;
-    if (fs::create_directory(native_path(path(folder)), problem)) {
+    if (fs::create_directory(native_path(path(folder)), problem) ||
+        fs::is_directory(native_path(path(folder)), problem)) {
         return true;
     }
     failures_.push_back(path(folder));
@@ -117,6 +130,11 @@ void ResultsFolder::write(const std::string& file, const std::string& text) {
     if (!write_text_file(path(file), text)) {
         failures_.push_back(path(file));
     }
+}
+
+void ResultsFolder::reopen() {
+    std::error_code problem;
+    fs::remove(native_path(path("result.json")), problem);
 }
 
 void ResultsFolder::finish(const std::string& result_json) {

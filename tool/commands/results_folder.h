@@ -4,6 +4,13 @@
 #include <string>
 #include <vector>
 
+// What becomes of the parts of a run in the folder.
+enum class FolderParts {
+    none,
+    added,  // by several commands at a time: a folder that holds parts is taken up as it is
+    merged  // they are there already
+};
+
 struct FolderOptions {
     std::string directory;  // -o; empty for NAME.results
     bool overwrite = false;
@@ -11,6 +18,8 @@ struct FolderOptions {
     std::vector<std::string> inputs = {};
     // Whether the folder's place is the command's own, so that whatever stands in it is too.
     bool own = false;
+    // With parts the folder's name is NAME.results, or the one that is asked for.
+    FolderParts parts = FolderParts::none;
 };
 
 class ResultsFolder {
@@ -25,10 +34,12 @@ class ResultsFolder {
     const std::string& directory() const { return directory_; }
     std::string path(const std::string& file) const { return directory_ + "/" + file; }
 
-    // Makes a folder inside; false when it cannot.
+    // Makes a folder inside, or takes the one that is there; false when it cannot.
     bool make(const std::string& folder);
     // Writes a file of the folder whole.
     void write(const std::string& file, const std::string& text);
+    // The folder is no longer complete: something in it is done again.
+    void reopen();
     // The last file, by rename; left out when one before could not be written.
     void finish(const std::string& result_json);
     // Files that could not be written, as seen from the working directory.

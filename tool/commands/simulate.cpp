@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
 #include "base/native_path.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
+#include "commands/drawn_networks.h"
 #include "commands/model_options.h"
 #include "commands/options.h"
 #include "commands/results_folder.h"
@@ -12,14 +14,12 @@
 #include "commands/simulated_values.h"
 #include "commands/study_input.h"
 #include "formats/network_writer.h"
-#include "formats/text_file.h"
+#include "parts/part_run.h"
 #include "show/result_csv.h"
 #include "show/result_json.h"
 #include "show/result_table.h"
-#include "study/study_simulate.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
-#include "terminal/progress.h"
 
 namespace {
 
@@ -36,37 +36,8 @@ struct SimulateOptions {
     bool csv = false;
     bool quiet = false;
     ColourChoice colour = ColourChoice::automatic;
+    PartOptions parts;
 };
-
-// What was drawn so far, in the order of the study's effects.
-struct Drawn {
-    std::string rows;       // of sample.csv
-    int with_isolates = 0;  // networks in which an actor has no tie
-    std::vector<double> sums;
-    std::vector<double> squares;  // of deviations from the observed statistics
-    StudySimulation simulation;
-    bool interrupted = false;
-};
-
-const char* extension_of(NetworkFormat format) {
-    switch (format) {
-        case NetworkFormat::edge_list:
-            return "csv";
-        case NetworkFormat::matrix:
-            return "txt";
-        case NetworkFormat::pajek:
-            return "net";
-        case NetworkFormat::graphml:
-            return "graphml";
-        case NetworkFormat::gml:
-            return "gml";
-        case NetworkFormat::dl:
-            return "dl";
-        case NetworkFormat::dot:
-            break;
-    }
-    return "dot";
-}
 
 ModelFile read_model(const SimulateOptions& options) {
     const std::string& word = options.model.model;
@@ -120,64 +91,16 @@ void check_names(StudyInput& input) {
     }
 }
 
-std::vector<double> values_of(const StudyInput& input) {
-    std::vector<double> values;
-    for (const StudyEffect& effect : input.files.study.model.effects) {
-        values.push_back(effect.fixed ? *effect.fixed : effect.start.value_or(0.0));
+std::string sample_of(const StudyInput& input, const DrawnNetworks& drawn) {
+    std::string text = sample_head(input.resolved.names);
+    int number = 0;
+    for (const std::vector<double>& statistics : drawn.statistics) {
+        text += sample_row(1, ++number, statistics);
     }
-    return values;
+    return text;
 }
 
-void take_sample(const StudySample& sample, Drawn& drawn) {
-    drawn.rows += sample_row(1, sample.number + 1, sample.statistics);
-    drawn.sums.resize(sample.statistics.size(), 0.0);
-    drawn.squares.resize(sample.statistics.size(), 0.0);
-    for (std::size_t k = 0; k < sample.statistics.size(); ++k) {
-        drawn.sums[k] += sample.statistics[k];
-        drawn.squares[k] += sample.statistics[k] * sample.statistics[k];
-    }
-    ++drawn.simulation.samples;
-}
-
-bool has_isolates(const StudyNetwork& network, const std::vector<ActorTie>& ties) {
-    std::vector<char> tied(network.actors.size(), 0);
-    for (const ActorTie& tie : ties) {
-        tied[static_cast<std::size_t>(tie.from)] = 1;
-        tied[static_cast<std::size_t>(tie.to)] = 1;
-    }
-    return std::find(tied.begin(), tied.end(), 0) != tied.end();
-}
-
-Drawn draw(StudyInput& input, std::uint32_t seed, const SimulateOptions& options,
-           ResultsFolder& folder) {
-    Drawn drawn;
-    RunProgress progress;
-    const InterruptScope interrupt(progress.stop);
-    std::optional<ProgressDisplay> display;
-    if (!options.quiet && is_terminal(stderr)) {
-        display.emplace(progress, stderr);
-    }
-    StudyNetwork network = input.files.study.network;
-    const NetworkFormat format = *input.model.simulation_format;
-    const auto visit = [&](const StudySample& sample) {
-        take_sample(sample, drawn);
-        network.ties = sample.ties;
-        drawn.with_isolates += has_isolates(network, sample.ties) ? 1 : 0;
-        folder.write(fmt::format("networks/{:04}.{}", sample.number + 1, extension_of(format)),
-                     network_text(network, format));
-        progress.stop = progress.stop || !folder.failures().empty();
-    };
-    try {
-        drawn.simulation =
-            study_simulate(input.files.study, input.resolved, values_of(input),
-                           input.files.study.settings.simulation, seed, progress, visit);
-    } catch (const RunStopped&) {
-        drawn.interrupted = true;
-    }
-    return drawn;
-}
-
-ResultRecord result_of(const Drawn& drawn, const StudyInput& input, std::uint32_t seed) {
+ResultRecord result_of(const DrawnNetworks& drawn, const StudyInput& input, std::uint32_t seed) {
     ResultRecord result;
     result.ovri = OVRI_VERSION;
     result.command = "simulate";
@@ -187,13 +110,19 @@ ResultRecord result_of(const Drawn& drawn, const StudyInput& input, std::uint32_
     const std::vector<double> values = values_of(input);
     const double samples = drawn.simulation.samples;
     for (std::size_t k = 0; k < values.size() && samples > 0.0; ++k) {
+        double sum = 0.0;
+        double squares = 0.0;
+        for (const std::vector<double>& statistics : drawn.statistics) {
+            sum += statistics[k];
+            squares += statistics[k] * statistics[k];
+        }
         ResultEffect effect;
         effect.name = input.resolved.names[k];
         effect.estimate = values[k];
         effect.observed = drawn.simulation.observed[k];
-        effect.simulated_mean = drawn.sums[k] / samples;
-        effect.simulated_sd = std::sqrt(std::max(
-            0.0, drawn.squares[k] / samples - effect.simulated_mean * effect.simulated_mean));
+        effect.simulated_mean = sum / samples;
+        effect.simulated_sd = std::sqrt(
+            std::max(0.0, squares / samples - effect.simulated_mean * effect.simulated_mean));
         effect.t_ratio = (effect.observed - effect.simulated_mean) / effect.simulated_sd;
         effect.fixed = true;
         judge_effect(effect, false);
@@ -215,51 +144,18 @@ void show(const ResultRecord& result, const std::string& sample, const SimulateO
     }
 }
 
-// What the networks' files leave out or write otherwise, with the way to keep it: a nodes file for
-// edge lists, the model's own or one beside the networks.
-std::vector<std::string> losses(const StudyInput& input, const Drawn& drawn,
-                                ResultsFolder& folder) {
-    std::vector<std::string> notes;
-    const NetworkFormat format = *input.model.simulation_format;
-    const StudyNetwork& network = input.files.study.network;
-    if (format == NetworkFormat::edge_list && drawn.with_isolates > 0) {
-        std::string nodes = input.model.network.nodes;
-        if (nodes.empty() || nodes == "-") {
-            folder.write("nodes.csv", nodes_text(network.actors));
-            nodes = folder.path("nodes.csv");
-        }
-        notes.push_back(fmt::format(
-            "{} of {} {} actors without ties, whom an edge list leaves out: read them with --nodes "
-            "{}",
-            drawn.with_isolates, counted(drawn.simulation.samples, "network"),
-            drawn.with_isolates == 1 ? "has" : "have", shell_word(nodes)));
-    }
-    if (const auto changed = changed_names(network, format); !changed.empty()) {
-        notes.push_back(
-            fmt::format("{} has no sign for quotation marks and line ends in names: "
-                        "apostrophes and blanks stand in their place, as in that of {}",
-                        network_format_name(format), shown_text(changed.front())));
-    }
-    return notes;
-}
-
 // What the chain chose becomes the model's, so that model.toml says all.
-void settle_sampling(const Drawn& drawn, StudyInput& input) {
+void settle_sampling(const DrawnNetworks& drawn, StudyInput& input) {
     StudySampling& sampling = input.files.study.settings.simulation;
     sampling.burn_in = drawn.simulation.burn_in;
     sampling.interval = drawn.simulation.interval;
 }
 
-int run_study(StudyInput& input, const SimulateOptions& options, ResultsFolder& folder) {
+// The files about the networks, result.json last, and what standard output takes.
+int conclude(const DrawnNetworks& drawn, StudyInput& input, RunLog& log,
+             const SimulateOptions& options, ResultsFolder& folder) {
     const std::uint32_t seed = settle_seed(input);
-    RunLog log(command_text(), input);
-    write_model(settled_model(input), input, folder);
-    folder.write("run.log", log.text());
-    if (!folder.make("networks")) {
-        return tell_failures(folder);
-    }
-    const Drawn drawn = draw(input, seed, options, folder);
-    const std::string sample = sample_head(input.resolved.names) + drawn.rows;
+    const std::string sample = sample_of(input, drawn);
     for (const std::string& note : losses(input, drawn, folder)) {
         log.line("warning: " + note);
         if (!options.quiet) {
@@ -295,6 +191,56 @@ int run_study(StudyInput& input, const SimulateOptions& options, ResultsFolder& 
     return lost_output(stdout) ? tell_failures(folder) : kDone;
 }
 
+bool shows_progress(const SimulateOptions& options) {
+    return !options.quiet && is_terminal(stderr);
+}
+
+int run_study(StudyInput& input, const SimulateOptions& options, ResultsFolder& folder) {
+    const std::uint32_t seed = settle_seed(input);
+    RunLog log(command_text(), input);
+    write_model(settled_model(input), input, folder);
+    folder.write("run.log", log.text());
+    if (!folder.make("networks")) {
+        return tell_failures(folder);
+    }
+    const int samples = input.files.study.settings.simulation.samples;
+    const DrawnNetworks drawn =
+        draw_networks(input, seed, undivided(samples), shows_progress(options), folder);
+    return conclude(drawn, input, log, options, folder);
+}
+
+int run_divided(StudyInput& input, const SimulateOptions& options, ResultsFolder& folder) {
+    const std::uint32_t seed = settle_seed(input);
+    RunLog log(command_text(), input);
+    const int samples = input.files.study.settings.simulation.samples;
+    const PartFiles files(
+        folder.directory(),
+        divided_run("simulate", samples, static_cast<int>(*options.parts.parts), input));
+    DrawnNetworks all;
+    const PartCalls calls = {
+        .draw =
+            [&](const WorkPart& part, nlohmann::ordered_json& records) {
+                folder.reopen();
+                folder.make("parts");
+                folder.make("networks");
+                const DrawnNetworks drawn =
+                    draw_networks(input, seed, part, shows_progress(options), folder);
+                if (!folder.failures().empty()) {
+                    tell_failures(folder);
+                    return PartDrawn::failed;
+                }
+                records = drawn_json(drawn);
+                return drawn.interrupted ? PartDrawn::interrupted : PartDrawn::done;
+            },
+        .take = [&](const nlohmann::ordered_json& records) { add_drawn(records, all); }};
+    const PartRun run = {options.parts, options.folder.overwrite, options.quiet};
+    if (const auto status = run_parts(files, run, calls)) {
+        return *status;
+    }
+    remove_stray_networks(input, samples, folder);
+    return conclude(all, input, log, options, folder);
+}
+
 std::string name_of(const SimulateOptions& options) {
     ModelOptions words = options.model;
     while (!words.model.empty() && words.model.size() > 1 && words.model.back() == '/') {
@@ -304,10 +250,10 @@ std::string name_of(const SimulateOptions& options) {
 }
 
 int simulate(const SimulateOptions& options) {
-    ModelOptions words = options.model;
-    if (const std::string mistake = model_mistake(words); !mistake.empty()) {
-        print(stderr, "ovri: {}\n", mistake);
-        return kNotUnderstood;
+    for (const std::string& mistake : {model_mistake(options.model), part_mistake(options.parts)}) {
+        if (!mistake.empty()) {
+            return tell_misunderstood(mistake);
+        }
     }
     outlive_failed_writes();
     const Screen screen = screen_on(stderr, options.colour);
@@ -316,9 +262,20 @@ int simulate(const SimulateOptions& options) {
         check_values(input);
         check_names(input);
     }
+    const StudySettings& settings = input.files.study.settings;
+    const bool seed = settings.run.seed.has_value();
+    if (const std::string mistake = part_mistake(options.parts, settings.simulation.samples, seed);
+        input.ok() && !mistake.empty()) {
+        return tell_misunderstood(mistake);
+    }
     std::optional<ResultsFolder> folder =
-        open_results(input, options.folder, name_of(options), options.quiet, screen);
-    return folder ? run_study(input, options, *folder) : kErrorsFound;
+        open_results(input, folder_of(options.folder, options.parts, seed), name_of(options),
+                     options.quiet, screen);
+    if (!folder) {
+        return kErrorsFound;
+    }
+    return options.parts.divided() ? run_divided(input, options, *folder)
+                                   : run_study(input, options, *folder);
 }
 
 std::function<int()> declare_simulate(CLI::App& app) {
@@ -331,6 +288,7 @@ std::function<int()> declare_simulate(CLI::App& app) {
     add_number(app, "--interval", options->interval, "Proposals from one network to the next.");
     add_format(app, "--format", options->format, "Format of the networks.");
     add_folder(app, options->folder);
+    add_parts(app, options->parts, "networks");
     add_forms(app, options->json, options->csv, "result.json", "sample.csv");
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
@@ -357,6 +315,11 @@ file. Without --seed one is chosen: the seed in a results folder is the estimati
 
 Standard output takes a table of values and simulated statistics; --csv prints
 sample.csv in its place.
+
+--parts N divides the networks among N parts, each drawn by a chain and random
+numbers of its own: N is part of what is drawn, as the seed is. --part K, on whatever
+machine, leaves its networks and parts/simulate-000K.json; --collect merges all parts
+to the same bytes as one run with --parts N alone, which goes on where it was ended.
 )",
                                          .statuses = R"(
 Exit status: 0 done; 1 the check found errors and nothing was written; 2 the command

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <nlohmann/json.hpp>
 
 using Json = nlohmann::ordered_json;
@@ -11,6 +12,26 @@ using Json = nlohmann::ordered_json;
 Json json_number(double value) { return std::isfinite(value) ? Json(value) : Json(nullptr); }
 
 Json json_text(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
+
+Json exact_numbers(const std::vector<double>& values) {
+    Json json = Json::array();
+    for (const double value : values) {
+        json.push_back(std::isinf(value) ? Json(value > 0.0 ? "inf" : "-inf") : json_number(value));
+    }
+    return json;
+}
+
+std::vector<double> exact_numbers_at(const Json& json) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    std::vector<double> values;
+    for (const Json& each : json) {
+        values.push_back(each.is_null()   ? kNoNumber
+                         : each == "inf"  ? kInfinity
+                         : each == "-inf" ? -kInfinity
+                                          : each.get<double>());
+    }
+    return values;
+}
 
 double number_at(const Json& object, const char* key) {
     const auto place = object.find(key);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
+#include <vector>
 
 #include "show/result_record.h"
 
@@ -12,6 +13,11 @@
 nlohmann::ordered_json json_number(double value);
 // The text; null where it is empty.
 nlohmann::ordered_json json_text(const std::string& text);
+
+// Numbers that are read back bit for bit: null where one is NaN, "inf" and "-inf".
+nlohmann::ordered_json exact_numbers(const std::vector<double>& values);
+// Throws nlohmann::ordered_json::exception where there are no such numbers.
+std::vector<double> exact_numbers_at(const nlohmann::ordered_json& json);
 
 // The member `key` of an object: NaN where there is no such number, empty where no such text.
 double number_at(const nlohmann::ordered_json& object, const char* key);

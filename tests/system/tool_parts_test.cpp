@@ -1,0 +1,223 @@
+// One big run in parts, drawn by one command or by many, on one machine or on several.
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <regex>
+
+#include "support/child_process.h"
+#include "support/json_schema.h"
+#include "support/text_pieces.h"
+#include "support/tool_runner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+class ToolParts : public ToolTest {
+  protected:
+    ToolParts() {
+        scratch.write("club.csv",
+                      "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\nCid,Dot\nDot,Eve\nEve,Fay\nDot,Fay\n"
+                      "Fay,Gus\nGus,Hal\nHal,Ida\nGus,Ida\nIda,Jon\nAnn,Dot\n");
+        scratch.write("club.toml",
+                      "[network]\nfile = \"club.csv\"\ndirected = false\n[model]\neffects = "
+                      "[\"edge\", \"AS(2)\"]\nstart = { edge = -2, \"AS(2)\" = 0.2 }\n"
+                      "[simulation]\nsamples = 11\n[run]\nseed = 7\n");
+    }
+    const ToolResult& ovri(const Words& words) {
+        result = run_tool(words, scratch.path().string());
+        return result;
+    }
+    // The same words with others behind them.
+    const ToolResult& ovri(Words words, const Words& more) {
+        words.insert(words.end(), more.begin(), more.end());
+        return ovri(words);
+    }
+    // All files of a folder by name, but for the log, and for times and threads in the others.
+    std::map<std::string, std::string> contents(const std::string& folder) const {
+        static const std::regex kChanging(R"re("seconds": ?[^,}\n]*|threads = \d+)re");
+        std::map<std::string, std::string> files;
+        for (const auto& each : fs::recursive_directory_iterator(scratch.path() / folder)) {
+            const std::string name = fs::relative(each.path(), scratch.path() / folder).string();
+            if (each.is_regular_file() && name != "run.log") {
+                files[name] = std::regex_replace(file_text(each.path()), kChanging, "");
+            }
+        }
+        return files;
+    }
+    void expect_same(const std::string& one, const std::string& other) const {
+        const auto first = contents(one);
+        const auto second = contents(other);
+        ASSERT_FALSE(first.empty());
+        for (const auto& [name, text] : first) {
+            const auto place = second.find(name);
+            ASSERT_NE(place, second.end()) << name << " is not in " << other;
+            EXPECT_EQ(text == place->second, true) << name << " differs in " << other;
+        }
+        EXPECT_EQ(first.size(), second.size());
+    }
+    // Parts one by one, in an order of their own, on so many threads, and what they merge to.
+    void draw_apart(const Words& words, const std::string& folder, const Words& order,
+                    const std::string& threads) {
+        for (const std::string& part : order) {
+            ASSERT_EQ(ovri(words, {"-o", folder, "--part", part, "--threads", threads}).status, 0)
+                << result.err;
+            EXPECT_EQ(result.out, "");
+            EXPECT_FALSE(scratch.exists(folder + "/result.json"));
+        }
+        ASSERT_EQ(ovri(words, {"-o", folder, "--collect", "--threads", threads}).status, 0)
+            << result.err;
+    }
+    Words simulate_ = {"simulate", "club.toml", "--parts", "4", "--quiet"};
+};
+
+}  // namespace
+
+TEST_F(ToolParts, SimulatedApartAndMergedAreTheBytesOfOneRun) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "whole"}).status, 0) << result.err;
+    EXPECT_TRUE(has(result.out, "11 networks, seed 7")) << result.out;
+    draw_apart(simulate_, "apart", {"3", "1", "4", "2"}, "1");
+    expect_same("whole", "apart");
+    draw_apart(simulate_, "again", {"2", "4", "3", "1"}, "5");
+    expect_same("whole", "again");
+    ASSERT_EQ(ovri(simulate_, {"-o", "threads", "--threads", "2"}).status, 0) << result.err;
+    expect_same("whole", "threads");
+    EXPECT_EQ(contents("whole").count("networks/0011.csv"), 1U);
+    // Standard output says the same too.
+    const std::string merged = ovri(simulate_, {"-o", "apart", "--collect", "--csv"}).out;
+    EXPECT_EQ(merged, scratch.read("whole/sample.csv"));
+}
+
+TEST_F(ToolParts, APartHasRandomNumbersOfItsOwn) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "four"}).status, 0) << result.err;
+    const std::vector<std::string> rows = lines_of(scratch.read("four/sample.csv"));
+    ASSERT_EQ(rows.size(), 12U);
+    ASSERT_EQ(ovri({"simulate", "club.toml", "--parts", "3", "-o", "three", "-q"}).status, 0);
+    EXPECT_NE(scratch.read("four/sample.csv"), scratch.read("three/sample.csv"));
+    // Samples 1, 3, 6 and 9 are the first ones of the four parts.
+    EXPECT_NE(scratch.read("four/networks/0001.csv"), scratch.read("four/networks/0003.csv"));
+    EXPECT_NE(scratch.read("four/networks/0003.csv"), scratch.read("four/networks/0006.csv"));
+}
+
+TEST_F(ToolParts, WhatIsThereIsKeptAndWhatIsOutdatedIsDrawnAgain) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "whole"}).status, 0) << result.err;
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "2"}).status, 0) << result.err;
+    scratch.write("out/networks/0003.csv", "kept");
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "2"}).status, 0) << result.err;
+    EXPECT_EQ(scratch.read("out/networks/0003.csv"), "kept");
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "2", "--overwrite"}).status, 0);
+    EXPECT_NE(scratch.read("out/networks/0003.csv"), "kept");
+    // One run goes on from the parts that are there.
+    scratch.write("out/networks/0003.csv", "kept");
+    ASSERT_EQ(ovri(simulate_, {"-o", "out"}).status, 0) << result.err;
+    EXPECT_EQ(scratch.read("out/networks/0003.csv"), "kept");
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--overwrite"}).status, 0) << result.err;
+    expect_same("whole", "out");
+    // A tie more: every part is another.
+    scratch.write("club.csv", scratch.read("club.csv") + "Ben,Hal\n");
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err, "part 1 of 4 (networks 1 to 2) was drawn from other inputs"))
+        << result.err;
+    EXPECT_TRUE(has(result.err, "carry out these parts")) << result.err;
+    expect_same("whole", "out");
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "1"}).status, 0) << result.err;
+    EXPECT_FALSE(scratch.exists("out/result.json"));
+    ASSERT_EQ(ovri(simulate_, {"-o", "out"}).status, 0) << result.err;
+    ASSERT_EQ(ovri(simulate_, {"-o", "fresh"}).status, 0) << result.err;
+    expect_same("fresh", "out");
+}
+
+TEST_F(ToolParts, AnotherDivisionLeavesNothingBehind) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--samples", "20", "--format", "pajek"}).status, 0);
+    ASSERT_EQ(ovri({"simulate", "club.toml", "--parts", "2", "-o", "out", "-q"}).status, 0);
+    ASSERT_EQ(ovri({"simulate", "club.toml", "--parts", "2", "-o", "fresh", "-q"}).status, 0);
+    expect_same("fresh", "out");
+}
+
+TEST_F(ToolParts, AMissingPartIsNamedAndNothingIsMerged) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "1"}).status, 0) << result.err;
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "4"}).status, 0) << result.err;
+    const auto before = contents("out");
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(has(result.err,
+                    "part 2 of 4 (networks 3 to 5) is missing\novri: part 3 of 4 (networks 6 to 8) "
+                    "is missing\n"))
+        << result.err;
+    EXPECT_EQ(contents("out"), before);
+    EXPECT_FALSE(scratch.exists("out/run.log"));
+    // A file that is cut short, or edited, is no part either.
+    const std::string part = scratch.read("out/parts/simulate-0001.json");
+    scratch.write("out/parts/simulate-0001.json", part.substr(0, part.size() / 2));
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "2"}).status, 0);
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "3"}).status, 0);
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
+    scratch.write("out/parts/simulate-0001.json", with(part, "\"statistics\"", "\"numbers\""));
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err, "out/parts/simulate-0001.json is damaged")) << result.err;
+}
+
+TEST_F(ToolParts, AKilledRunIsTakenUpAgain) {
+    const Words words = {"simulate", "club.toml",  "--parts", "5",      "--samples",
+                         "2000",     "--interval", "3000",    "--quiet"};
+    ASSERT_EQ(ovri(words, {"-o", "whole"}).status, 0) << result.err;
+    int killed = 0;
+    for (const int milliseconds : {5, 20, 60, 100}) {
+        ChildSetting setting;
+        setting.command = {OVRI_TOOL_PATH};
+        setting.command.insert(setting.command.end(), words.begin(), words.end());
+        setting.command.insert(setting.command.end(), {"-o", "out"});
+        setting.directory = scratch.path();
+        setting.limit = std::chrono::milliseconds(milliseconds);
+        killed += run_child(setting).timed_out ? 1 : 0;
+    }
+    EXPECT_GT(killed, 0);
+    ASSERT_EQ(ovri(words, {"-o", "out"}).status, 0) << result.err;
+    expect_same("whole", "out");
+}
+
+TEST_F(ToolParts, AFullOrLockedFolderEndsInAClearVerdict) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "out", "--part", "1"}).status, 0) << result.err;
+    fs::create_directory(scratch.path() / "out/networks/0003.csv");
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--part", "2"}).status, 3);
+    EXPECT_TRUE(has(result.err, "out/networks/0003.csv could not be written")) << result.err;
+    EXPECT_FALSE(scratch.exists("out/parts/simulate-0002.json"));
+    fs::create_directory(scratch.path() / "out/parts/simulate-0003.json.part");
+    EXPECT_EQ(ovri(simulate_, {"-o", "out", "--part", "3"}).status, 3);
+    EXPECT_TRUE(has(result.err, "out/parts/simulate-0003.json could not be written")) << result.err;
+}
+
+TEST_F(ToolParts, MistakesAreToldWithTheMend) {
+    const auto refused = [&](const Words& words, int status, const std::string& piece) {
+        EXPECT_EQ(ovri({"simulate", "club.toml"}, words).status, status) << result.err;
+        EXPECT_TRUE(has(result.err, piece)) << result.err;
+    };
+    refused({"--part", "1"}, 2, "`--part` needs `--parts N`");
+    refused({"--collect"}, 2, "`--collect` needs `--parts N`");
+    refused({"--parts", "4", "--part", "5"}, 2, "`--part` takes a number from 1 to 4, not 5");
+    refused({"--parts", "4", "--part", "0"}, 2, "`--part` takes a number from 1 to 4, not 0");
+    refused({"--parts", "12"}, 2, "more than there are networks to draw, 11");
+    refused({"--parts", "4", "--part", "1", "--collect"}, 2, "--collect");
+    refused({"--parts", "4", "--collect"}, 1, "there is no folder `club.results` with parts");
+    EXPECT_FALSE(scratch.exists("club.results"));
+    scratch.write("open.toml", with(scratch.read("club.toml"), "seed = 7", "threads = 1"));
+    EXPECT_EQ(ovri({"simulate", "open.toml", "--parts", "2", "--part", "1"}).status, 2);
+    EXPECT_TRUE(has(result.err, "needs the seed that all parts share: add --seed N")) << result.err;
+    EXPECT_EQ(ovri({"simulate", "open.toml", "--parts", "2"}).status, 0) << result.err;
+    // Somebody's own folder is not taken for one of parts.
+    scratch.write("mine/parts/list.txt", "bolts\n");
+    refused({"--parts", "4", "--part", "1", "-o", "mine"}, 1, "exists");
+    EXPECT_FALSE(scratch.exists("mine/networks"));
+}
+
+TEST_F(ToolParts, FilesOfPartsFollowTheirSchema) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "out"}).status, 0) << result.err;
+    const std::string part = scratch.read("out/parts/simulate-0002.json");
+    EXPECT_EQ(document_faults(part), std::vector<std::string>());
+    const auto json = nlohmann::json::parse(part);
+    EXPECT_EQ(json["first"], 3);
+    EXPECT_EQ(json["count"], 3);
+}
