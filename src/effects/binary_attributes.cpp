@@ -28,7 +28,7 @@ double value_sum(const Graph& graph, const EffectData& data, int of, int without
     const std::uint64_t* nonzero = data.coded->nonzero.row();
     double sum = 0.0;
     for (int word = 0; word < words_of(graph); ++word) {
-        sum += std::popcount(row[word] & ones[word]);
+        sum += bit_count(row[word] & ones[word]);
         word_for_each(actor_order(row[word] & nonzero[word] & ~ones[word]), word * 64,
                       [&](int k) { sum += value_of(data, k); });
     }

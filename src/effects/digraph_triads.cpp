@@ -32,8 +32,8 @@ int all_three(const Around& near, const std::uint64_t* a, const std::uint64_t* b
 int all_four(const Around& near) {
     int count = 0;
     for (int word = 0; word < near.words; ++word) {
-        count += std::popcount(near.from_i[word] & near.to_i[word] & near.from_j[word] &
-                               near.to_j[word]);
+        count +=
+            bit_count(near.from_i[word] & near.to_i[word] & near.from_j[word] & near.to_j[word]);
     }
     return count;
 }
@@ -60,8 +60,8 @@ double mutual_sum(const Digraph& digraph, Term term) {
 int shared_partners(const Digraph& digraph, int p, int q) {
     int count = 0;
     for (int word = 0; word < digraph.adjacency.words_per_row; ++word) {
-        count += std::popcount(digraph.adjacency[p][word] & digraph.adjacency_in[p][word] &
-                               digraph.adjacency[q][word] & digraph.adjacency_in[q][word]);
+        count += bit_count(digraph.adjacency[p][word] & digraph.adjacency_in[p][word] &
+                           digraph.adjacency[q][word] & digraph.adjacency_in[q][word]);
     }
     return count;
 }

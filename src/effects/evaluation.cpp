@@ -72,7 +72,9 @@ ActiveModel<Network> active_model(const EffectSelection& selection) {
             if (group == AttributeGroup::continuous && index < selection.table.continuous.size()) {
                 data.reals = selection.table.continuous[index].values.data();
             }
-            model.push_back({functions.change, functions.count, data, position, false});
+            // What depends on no other dyad reads no table of two-paths.
+            model.push_back({functions.change, functions.count, data, position, false, false,
+                             effect.facts.dependence != Dependence::other_dyads});
         });
     return model;
 }

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <vector>
 
 #include "base/sample_summaries.h"
+#include "network/all_members.h"
 
 namespace {
 
@@ -20,15 +20,11 @@ using Sources = std::array<std::uint64_t, kSourceWords>;
 class DistanceCounts {
   public:
     DistanceCounts(const BitMatrix& adjacency, const NeighbourLists& lists)
-        : actors_(adjacency.actors), seen_(size()), at_(size()), next_(size()) {
-        first_.reserve(size() + 1);
-        for (int actor = 0; actor < actors_; ++actor) {
-            first_.push_back(neighbours_.size());
-            members_for_each(lists, adjacency, actor,
-                             [&](int neighbour) { neighbours_.push_back(neighbour); });
-        }
-        first_.push_back(neighbours_.size());
-    }
+        : actors_(adjacency.actors),
+          neighbours_(lists, adjacency),
+          seen_(size()),
+          at_(size()),
+          next_(size()) {}
 
     // Entry d - 1: ordered pairs at distance d; the last entry: pairs without a path.
     std::vector<std::int64_t> count() {
@@ -71,10 +67,9 @@ class DistanceCounts {
     // Moves every source one tie on; the number of pairs reached for the first time.
     std::int64_t step() {
         for (const int actor : standing_) {
-            const auto index = static_cast<std::size_t>(actor);
-            const Sources sources = at_[index];
-            for (std::size_t tie = first_[index]; tie < first_[index + 1]; ++tie) {
-                Sources& arriving = next_[static_cast<std::size_t>(neighbours_[tie])];
+            const Sources sources = at_[static_cast<std::size_t>(actor)];
+            for (const int neighbour : neighbours_.of(actor)) {
+                Sources& arriving = next_[static_cast<std::size_t>(neighbour)];
                 for (std::size_t word = 0; word < kSourceWords; ++word) {
                     arriving[word] |= sources[word];
                 }
@@ -94,7 +89,7 @@ class DistanceCounts {
             if (any != 0) {
                 standing_.push_back(static_cast<int>(index));
                 for (const std::uint64_t fresh : at_[index]) {
-                    reached += std::popcount(fresh);
+                    reached += bit_count(fresh);
                 }
             }
         }
@@ -102,9 +97,7 @@ class DistanceCounts {
     }
 
     int actors_;
-    // The neighbours of all actors one after the other, and where those of each begin.
-    std::vector<int> neighbours_;
-    std::vector<std::size_t> first_;
+    AllMembers neighbours_;
     // Sources that have been at each actor, that stand at it, and that arrive there.
     std::vector<Sources> seen_;
     std::vector<Sources> at_;

@@ -22,6 +22,15 @@ inline std::uint64_t actor_order(std::uint64_t memory_word) {
     }
 }
 
+// Bits that are set, by sums in parallel: the library's own count is a call where the processor is
+// not known to have an instruction for it, and a call keeps loops over words from going wide.
+inline int bit_count(std::uint64_t word) {
+    word -= (word >> 1U) & 0x5555555555555555U;
+    word = (word & 0x3333333333333333U) + ((word >> 2U) & 0x3333333333333333U);
+    word = (word + (word >> 4U)) & 0x0F0F0F0F0F0F0F0FU;
+    return static_cast<int>((word * 0x0101010101010101U) >> 56U);
+}
+
 inline int words_for(int actors) { return actors > 0 ? (actors + 63) / 64 : 0; }
 
 inline bool row_has(const std::uint64_t* row, int actor) {
@@ -50,7 +59,7 @@ inline void row_clear(std::uint64_t* row, int actor) {
 inline int row_count(const std::uint64_t* row, int words) {
     int count = 0;
     for (int word = 0; word < words; ++word) {
-        count += std::popcount(row[word]);
+        count += bit_count(row[word]);
     }
     return count;
 }
@@ -59,7 +68,7 @@ inline int row_count(const std::uint64_t* row, int words) {
 inline int row_and_count(const std::uint64_t* a, const std::uint64_t* b, int words) {
     int count = 0;
     for (int word = 0; word < words; ++word) {
-        count += std::popcount(a[word] & b[word]);
+        count += bit_count(a[word] & b[word]);
     }
     return count;
 }
@@ -69,7 +78,7 @@ inline int row_and_count(const std::uint64_t* a, const std::uint64_t* b, const s
                          int words) {
     int count = 0;
     for (int word = 0; word < words; ++word) {
-        count += std::popcount(a[word] & b[word] & c[word]);
+        count += bit_count(a[word] & b[word] & c[word]);
     }
     return count;
 }

@@ -128,26 +128,16 @@ void digraph_update_two_paths(Digraph& digraph, int i, int j, int adding) {
 }
 
 void digraph_count_two_paths(Digraph& digraph) {
-    const auto receivers_for_each = [&digraph](int of, auto visit) {
-        members_for_each(digraph.receivers, digraph.adjacency, of, visit);
-    };
-    const auto senders_for_each = [&digraph](int of, auto visit) {
-        members_for_each(digraph.senders, digraph.adjacency_in, of, visit);
-    };
-    std::fill(digraph.any_two_paths_in.words.begin(), digraph.any_two_paths_in.words.end(), 0);
+    const AllMembers receivers(digraph.receivers, digraph.adjacency);
+    const AllMembers senders(digraph.senders, digraph.adjacency_in);
     for (int i = 0; i < digraph.vertices; ++i) {
-        count_row(digraph.shared_receivers, digraph.any_shared_receivers, i, [&](auto count) {
-            receivers_for_each(i, [&](int k) { senders_for_each(k, count); });
-        });
-        count_row(digraph.shared_senders, digraph.any_shared_senders, i, [&](auto count) {
-            senders_for_each(i, [&](int k) { receivers_for_each(k, count); });
-        });
-        count_row(digraph.two_paths, digraph.any_two_paths, i, [&](auto count) {
-            receivers_for_each(i, [&](int k) { receivers_for_each(k, count); });
-        });
-        const BitColumn column(digraph.any_two_paths_in, i);
-        row_for_each(digraph.any_two_paths[i], digraph.any_two_paths.words_per_row,
-                     [&](int k) { column.set(k); });
+        count_row(digraph.shared_receivers, digraph.any_shared_receivers, i, receivers.of(i),
+                  senders, digraph.adjacency_in);
+        count_row(digraph.shared_senders, digraph.any_shared_senders, i, senders.of(i), receivers,
+                  digraph.adjacency);
+        count_row(digraph.two_paths, digraph.any_two_paths, i, receivers.of(i), receivers,
+                  digraph.adjacency);
+        unite_rows(digraph.any_two_paths_in, i, senders.of(i), digraph.adjacency_in);
     }
 }
 

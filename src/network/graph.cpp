@@ -135,23 +135,23 @@ void graph_update_two_paths(Graph& graph, int i, int j, int adding) {
 }
 
 void graph_count_two_paths(Graph& graph) {
-    const auto neighbours_for_each = [&graph](int of, auto visit) {
-        members_for_each(graph.neighbours, graph.adjacency, of, visit);
-    };
+    const AllMembers neighbours(graph.neighbours, graph.adjacency);
     std::int64_t twice_pairs = 0;
     std::fill(graph.two_path_distribution.begin(), graph.two_path_distribution.end(), 0);
     std::fill(graph.triangle_distribution.begin(), graph.triangle_distribution.end(), 0);
     for (int i = 0; i < graph.vertices; ++i) {
-        count_row(graph.two_paths, graph.any_two_paths, i, [&](auto count) {
-            neighbours_for_each(i, [&](int k) { neighbours_for_each(k, count); });
-        });
+        count_row(graph.two_paths, graph.any_two_paths, i, neighbours.of(i), neighbours,
+                  graph.adjacency);
         const std::uint16_t* cells = graph.two_paths[i];
-        row_for_each(graph.any_two_paths[i], graph.any_two_paths.words_per_row, [&](int k) {
-            graph.two_path_distribution[cells[k]] += k < i ? 1 : 0;
-            ++twice_pairs;
-        });
+        const std::uint64_t* any = graph.any_two_paths[i];
+        twice_pairs += row_count(any, graph.any_two_paths.words_per_row);
+        // Each pair once, from its later actor.
+        row_for_each(any, words_for(i),
+                     [&](int k) { graph.two_path_distribution[cells[k]] += k < i ? 1 : 0; });
         int twice_triangles = 0;
-        neighbours_for_each(i, [&](int k) { twice_triangles += cells[k]; });
+        for (const int k : neighbours.of(i)) {
+            twice_triangles += cells[k];
+        }
         graph.triangles[static_cast<std::size_t>(i)] = 0;
         ++graph.triangle_distribution[0];
         change_triangles(graph, i, twice_triangles / 2);

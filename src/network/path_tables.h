@@ -4,9 +4,10 @@
 #pragma once
 
 #include <algorithm>
+#include <span>
 
 #include "base/table.h"
-#include "network/neighbour_lists.h"
+#include "network/all_members.h"
 
 // One column of a matrix of bits.
 class BitColumn {
@@ -80,18 +81,32 @@ void change_cells(const Members& members, int end, std::uint64_t* row, const Bit
     }
 }
 
-// Fills the row of `actor` anew: calls each(count) with a count(k) that adds one to the cell of k;
-// the cell of the actor itself is left out. Bits of the row tell which cells are not 0.
-template <class Each>
-void count_row(CountTable& table, BitMatrix& any, int actor, Each each) {
-    std::uint16_t* cells = table[actor];
-    std::uint64_t* row = any[actor];
-    std::fill_n(cells, table.columns, std::uint16_t{0});
-    std::fill_n(row, any.words_per_row, std::uint64_t{0});
-    each([&](int k) {
-        if (k != actor) {
-            ++cells[k];
-            row_set(row, k);
+// Makes a row the actors that are in any of the rows of `among`, but for `actor` itself.
+inline void unite_rows(BitMatrix& united, int actor, std::span<const int> among,
+                       const BitMatrix& rows) {
+    std::uint64_t* row = united[actor];
+    std::fill_n(row, united.words_per_row, std::uint64_t{0});
+    for (const int middle : among) {
+        const std::uint64_t* onward = rows[middle];
+        for (int word = 0; word < united.words_per_row; ++word) {
+            row[word] |= onward[word];
         }
-    });
+    }
+    row_clear(row, actor);
+}
+
+// Fills the row of `actor` anew: the cell of k counts the actors of `middle` that have k among
+// their members, the cell of the actor itself stays 0. Bits of the row tell which cells are not 0.
+// `members` holds the lists of `rows`.
+inline void count_row(CountTable& table, BitMatrix& any, int actor, std::span<const int> middle,
+                      const AllMembers& members, const BitMatrix& rows) {
+    std::uint16_t* cells = table[actor];
+    std::fill_n(cells, table.columns, std::uint16_t{0});
+    for (const int each : middle) {
+        for (const int k : members.of(each)) {
+            ++cells[k];
+        }
+    }
+    cells[actor] = 0;
+    unite_rows(any, actor, middle, rows);
 }

@@ -17,11 +17,7 @@ bool refused_by_cap(const Digraph& digraph, Dyad dyad, int cap) {
 
 template <class Network>
 void update_tables(Chain<Network>& chain, Dyad dyad, int adding) {
-    if (chain.tables_wait) {
-        chain.tables_behind = true;
-    } else {
-        update_tables(chain.network, dyad.i, dyad.j, adding);
-    }
+    update_tables(chain.tables, chain.network, dyad.i, dyad.j, adding);
 }
 
 // Carries out an accepted toggle whose weighted changes stand in `change`. The bit of a deleted tie
@@ -246,20 +242,14 @@ void tables_begin(Chain<Network>& chain, double steps) {
     // In about as many steps the chain of a sparse network accepts so many toggles that to update
     // the tables for each costs what counting them costs.
     const double n = chain.network.vertices;
-    chain.tables_wait = steps >= n * n / 4.0 &&
-                        std::all_of(chain.model.begin(), chain.model.end(),
-                                    [](const auto& effect) { return effect.without_tables; });
+    chain.tables.wait = steps >= n * n / 4.0 && !reads_tables(chain.model);
 }
 template void tables_begin<Graph>(Chain<Graph>&, double);
 template void tables_begin<Digraph>(Chain<Digraph>&, double);
 
 template <class Network>
 void tables_end(Chain<Network>& chain) {
-    if (chain.tables_behind) {
-        count_tables(chain.network);
-    }
-    chain.tables_wait = false;
-    chain.tables_behind = false;
+    catch_up(chain.tables, chain.network);
 }
 template void tables_end<Graph>(Chain<Graph>&);
 template void tables_end<Digraph>(Chain<Digraph>&);

@@ -13,6 +13,7 @@
 #include "base/host_options.h"
 #include "base/random_source.h"
 #include "effects/evaluation.h"
+#include "sampling/waiting_tables.h"
 
 // Degree cap where none is set.
 constexpr int kNoCap = 9999;
@@ -43,10 +44,8 @@ struct Chain {
     Remainder actors = Remainder(1);
     // The model parted by its parameters; set at the start of each run of steps.
     PartedModel<Network> parted = {};
-    // The tables of two-paths and triangles wait for the end of a long run of steps whose model
-    // does not read them, and whether a step has left them behind.
-    bool tables_wait = false;
-    bool tables_behind = false;
+    // They wait for the end of a long run of steps whose model does not read them.
+    WaitingTables tables = {};
 };
 
 // Makes room for the change vectors.

@@ -29,6 +29,7 @@
 #include "base/random_stream.h"
 #include "effects/evaluation.h"
 #include "sampling/proposals.h"
+#include "sampling/waiting_tables.h"
 
 // The dyads that may change; in an undirected network each has i < j.
 class DyadSpace {
@@ -116,6 +117,8 @@ struct TieNoTieChain {
     std::vector<double> change = {};
     // The model parted by its parameters; set at the start of each run of steps.
     PartedModel<Network> parted = {};
+    // They wait for the end of a run of steps whose model does not read them.
+    WaitingTables tables = {};
 };
 
 // Probability of the proposal that leads back over that of the one that adds (removes) a tie, in a
@@ -138,6 +141,14 @@ template <class Network>
 int tie_no_tie_step(TieNoTieChain<Network>& chain);
 
 // Makes `proposals` steps and adds them to the work done, a few thousand at a time. Throws
-// RunStopped, between two steps, once `progress` asks for the end.
+// RunStopped, between two steps, once `progress` asks for the end. However it ends, the network's
+// tables are up to date.
 template <class Network>
 void tie_no_tie_run(TieNoTieChain<Network>& chain, std::int64_t proposals, RunProgress& progress);
+
+// Around several runs of so many steps in all, between which nobody looks at the network: its
+// tables need not be up to date before the last of them has ended.
+template <class Network>
+void tie_no_tie_tables_begin(TieNoTieChain<Network>& chain, std::int64_t proposals);
+template <class Network>
+void tie_no_tie_tables_end(TieNoTieChain<Network>& chain);

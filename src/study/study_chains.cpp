@@ -209,6 +209,9 @@ class EnsembleOf final : public StudyChains::Ensemble {
                                      dyads_,  place.ties, random};
         chain.max_degree = study_.dyads.max_degree.value_or(chain.max_degree);
         tie_no_tie_prepare(chain);
+        if (!task.visit) {
+            tie_no_tie_tables_begin(chain, task.burn_in + task.interval * task.samples);
+        }
         tie_no_tie_run(chain, task.burn_in, task.progress);
         for (int draw = 0; draw < task.samples; ++draw) {
             tie_no_tie_run(chain, task.interval, task.progress);
@@ -222,6 +225,7 @@ class EnsembleOf final : public StudyChains::Ensemble {
                 task.visit(number, draw, sampled(network));
             }
         }
+        tie_no_tie_tables_end(chain);
         RestingChain& resting = chains_[static_cast<std::size_t>(number)];
         resting.ties = place.ties.ties();
         resting.statistics = network.statistics;

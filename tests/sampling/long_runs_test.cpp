@@ -4,7 +4,9 @@
 #include <limits>
 #include <string>
 
+#include "sampling/tie_no_tie.h"
 #include "support/chain_models.h"
+#include "support/every_effect.h"
 
 namespace {
 
@@ -80,13 +82,15 @@ TEST(LongRuns, OfDirectedModelsAreTheirSteps) {
     }
 }
 
-// Every effect that is said to read no table: its changes with tables that hold nothing true.
+// Every effect that is said to read no table, of attributes too: its changes with tables that hold
+// nothing true.
 template <class Network>
-void expect_no_table_read(NetworkKind kind) {
-    const ChainModel<Network> model(all_terms(kind, 0.1, 2.0F));
-    const Network network = random_network(model, 12, 0.4, 3);
+void expect_no_table_read(int least) {
+    TestRandom random{3};
+    const every_effect::EveryEffect<Network> every(2.0F, every_effect::strange_values(random));
+    const Network network = every.record(every_effect::random_ties<Network>(random, 0.4));
     Network emptied = network;
-    const Network empty = empty_network<Network>(12, model.size());
+    const Network empty = every.record(every_effect::random_ties<Network>(random, 0.0));
     emptied.two_paths = empty.two_paths;
     emptied.any_two_paths = empty.any_two_paths;
     if constexpr (std::is_same_v<Network, Graph>) {
@@ -99,12 +103,12 @@ void expect_no_table_read(NetworkKind kind) {
         emptied.any_shared_senders = empty.any_shared_senders;
     }
     int found = 0;
-    for (const ActiveEffect<Network>& effect : model.active) {
+    for (const ActiveEffect<Network>& effect : every.model()) {
         if (!effect.without_tables) {
             continue;
         }
         ++found;
-        for (const auto& [i, j] : all_dyads<Network>(12)) {
+        for (const auto& [i, j] : every_effect::all_pairs<Network>()) {
             if (!has_tie(network, i, j)) {
                 EXPECT_EQ(effect.change(emptied, effect.data, i, j, 1),
                           effect.change(network, effect.data, i, j, 1))
@@ -112,12 +116,12 @@ void expect_no_table_read(NetworkKind kind) {
             }
         }
     }
-    EXPECT_GT(found, 8);
+    EXPECT_GE(found, least);
 }
 
 TEST(LongRuns, EffectsSaidToReadNoTableReadNone) {
-    expect_no_table_read<Graph>(NetworkKind::undirected);
-    expect_no_table_read<Digraph>(NetworkKind::directed);
+    expect_no_table_read<Graph>(17);
+    expect_no_table_read<Digraph>(30);
 }
 
 TEST(LongRuns, ThatAreStoppedLeaveTheTablesRight) {
@@ -133,6 +137,58 @@ TEST(LongRuns, ThatAreStoppedLeaveTheTablesRight) {
     Graph counted = graph;
     graph_count_two_paths(counted);
     EXPECT_TRUE(same_tables(graph, counted));
+}
+
+// A run of tie/no-tie steps against as many single ones.
+template <class Network>
+void expect_single_tie_steps(const std::vector<ModelTerm>& terms, bool tables_wait) {
+    constexpr int kActors = 30;
+    constexpr int kProposals = 3000;
+    const ChainModel<Network> model(terms);
+    Network by_run = random_network(model, kActors, 0.2, 5);
+    Network by_step = by_run;
+    TieList run_ties(kActors, kDirected<Network>);
+    for (const auto& [i, j] : all_dyads<Network>(kActors)) {
+        if (has_tie(by_run, i, j)) {
+            run_ties.add({i, j});
+        }
+    }
+    TieList step_ties = run_ties;
+    const DyadSpace space(kActors, kDirected<Network>);
+    RandomStream run_random(5, 0);
+    RandomStream step_random(5, 0);
+    TieNoTieChain<Network> run{by_run, model.active, model.parameters.data(),
+                               space,  run_ties,     run_random};
+    TieNoTieChain<Network> steps{by_step, model.active, model.parameters.data(),
+                                 space,   step_ties,    step_random};
+    tie_no_tie_prepare(run);
+    tie_no_tie_prepare(steps);
+    RunProgress progress;
+    tie_no_tie_run(run, kProposals, progress);
+    for (int step = 0; step < kProposals; ++step) {
+        tie_no_tie_step(steps);
+    }
+    EXPECT_TRUE(same_tables(by_run, by_step));
+    // Two runs that nobody looks between.
+    tie_no_tie_tables_begin(run, 2 * kProposals);
+    EXPECT_EQ(run.tables.wait, tables_wait);
+    tie_no_tie_run(run, kProposals, progress);
+    tie_no_tie_run(run, kProposals, progress);
+    EXPECT_EQ(run.tables.behind, tables_wait);
+    tie_no_tie_tables_end(run);
+    for (int step = 0; step < 2 * kProposals; ++step) {
+        tie_no_tie_step(steps);
+    }
+    EXPECT_EQ(by_run.adjacency.words, by_step.adjacency.words);
+    EXPECT_EQ(by_run.statistics, by_step.statistics);
+    EXPECT_TRUE(same_tables(by_run, by_step));
+}
+
+TEST(LongRuns, OfTieNoTieStepsAreTheirSteps) {
+    expect_single_tie_steps<Graph>({{"edge", -1.5}, {"2-star", 0.01}}, true);
+    expect_single_tie_steps<Graph>({{"edge", -1.5}, {"Triangle", 0.1}}, false);
+    expect_single_tie_steps<Digraph>({{"arc", -1.5}, {"reciprocity", 0.5}}, true);
+    expect_single_tie_steps<Digraph>({{"arc", -1.5}, {"A2P-T", -0.01}}, false);
 }
 
 TEST(LongRuns, LookAtTheHostsWishesOften) {

@@ -154,7 +154,9 @@ class EveryEffect {
         return changes;
     }
 
-  private:
+    const ActiveModel<Network>& model() const { return model_; }
+
+    // The network with its tables.
     Network record(const Matrix& ties) const {
         const int places = static_cast<int>(parameters_.size());
         if constexpr (std::is_same_v<Network, Graph>) {
