@@ -71,6 +71,8 @@ class ToolParts : public ToolTest {
         ASSERT_EQ(ovri(words, {"-o", folder, "--collect", "--threads", threads}).status, 0)
             << result.err;
     }
+    Words bootstrap_ = {"estimate", "club.toml", "--effects", "edge",   "--bootstrap",
+                        "13",       "--parts",   "4",         "--quiet"};
     Words simulate_ = {"simulate", "club.toml", "--parts", "4", "--quiet"};
 };
 
@@ -89,6 +91,60 @@ TEST_F(ToolParts, SimulatedApartAndMergedAreTheBytesOfOneRun) {
     // Standard output says the same too.
     const std::string merged = ovri(simulate_, {"-o", "apart", "--collect", "--csv"}).out;
     EXPECT_EQ(merged, scratch.read("whole/sample.csv"));
+}
+
+TEST_F(ToolParts, ABootstrapInPartsIsTheBootstrapThatIsNotDivided) {
+    const Words chained = {"estimate", "club.toml",   "--effects", "edge,AS(2)",
+                           "--quiet",  "--bootstrap", "5"};
+    Words divided = chained;
+    divided.insert(divided.end(), {"--parts", "3"});
+    for (const auto& [plain, parts] :
+         {std::pair{Words(bootstrap_.begin(), bootstrap_.begin() + 6), bootstrap_},
+          std::pair{chained, divided}}) {
+        const std::string name = parts == divided ? "chained" : "exact";
+        ASSERT_EQ(ovri(plain, {"-o", name}).status, 0) << result.err;
+        ASSERT_EQ(ovri(parts, {"-o", name + "-whole"}).status, 0) << result.err;
+        const Words order = parts == divided ? Words{"2", "3", "1"} : Words{"4", "2", "3", "1"};
+        draw_apart(parts, name + "-1", order, "1");
+        draw_apart(parts, name + "-5", order, "5");
+        expect_same(name + "-whole", name + "-1");
+        expect_same(name + "-whole", name + "-5");
+        EXPECT_TRUE(scratch.exists(name + "/bootstrap.csv"));
+        fs::remove_all(scratch.path() / (name + "-1/parts"));
+        expect_same(name, name + "-1");
+    }
+}
+
+TEST_F(ToolParts, ABootstrapIsTakenUpAndNoticesAnotherModel) {
+    ASSERT_EQ(ovri(bootstrap_, {"-o", "whole"}).status, 0) << result.err;
+    ASSERT_EQ(ovri(bootstrap_, {"-o", "out", "--part", "3"}).status, 0) << result.err;
+    const auto before = contents("out");
+    EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err, "part 1 of 4 (networks 1 to 3) is missing")) << result.err;
+    EXPECT_EQ(contents("out"), before);
+    ASSERT_EQ(ovri(bootstrap_, {"-o", "out"}).status, 0) << result.err;
+    expect_same("whole", "out");
+    EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect", "--seed", "8"}).status, 3);
+    EXPECT_TRUE(has(result.err, "was drawn from other inputs")) << result.err;
+    EXPECT_EQ(ovri({"estimate", "club.toml", "--parts", "2"}).status, 2);
+    EXPECT_TRUE(has(result.err, "add --bootstrap N")) << result.err;
+    EXPECT_EQ(ovri({"estimate", "club.toml", "--bootstrap", "2", "--parts", "3"}).status, 2);
+    EXPECT_EQ(document_faults(scratch.read("out/parts/bootstrap-0001.json")),
+              std::vector<std::string>());
+}
+
+TEST_F(ToolParts, EstimatesThatAreNotToBeUsedHaveNoBootstrapInPartsEither) {
+    scratch.write("full.csv", "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\n");
+    const Words words = {"estimate",    "club.toml", "--network", "full.csv", "--effects", "edge",
+                         "--bootstrap", "4",         "--parts",   "2",        "--quiet"};
+    const int status = ovri(words, {"-o", "whole"}).status;
+    ASSERT_EQ(status, 5) << result.out;
+    for (const char* part : {"2", "1"}) {
+        EXPECT_EQ(ovri(words, {"-o", "apart", "--part", part}).status, 0) << result.err;
+    }
+    EXPECT_EQ(ovri(words, {"-o", "apart", "--collect"}).status, status) << result.err;
+    expect_same("whole", "apart");
+    EXPECT_FALSE(scratch.exists("apart/bootstrap.csv"));
 }
 
 TEST_F(ToolParts, APartHasRandomNumbersOfItsOwn) {
@@ -188,6 +244,14 @@ TEST_F(ToolParts, AFullOrLockedFolderEndsInAClearVerdict) {
     fs::create_directory(scratch.path() / "out/parts/simulate-0003.json.part");
     EXPECT_EQ(ovri(simulate_, {"-o", "out", "--part", "3"}).status, 3);
     EXPECT_TRUE(has(result.err, "out/parts/simulate-0003.json could not be written")) << result.err;
+}
+
+TEST_F(ToolParts, WhatARunReadsIsNotAmongWhatItWrites) {
+    ASSERT_EQ(ovri(simulate_, {"-o", "out"}).status, 0) << result.err;
+    const std::string model = scratch.read("out/model.toml");
+    EXPECT_EQ(ovri({"simulate", "out", "--parts", "4", "--seed", "1", "-o", "out"}).status, 1);
+    EXPECT_TRUE(has(result.err, "which this run reads")) << result.err;
+    EXPECT_EQ(scratch.read("out/model.toml"), model);
 }
 
 TEST_F(ToolParts, MistakesAreToldWithTheMend) {

@@ -9,9 +9,8 @@
 #include "formats/network_writer.h"
 #include "formats/text_file.h"
 #include "show/document_pieces.h"
-#include "terminal/interrupt.h"
 #include "terminal/print.h"
-#include "terminal/progress.h"
+#include "terminal/watched.h"
 
 namespace {
 
@@ -64,34 +63,28 @@ std::vector<double> values_of(const StudyInput& input) {
 DrawnNetworks draw_networks(const StudyInput& input, std::uint32_t seed, const WorkPart& part,
                             bool with_progress, ResultsFolder& folder) {
     DrawnNetworks drawn;
-    RunProgress progress;
-    const InterruptScope interrupt(progress.stop);
-    std::optional<ProgressDisplay> display;
-    if (with_progress) {
-        display.emplace(progress, stderr);
-    }
     const Study& study = input.files.study;
     StudyNetwork network = study.network;
     const NetworkFormat format = *input.model.simulation_format;
-    const auto visit = [&](const StudySample& sample) {
-        drawn.statistics.push_back(sample.statistics);
-        ++drawn.simulation.samples;
-        network.ties = sample.ties;
-        drawn.with_isolates += has_isolates(network, sample.ties) ? 1 : 0;
-        folder.write("networks/" + file_name(sample.number, format), network_text(network, format));
-        progress.stop = progress.stop || !folder.failures().empty();
-    };
     const std::vector<double> values = values_of(input);
     const StudySampling& sampling = study.settings.simulation;
-    try {
+    const bool whole = watched(with_progress, [&](RunProgress& progress) {
+        const auto visit = [&](const StudySample& sample) {
+            drawn.statistics.push_back(sample.statistics);
+            ++drawn.simulation.samples;
+            network.ties = sample.ties;
+            drawn.with_isolates += has_isolates(network, sample.ties) ? 1 : 0;
+            folder.write("networks/" + file_name(sample.number, format),
+                         network_text(network, format));
+            progress.stop = progress.stop || !folder.failures().empty();
+        };
         drawn.simulation =
             part.number == 0
                 ? study_simulate(study, input.resolved, values, sampling, seed, progress, visit)
                 : study_simulate_part(study, input.resolved, values, sampling, seed, part, progress,
                                       visit);
-    } catch (const RunStopped&) {
-        drawn.interrupted = true;
-    }
+    });
+    drawn.interrupted = !whole;
     return drawn;
 }
 

@@ -1,23 +1,26 @@
 #include <algorithm>
-#include <cmath>
+#include <nlohmann/json.hpp>
 
 #include "commands/bootstrap.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
 #include "commands/estimate.h"
+#include "commands/estimate_record.h"
 #include "commands/model_options.h"
 #include "commands/options.h"
 #include "commands/results_folder.h"
 #include "commands/run_log.h"
 #include "commands/study_input.h"
+#include "commands/verdict_line.h"
 #include "commands/verdicts.h"
+#include "parts/part_run.h"
 #include "show/result_csv.h"
 #include "show/result_json.h"
 #include "show/result_table.h"
 #include "study/study_estimate.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
-#include "terminal/progress.h"
+#include "terminal/watched.h"
 
 namespace {
 
@@ -34,6 +37,7 @@ struct EstimateOptions {
     bool quiet = false;
     bool silent = false;  // nothing on standard output either
     ColourChoice colour = ColourChoice::automatic;
+    PartOptions parts;  // of the bootstrap
 };
 
 struct Performed {
@@ -41,114 +45,28 @@ struct Performed {
     std::optional<StudyBootstrap> bootstrap;  // of estimates that may be used, where asked for
 };
 
-// The estimation, with a progress line on a terminal; none when it was interrupted before there
-// were estimates.
-std::optional<Performed> perform(StudyInput& input, std::uint32_t seed, int replicates,
-                                 bool with_progress) {
-    RunProgress progress;
-    const InterruptScope interrupt(progress.stop);
-    std::optional<ProgressDisplay> display;
-    if (with_progress) {
-        display.emplace(progress, stderr);
-    }
+bool shows_progress(const EstimateOptions& options) {
+    return !options.quiet && is_terminal(stderr);
+}
+
+// The estimation; none when it was interrupted before there were estimates.
+std::optional<Performed> perform(StudyInput& input, std::uint32_t seed,
+                                 const EstimateOptions& options) {
     Performed performed;
-    try {
+    const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
+    const bool whole = watched(shows_progress(options), [&](RunProgress& progress) {
         const Study& study = input.files.study;
         performed.estimate = study_estimate(study, input.resolved, seed, progress);
         if (replicates > 0 && performed.estimate.verdict == StudyVerdict::converged) {
             performed.bootstrap =
                 study_bootstrap(study, input.resolved, performed.estimate, replicates, progress);
         }
-    } catch (const RunStopped&) {
-        if (performed.estimate.effects.empty()) {
-            return std::nullopt;
-        }
-        performed.estimate.interrupted = true;
-    }
-    return performed;
-}
-
-ResultEffect result_effect(const EffectEstimate& found, bool usable) {
-    ResultEffect effect;
-    effect.name = found.name;
-    effect.estimate = found.estimate;
-    effect.standard_error = found.standard_error;
-    effect.mc_error = found.mc_error;
-    effect.t_ratio = found.t_ratio;
-    effect.observed = found.observed;
-    effect.simulated_mean = found.simulated_mean;
-    effect.simulated_sd = found.simulated_sd;
-    effect.fixed = found.fixed;
-    judge_effect(effect, usable);
-    return effect;
-}
-
-// Akaike's and Schwarz's criteria count estimated parameters, the latter free dyads too.
-ResultLikelihood likelihood_of(const StudyEstimate& found, const Study& study) {
-    ResultLikelihood likelihood;
-    const double dyads = free_dyads(study);
-    if (!study.dyads.max_degree) {
-        likelihood.null_model = -dyads * std::log(2.0);
-    }
-    if (found.verdict != StudyVerdict::converged) {
-        return likelihood;
-    }
-    const auto parameters =
-        static_cast<double>(std::count_if(found.effects.begin(), found.effects.end(),
-                                          [](const EffectEstimate& each) { return !each.fixed; }));
-    likelihood.value = found.log_likelihood;
-    likelihood.mc_error = found.log_likelihood_error;
-    likelihood.deviance = -2.0 * found.log_likelihood;
-    likelihood.aic = likelihood.deviance + 2.0 * parameters;
-    likelihood.bic = likelihood.deviance + std::log(dyads) * parameters;
-    return likelihood;
-}
-
-std::optional<ResultDiagnosis> diagnosis_of(const StudyEstimate& found) {
-    const StudyDiagnosis& known = found.diagnosis;
-    if (known.chains == 0) {
+    });
+    if (!whole && performed.estimate.effects.empty()) {
         return std::nullopt;
     }
-    ResultDiagnosis diagnosis;
-    diagnosis.chains = known.chains;
-    diagnosis.burn_in = static_cast<double>(known.burn_in);
-    diagnosis.interval = static_cast<double>(known.interval);
-    diagnosis.samples = found.samples.rows;
-    diagnosis.runs = known.runs;
-    diagnosis.approximated = found.approximated;
-    diagnosis.hotelling_p_value = known.hotelling_p_value;
-    diagnosis.two_kinds = known.clusters.apart;
-    diagnosis.dense_share = known.clusters.apart ? known.clusters.upper_share : 0.0;
-    for (const EffectEstimate& each : found.effects) {
-        diagnosis.effective_samples.push_back(each.effective_samples);
-        diagnosis.gelman_rubin.push_back(each.gelman_rubin);
-    }
-    diagnosis.correlation = known.correlation;
-    return diagnosis;
-}
-
-ResultRecord result_of(const StudyEstimate& found, const StudyInput& input,
-                       const AdviceWords& words) {
-    ResultRecord result;
-    result.ovri = OVRI_VERSION;
-    result.command = "estimate";
-    result.verdict = study_verdict_name(found.verdict);
-    result.exit_status = verdict_status(found.verdict);
-    result.reasons = verdict_reasons(found, input);
-    result.advice = verdict_advice(found, input, words);
-    result.network = result_network(input);
-    result.method = estimate_method_name(found);
-    result.seed = found.seed;
-    result.proposals = found.proposals;
-    result.seconds = found.seconds;
-    for (const EffectEstimate& each : found.effects) {
-        result.effects.push_back(result_effect(each, found.verdict == StudyVerdict::converged));
-    }
-    result.covariance = found.covariance;
-    result.diagnosis = diagnosis_of(found);
-    result.path = found.path;
-    result.likelihood = likelihood_of(found, input.files.study);
-    return result;
+    performed.estimate.interrupted = performed.estimate.interrupted || !whole;
+    return performed;
 }
 
 std::string sample_csv(const StudyEstimate& found) {
@@ -162,48 +80,6 @@ std::string sample_csv(const StudyEstimate& found) {
         const auto at = static_cast<std::size_t>(row);
         text += sample_row(found.sample_chain[at] + 1, found.sample_draw[at] + 1,
                            {values, values + found.samples.columns});
-    }
-    return text;
-}
-
-// "stochastic approximation, 3 runs, seed 1".
-std::string method_words(const ResultRecord& result, std::size_t runs) {
-    if (result.verdict == "not_identified" && result.proposals == 0.0) {
-        return "found before anything was simulated";
-    }
-    if (result.method == "exact") {
-        return "exact: its dyads do not depend on each other, nothing was simulated";
-    }
-    if (result.method == "mple") {
-        return "maximum pseudo-likelihood; its standard errors are too small where ties depend on "
-               "each other";
-    }
-    if (result.method == "mcmle") {
-        return fmt::format("Monte Carlo maximum likelihood, {}, seed {}",
-                           counted(result.diagnosis ? result.diagnosis->chains : 0, "chain"),
-                           result.seed);
-    }
-    return fmt::format("stochastic approximation, {}, seed {}",
-                       counted(static_cast<int>(runs), "run"), result.seed);
-}
-
-std::string verdict_line(const ResultRecord& result, std::size_t runs, const Screen& out) {
-    const std::string how = method_words(result, runs);
-    if (result.exit_status == kDone) {
-        return result.method == "exact" || result.method == "mple"
-                   ? fmt::format("converged ({})\n", how)
-                   : fmt::format("converged: every t-ratio is below 0.1 in size ({})\n", how);
-    }
-    std::string name = result.verdict;
-    std::replace(name.begin(), name.end(), '_', ' ');
-    std::string text =
-        fmt::format("{}: do not use these estimates ({})\n", painted(out, Colour::red, name), how);
-    for (const std::string& reason : result.reasons) {
-        text += "  " + reason + "\n";
-    }
-    text += "what to try next:\n";
-    for (const std::string& command : result.advice) {
-        text += "  " + command + "\n";
     }
     return text;
 }
@@ -309,24 +185,14 @@ int keep_interrupted(const std::optional<StudyEstimate>& found, RunLog& log,
                                      : tell_failures(folder);
 }
 
-int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
-    const std::uint32_t seed = settle_seed(input);
-    RunLog log(options.silent ? "ovri estimate " + model_words(options.model) : command_text(),
-               input);
-    write_model(settled_model(input), input, folder);
-    folder.write("run.log", log.text());
-    const std::optional<Performed> performed =
-        perform(input, seed, static_cast<int>(options.bootstrap.value_or(0)),
-                !options.quiet && is_terminal(stderr));
-    if (!performed || performed->estimate.interrupted) {
-        return keep_interrupted(performed ? std::optional(performed->estimate) : std::nullopt, log,
-                                folder);
-    }
-    const StudyEstimate& found = performed->estimate;
+// The files of the results, and what standard output takes.
+int conclude(const Performed& performed, StudyInput& input, RunLog& log,
+             const EstimateOptions& options, ResultsFolder& folder) {
+    const StudyEstimate& found = performed.estimate;
     ResultRecord result = result_of(found, input, advice_words(options, folder));
-    if (performed->bootstrap) {
-        result.bootstrap = result_bootstrap(*performed->bootstrap);
-        folder.write("bootstrap.csv", bootstrap_csv(*performed->bootstrap));
+    if (performed.bootstrap) {
+        result.bootstrap = result_bootstrap(*performed.bootstrap);
+        folder.write("bootstrap.csv", bootstrap_csv(*performed.bootstrap));
     } else if (options.bootstrap.value_or(0) > 0 && !options.quiet) {
         print(stderr, "ovri: no bootstrap: the estimates are not to be used\n");
     }
@@ -339,15 +205,115 @@ int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& 
     return lost_output(stdout) ? tell_failures(folder) : result.exit_status;
 }
 
-int estimate(const EstimateOptions& options) {
-    if (const std::string mistake = model_mistake(options.model); !mistake.empty()) {
-        print(stderr, "ovri: {}\n", mistake);
-        return kNotUnderstood;
+int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
+    const std::uint32_t seed = settle_seed(input);
+    RunLog log(options.silent ? "ovri estimate " + model_words(options.model) : command_text(),
+               input);
+    write_model(settled_model(input), input, folder);
+    folder.write("run.log", log.text());
+    const std::optional<Performed> performed = perform(input, seed, options);
+    if (!performed || performed->estimate.interrupted) {
+        return keep_interrupted(performed ? std::optional(performed->estimate) : std::nullopt, log,
+                                folder);
     }
+    return conclude(*performed, input, log, options, folder);
+}
+
+// A bootstrap in parts. Each command estimates once for all parts that it draws: estimates are the
+// same everywhere, so that only replicates go through files.
+class DividedBootstrap {
+  public:
+    DividedBootstrap(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder)
+        : input_(input),
+          options_(options),
+          folder_(folder),
+          seed_(settle_seed(input)),
+          log_(command_text(), input) {}
+
+    int run() {
+        const PartFiles files(folder_.directory(),
+                              divided_run("bootstrap", static_cast<int>(*options_.bootstrap),
+                                          static_cast<int>(*options_.parts.parts), input_));
+        const PartCalls calls = {
+            .draw = [this](const WorkPart& part,
+                           nlohmann::ordered_json& records) { return draw(part, records); },
+            .take = [this](const nlohmann::ordered_json& records) { all_.add(records); }};
+        if (const auto status = run_parts(
+                files, {options_.parts, options_.folder.overwrite, options_.quiet}, calls)) {
+            return *status;
+        }
+        if (!watch([this](RunProgress& progress) { estimate(progress); })) {
+            return tell_interrupted(folder_, "keeps its parts");
+        }
+        Performed performed{*estimate_, std::nullopt};
+        if (estimate_->verdict == StudyVerdict::converged) {
+            performed.bootstrap = bootstrap_summary(*estimate_, all_.replicates);
+            performed.bootstrap->seconds = all_.seconds;
+        }
+        write_model(settled_model(input_), input_, folder_);
+        return conclude(performed, input_, log_, options_, folder_);
+    }
+
+  private:
+    bool watch(const std::function<void(RunProgress&)>& work) const {
+        return watched(shows_progress(options_), work);
+    }
+
+    void estimate(RunProgress& progress) {
+        if (!estimate_) {
+            StudyEstimate found =
+                study_estimate(input_.files.study, input_.resolved, seed_, progress);
+            if (found.interrupted) {
+                throw RunStopped();
+            }
+            estimate_ = std::move(found);
+        }
+    }
+
+    PartDrawn draw(const WorkPart& part, nlohmann::ordered_json& records) {
+        folder_.reopen();
+        folder_.make("parts");
+        BootstrapRecords drawn;
+        const bool whole = watch([&](RunProgress& progress) {
+            estimate(progress);
+            if (estimate_->verdict == StudyVerdict::converged) {
+                drawn = drawn_replicates(input_, *estimate_, part, progress);
+            }
+        });
+        if (!whole) {
+            return PartDrawn::interrupted;
+        }
+        records = drawn.json();
+        return PartDrawn::done;
+    }
+
+    StudyInput& input_;
+    const EstimateOptions& options_;
+    ResultsFolder& folder_;
+    std::uint32_t seed_;
+    RunLog log_;
+    std::optional<StudyEstimate> estimate_;
+    BootstrapRecords all_;
+};
+
+// What is wrong with the words; empty when nothing is.
+std::string mistake_of(const EstimateOptions& options) {
     constexpr std::uint32_t kMostReplicates = 1000000;
+    if (std::string mistake = model_mistake(options.model); !mistake.empty()) {
+        return mistake;
+    }
     if (options.bootstrap.value_or(0) > kMostReplicates) {
-        print(stderr, "ovri: `--bootstrap` takes a number up to {}\n", kMostReplicates);
-        return kNotUnderstood;
+        return fmt::format("`--bootstrap` takes a number up to {}", kMostReplicates);
+    }
+    if (options.parts.divided() && options.bootstrap.value_or(0) == 0) {
+        return "`--parts` divides the networks of a bootstrap: add --bootstrap N";
+    }
+    return part_mistake(options.parts);
+}
+
+int estimate(const EstimateOptions& options) {
+    if (const std::string mistake = mistake_of(options); !mistake.empty()) {
+        return tell_misunderstood(mistake);
     }
     outlive_failed_writes();
     const Screen screen = screen_on(stderr, options.colour);
@@ -356,9 +322,20 @@ int estimate(const EstimateOptions& options) {
         tell_unused_options(options, model);
     }
     StudyInput input = read_study_to_estimate(std::move(model));
+    const bool seed = input.files.study.settings.run.seed.has_value();
+    const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
+    if (const std::string mistake = part_mistake(options.parts, replicates, seed);
+        input.ok() && !mistake.empty()) {
+        return tell_misunderstood(mistake);
+    }
     std::optional<ResultsFolder> folder =
-        open_results(input, options.folder, model_name(options.model), options.quiet, screen);
-    return folder ? run_study(input, options, *folder) : kErrorsFound;
+        open_results(input, folder_of(options.folder, options.parts, seed),
+                     model_name(options.model), options.quiet, screen);
+    if (!folder) {
+        return kErrorsFound;
+    }
+    return options.parts.divided() ? DividedBootstrap(input, options, *folder).run()
+                                   : run_study(input, options, *folder);
 }
 
 std::function<int()> declare_estimate(CLI::App& app) {
@@ -374,6 +351,7 @@ std::function<int()> declare_estimate(CLI::App& app) {
     add_number(app, "--bootstrap", options->bootstrap,
                "Draw N networks of the model at the estimates, estimate each anew, and tell how "
                "the estimates scatter: 95% percentile intervals.");
+    add_parts(app, options->parts, "networks of the bootstrap");
     add_forms(app, options->json, options->csv);
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
@@ -415,6 +393,9 @@ small where ties depend on each other.
 that do not lean on large samples, and how often the intervals of single networks
 hold the value they were drawn with (coverage). Networks whose model did not converge
 are counted and left out. bootstrap.csv holds the estimates, one row a network.
+--parts P divides the networks among P parts: --part K, on whatever machine, estimates,
+takes its share and leaves parts/bootstrap-000K.json; --collect merges all parts to
+the same bytes as one run, seconds aside.
 
 Standard output takes the table, the verdict and where the results are; warnings,
 errors and progress go to standard error. The results folder is DIR, or

@@ -1,5 +1,6 @@
 #include "commands/results_folder.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/native_path.h"
@@ -29,7 +30,7 @@ bool holds_results(const std::string& directory) {
            begins("gof.json", "\"ovri-gof/") || holds_parts(directory);
 }
 
-// The first of the files that stands inside the folder; empty when none does.
+// The first of the files that stands in the folder where results go; empty when none does.
 std::string input_inside(const std::string& directory, const std::vector<std::string>& inputs) {
     std::error_code problem;
     const fs::path folder = fs::weakly_canonical(native_path(directory), problem);
@@ -39,18 +40,17 @@ std::string input_inside(const std::string& directory, const std::vector<std::st
         }
         const fs::path below =
             fs::weakly_canonical(native_path(input), problem).lexically_relative(folder);
-        if (!below.empty() && *below.begin() != "..") {
+        if (!below.empty() && std::find(std::begin(kWritten), std::end(kWritten), *below.begin()) !=
+                                  std::end(kWritten)) {
             return input;
         }
     }
     return "";
 }
 
-void clear(const std::string& directory) {
-    for (const char* name : kWritten) {
-        std::error_code problem;
-        fs::remove_all(native_path(directory) / name, problem);
-    }
+void remove(const std::string& directory, const std::string& name) {
+    std::error_code problem;
+    fs::remove_all(native_path(directory + "/" + name), problem);
 }
 
 }  // namespace
@@ -84,20 +84,22 @@ void ResultsFolder::take(const FolderOptions& options) {
     if (!fs::is_directory(path)) {
         mistake_ = "the results folder `" + directory_ + "` cannot be made" +
                    (problem ? ": " + problem.message() : "") + "; name another one by -o";
-    } else if (parts_there) {
-        return;
-    } else if (!fs::is_empty(path, problem) && !options.overwrite) {
+    } else if (!fs::is_empty(path, problem) && !options.overwrite && !parts_there) {
         mistake_ = "the results folder `" + directory_ +
                    "` exists; name another one by -o, or add --overwrite";
     } else if (const std::string input = input_inside(directory_, options.inputs); !input.empty()) {
         mistake_ = "the results folder `" + directory_ + "` holds `" + input +
                    "`, which this run reads; name another folder by -o";
+    } else if (parts_there) {
+        return;
     } else if (!options.own && !fs::is_empty(path, problem) && !holds_results(directory_)) {
         mistake_ = "the folder `" + directory_ +
                    "` holds other things than results and is not overwritten; name another one by "
                    "-o";
     } else {
-        clear(directory_);
+        for (const char* name : kWritten) {
+            remove(directory_, name);
+        }
     }
 }
 
@@ -133,8 +135,11 @@ void ResultsFolder::write(const std::string& file, const std::string& text) {
 }
 
 void ResultsFolder::reopen() {
-    std::error_code problem;
-    fs::remove(native_path(path("result.json")), problem);
+    for (const std::string name : kWritten) {
+        if (name != "parts" && name != "networks") {
+            remove(directory_, name);
+        }
+    }
 }
 
 void ResultsFolder::finish(const std::string& result_json) {

@@ -38,7 +38,7 @@ class ResultsFolder {
     bool make(const std::string& folder);
     // Writes a file of the folder whole.
     void write(const std::string& file, const std::string& text);
-    // The folder is no longer complete: something in it is done again.
+    // What is no longer true goes, as a part is done again: all but parts and networks.
     void reopen();
     // The last file, by rename; left out when one before could not be written.
     void finish(const std::string& result_json);
