@@ -64,9 +64,9 @@ class Answers {
         }
     }
 
-    // The log-likelihood that bridges lead to, at parameters.
-    void add_bridged(const std::string& network, const Study& study,
-                     const std::vector<double>& parameters, double expected) {
+    // The log-likelihood that a path of models leads to, at parameters.
+    void add_simulated(const std::string& network, const Study& study,
+                       const std::vector<double>& parameters, double expected) {
         const StudySelection resolved = study_selection(study);
         LikelihoodSettings settings;
         settings.precision = kLikelihood / 4.0;
@@ -139,7 +139,7 @@ void add_enumerations(Answers& answers) {
                                 const CountStatistics& count) {
         const ExactAnswers exact = enumerate_answers(study.network, count);
         answers.add(network, study, {exact.estimates, exact.standard_errors, exact.log_likelihood});
-        answers.add_bridged(network, study, exact.estimates, exact.log_likelihood);
+        answers.add_simulated(network, study, exact.estimates, exact.log_likelihood);
     };
     add("six actors", six_actors("edge,AT(2)"), count_edges_and_alternating_triangles);
     add("four actors", four_directed_actors("arc,reciprocity,transitive-triad"),

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "study/dyad_changes.h"
 #include "study/study_chain.h"
 
 namespace {
@@ -20,14 +21,8 @@ class Changes {
 
     // Of the tie, whether it is there or not, written to `ordered`.
     void of(int i, int j, double* ordered) {
-        const bool tied = has_tie(network(), i, j);
-        if (tied) {
-            remove_bit(network(), i, j);
-        }
-        evaluate(i, j, tied ? 0 : 1, ordered);
-        if (tied) {
-            add_bit(network(), i, j);
-        }
+        dyad_changes(network(), run_.model(), run_.parameters().data(), i, j, placed_.data());
+        put_in_order(ordered);
     }
 
     // The three outcomes of a pair of arcs beside none: i to j, j to i, both. False where the two
@@ -94,6 +89,10 @@ class Changes {
     void evaluate(int i, int j, int adding, double* ordered) {
         evaluate_toggle(network(), run_.model(), run_.parameters().data(), placed_.data(), i, j,
                         adding);
+        put_in_order(ordered);
+    }
+
+    void put_in_order(double* ordered) const {
         for (std::size_t k = 0; k < places_.size(); ++k) {
             ordered[k] = placed_[static_cast<std::size_t>(places_[k])];
         }
@@ -103,25 +102,6 @@ class Changes {
     std::vector<double> placed_;
     const std::vector<int>& places_;
 };
-
-// Calls visit(i, j) for each dyad that may change.
-template <class Visit>
-void for_each_free_dyad(const Study& study, Visit visit) {
-    if (study.dyads.restricted) {
-        for (const ActorTie& dyad : study.dyads.free) {
-            visit(dyad.from, dyad.to);
-        }
-        return;
-    }
-    const int n = static_cast<int>(study.network.actors.size());
-    for (int i = 0; i < n; ++i) {
-        for (int j = study.network.directed ? 0 : i + 1; j < n; ++j) {
-            if (i != j) {
-                visit(i, j);
-            }
-        }
-    }
-}
 
 template <class Network>
 ChoiceTable tie_choices(const Study& study, const StudySelection& resolved) {

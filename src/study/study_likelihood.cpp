@@ -58,7 +58,7 @@ StudyLikelihood study_likelihood(const Study& study, const StudySelection& resol
             ConstantPath path(study, resolved, reference, parameters, seed, settings, progress);
             found.value += path.walk();
             found.mc_error = path.error();
-            found.bridges = path.bridges();
+            found.points = path.points();
             found.proposals = path.proposals();
         }
     }

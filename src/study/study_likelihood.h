@@ -3,10 +3,8 @@
 // Where dyads are independent (a digraph's two arcs of a pair may depend on each other) it is a sum
 // over pairs of actors, and exact. Elsewhere the normalising constant is no sum that could be
 // formed. It is then found along a path (Hunter and Handcock 2006, Journal of Computational and
-// Graphical Statistics 15): from a reference, the model's dyad-independent part at its own
-// estimates, to the parameters; along it stand bridges, each so near to the next that their
-// networks overlap, and the ratio of two neighbours' constants is estimated from the networks of
-// both (Bennett 1976; Meng and Wong 1996).
+// Graphical Statistics 15) from a reference, the model's dyad-independent part at its own
+// estimates, to the parameters: see study/constant_path.h.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +23,7 @@ struct StudyLikelihood {
     int parameters = 0;       // those that were estimated
     double dyads = 0.0;       // N
     bool exact = false;
-    int bridges = 0;  // points of the path, both ends among them; 0 where it is exact
+    int points = 0;  // of the path, both ends among them; 0 where it is exact
     double proposals = 0.0;
 };
 
