@@ -147,6 +147,60 @@ TEST_F(ToolParts, EstimatesThatAreNotToBeUsedHaveNoBootstrapInPartsEither) {
     EXPECT_FALSE(scratch.exists("apart/bootstrap.csv"));
 }
 
+TEST_F(ToolParts, AFitInPartsIsTheBytesOfOneRun) {
+    ASSERT_EQ(ovri({"estimate", "club.toml", "--effects", "edge", "-o", "club"}).status, 0);
+    scratch.write("held.toml", with(scratch.read("club.toml"), "start", "fixed"));
+    Words held = {"gof", "held.toml", "--samples", "50", "--parts", "3", "--quiet"};
+    Words folder = {"gof", "club", "--samples", "50", "--seed", "3", "--parts", "3", "--quiet"};
+    Words around = folder;
+    around.emplace_back("--bayesian");
+    int number = 0;
+    for (const Words& words : {held, folder, around}) {
+        const std::string name = "fit" + std::to_string(++number);
+        ASSERT_EQ(ovri(words, {"-o", name}).status, 0) << result.err;
+        draw_apart(words, name + "-1", {"3", "1", "2"}, "1");
+        draw_apart(words, name + "-5", {"2", "3", "1"}, "5");
+        expect_same(name, name + "-1");
+        expect_same(name, name + "-5");
+        EXPECT_EQ(nlohmann::json::parse(scratch.read(name + "/gof.json"))["samples"], 50);
+        EXPECT_EQ(document_faults(scratch.read(name + "/parts/gof-0002.json")),
+                  std::vector<std::string>());
+    }
+    EXPECT_NE(scratch.read("fit2/gof.csv"), scratch.read("fit3/gof.csv"));
+}
+
+TEST_F(ToolParts, AFitStandsBesideTheEstimatesAndTheirBootstrap) {
+    ASSERT_EQ(ovri(bootstrap_, {"-o", "club"}).status, 0) << result.err;
+    const auto estimates = contents("club");
+    const Words words = {"gof", "club", "--samples", "40", "--seed", "3", "--parts", "2", "-q"};
+    EXPECT_EQ(ovri(words, {"--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err, "part 1 of 2 (networks 1 to 20) is missing")) << result.err;
+    EXPECT_EQ(ovri(words, {"--part", "2"}).status, 0) << result.err;
+    EXPECT_EQ(ovri(words).status, 0) << result.err;
+    auto both = contents("club");
+    for (const char* added :
+         {"gof.json", "gof.csv", "parts/gof-0001.json", "parts/gof-0002.json"}) {
+        EXPECT_EQ(both.erase(added), 1U) << added;
+    }
+    EXPECT_EQ(both, estimates);
+    // As everywhere nothing is replaced unasked; a part of another test is drawn again.
+    EXPECT_EQ(ovri(words, {"--collect"}).status, 1);
+    EXPECT_TRUE(has(result.err, "add --overwrite")) << result.err;
+    EXPECT_EQ(ovri(words, {"--collect", "--overwrite"}).status, 0) << result.err;
+    EXPECT_EQ(ovri(words, {"--bayesian", "--collect", "--overwrite"}).status, 3);
+    EXPECT_TRUE(has(result.err, "was drawn from other inputs")) << result.err;
+}
+
+TEST_F(ToolParts, AFitInPartsNeedsEstimatesAndASeed) {
+    EXPECT_EQ(ovri({"gof", "club.toml", "--parts", "2", "--part", "1"}).status, 2);
+    EXPECT_TRUE(has(result.err, "estimate it first by `ovri estimate`")) << result.err;
+    ASSERT_EQ(ovri({"estimate", "club.toml", "--effects", "edge", "-o", "club"}).status, 0);
+    EXPECT_EQ(ovri({"gof", "club", "--parts", "2", "--part", "1"}).status, 2);
+    EXPECT_TRUE(has(result.err, "add --seed N")) << result.err;
+    EXPECT_EQ(ovri({"gof", "club", "--samples", "9", "--parts", "10"}).status, 2);
+    EXPECT_FALSE(scratch.exists("club/parts"));
+}
+
 TEST_F(ToolParts, APartHasRandomNumbersOfItsOwn) {
     ASSERT_EQ(ovri(simulate_, {"-o", "four"}).status, 0) << result.err;
     const std::vector<std::string> rows = lines_of(scratch.read("four/sample.csv"));
@@ -214,6 +268,17 @@ TEST_F(ToolParts, AMissingPartIsNamedAndNothingIsMerged) {
     scratch.write("out/parts/simulate-0001.json", with(part, "\"statistics\"", "\"numbers\""));
     EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
     EXPECT_TRUE(has(result.err, "out/parts/simulate-0001.json is damaged")) << result.err;
+}
+
+TEST_F(ToolParts, PartsMayBeginAtTheSameMoment) {
+    for (int round = 0; round < 10; ++round) {
+        fs::remove_all(scratch.path() / "out");
+        const ChildResult done = shell(
+            "for part in 1 2 3 4 5 6 7 8; do\n"
+            "\"$OVRI\" simulate club.toml --parts 8 --part $part -o out -q &\ndone\nwait\n"
+            "exec \"$OVRI\" simulate club.toml --parts 8 --collect -o out -q");
+        ASSERT_EQ(done.status, 0) << done.errors;
+    }
 }
 
 TEST_F(ToolParts, AKilledRunIsTakenUpAgain) {

@@ -272,7 +272,6 @@ class DividedBootstrap {
 
     PartDrawn draw(const WorkPart& part, nlohmann::ordered_json& records) {
         folder_.reopen();
-        folder_.make("parts");
         BootstrapRecords drawn;
         const bool whole = watch([&](RunProgress& progress) {
             estimate(progress);

@@ -1,12 +1,11 @@
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <filesystem>
 
 #include "base/native_path.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
-#include "commands/gof_source.h"
+#include "commands/gof_comparison.h"
 #include "commands/model_options.h"
 #include "commands/new_files.h"
 #include "commands/options.h"
@@ -15,143 +14,18 @@
 #include "commands/run_log.h"
 #include "commands/study_input.h"
 #include "formats/model_writer.h"
-#include "formats/text_file.h"
-#include "show/gof_document.h"
-#include "show/gof_table.h"
 #include "show/result_json.h"
 #include "terminal/aside.h"
 #include "terminal/interrupt.h"
 #include "terminal/print.h"
-#include "terminal/progress.h"
 
 namespace {
-
-struct GofOptions {
-    ModelOptions model;
-    FolderOptions folder;
-    std::optional<std::uint32_t> samples;
-    std::optional<std::uint32_t> burn_in;
-    std::optional<std::uint32_t> interval;
-    bool bayesian = false;
-    bool json = false;
-    bool csv = false;
-    bool quiet = false;
-    ColourChoice colour = ColourChoice::automatic;
-};
 
 // Every effect of the model is held at a value: there is nothing to estimate.
 bool has_all_values(const StudyModel& model) {
     return !model.effects.empty() &&
            std::all_of(model.effects.begin(), model.effects.end(),
                        [](const StudyEffect& effect) { return effect.fixed.has_value(); });
-}
-
-// The options stand in place of what the model says, from here on.
-void take_options(const GofOptions& options, StudyInput& input) {
-    StudySampling& sampling = input.files.study.settings.gof;
-    sampling.samples = static_cast<int>(options.samples.value_or(sampling.samples));
-    sampling.burn_in = options.burn_in.value_or(sampling.burn_in);
-    sampling.interval = options.interval.value_or(sampling.interval);
-}
-
-GofSettings settings_of(const GofOptions& options, const Tested& tested) {
-    const StudySettings& written = tested.input.files.study.settings;
-    GofSettings settings;
-    settings.samples = written.gof.samples;
-    settings.burn_in = written.gof.burn_in;
-    settings.interval = written.gof.interval;
-    settings.threads = written.run.threads;
-    settings.seed = *written.run.seed;
-    if (options.bayesian) {
-        settings.covariance = tested.covariance;
-    }
-    return settings;
-}
-
-std::optional<StudyGof> perform(const Tested& tested, const GofSettings& settings,
-                                bool with_progress) {
-    RunProgress progress;
-    const InterruptScope interrupt(progress.stop);
-    std::optional<ProgressDisplay> display;
-    if (with_progress) {
-        display.emplace(progress, stderr);
-    }
-    try {
-        return study_gof(tested.input.files.study, tested.input.resolved, tested.parameters,
-                         settings, progress);
-    } catch (const RunStopped&) {
-        return std::nullopt;
-    }
-}
-
-// Adds lines to a folder's run.log.
-bool add_to_log(const std::string& path, const std::string& lines) {
-    const TextFile log = read_text_file(path);
-    return replace_file(path, log.ok() ? log.text + lines : lines);
-}
-
-void show(const GofRecord& record, const GofOptions& options, const std::string& directory) {
-    if (options.json) {
-        print(stdout, "{}", gof_json(record));
-        return;
-    }
-    if (options.csv) {
-        print(stdout, "{}", gof_csv(record));
-        return;
-    }
-    if (record.exit_status != kDone) {
-        std::string name = record.verdict;
-        std::replace(name.begin(), name.end(), '_', ' ');
-        print(stdout, "{}: these networks are simulated at estimates that are not to be used\n\n",
-              painted(screen_on(stdout, options.colour), Colour::red, name));
-    }
-    print(stdout, "{}\n{}{}, seed {}\nresults: {}\n", gof_table(record),
-          counted(record.gof.samples, "network"),
-          record.bayesian ? " at parameters drawn around the estimates" : "", record.gof.seed,
-          directory);
-}
-
-// Compares and writes into a folder that is there. The seed is settled and the options are taken.
-int compare(const Tested& tested, const GofOptions& options, const std::string& directory) {
-    const auto begin = std::chrono::steady_clock::now();
-    const GofSettings settings = settings_of(options, tested);
-    const std::optional<StudyGof> found =
-        perform(tested, settings, !options.quiet && is_terminal(stderr));
-    if (!found) {
-        add_to_log(directory + "/run.log",
-                   interrupted_line(command_text() + " left nothing") + "\n");
-        print(stderr, "ovri: interrupted; {} has no new gof.json\n", directory);
-        return kInterrupted;
-    }
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-    GofRecord record;
-    record.ovri = OVRI_VERSION;
-    record.verdict = tested.verdict;
-    record.exit_status = tested.exit_status;
-    record.bayesian = options.bayesian;
-    record.network = tested.network;
-    record.gof = *found;
-    record.conclusion = gof_conclusion(record.gof, record.network.directed);
-    const std::string log = fmt::format(
-        "gof: {}\ngof: {} samples, seed {}, interval {}, {:.0f} proposals, {:.2f} seconds\n"
-        "gof: {}\n",
-        command_text(), settings.samples, settings.seed, found->interval, found->proposals,
-        seconds.count(), record.conclusion);
-    for (const auto& [file, written] :
-         {std::pair{"gof.json", replace_file(directory + "/gof.json", gof_json(record))},
-          std::pair{"gof.csv", replace_file(directory + "/gof.csv", gof_csv(record))},
-          std::pair{"run.log", add_to_log(directory + "/run.log", log)}}) {
-        if (!written) {
-            print(stderr, "ovri: {}/{} could not be written\n", directory, file);
-            return kNotCompleted;
-        }
-    }
-    show(record, options, directory);
-    if (lost_output(stdout)) {
-        print(stderr, "ovri: standard output could not be written\n");
-        return kNotCompleted;
-    }
-    return record.exit_status;
 }
 
 // model.toml of a folder of its own: the parameters are held, so that running it compares the same
@@ -173,14 +47,17 @@ enum class GofPlace {
 };
 
 // What a folder of its own holds before the comparison, and after it.
-void begin_folder(const Tested& tested, ResultsFolder& folder) {
+bool begin_folder(const Tested& tested, ResultsFolder& folder) {
     write_held_model(tested, folder);
     folder.write("run.log", RunLog(command_text(), tested.input).text());
+    return folder.failures().empty();
 }
-int finish_folder(const std::string& source, ResultsFolder& folder, int status) {
+int finish_folder(const std::string& source, ResultsFolder& folder, int status,
+                  const PartOptions& parts) {
     Problems problems;
     std::optional<ResultRecord> result = read_result(source, problems);
-    if (result && (status == kDone || status == kNotConverged || status == kNotIdentified)) {
+    if (result && !parts.part &&
+        (status == kDone || status == kNotConverged || status == kNotIdentified)) {
         result->command = "gof";
         folder.finish(result_json(*result));
         return folder.failures().empty() ? status : tell_failures(folder);
@@ -188,14 +65,49 @@ int finish_folder(const std::string& source, ResultsFolder& folder, int status) 
     return status;
 }
 
-int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace place,
-                  ResultsFolder* folder) {
+// The folder of a comparison that stands apart from the estimates; what is wrong has been told.
+std::optional<ResultsFolder> folder_apart(const GofOptions& options, const std::string& source) {
+    FolderOptions wanted = folder_of(options.folder, options.parts, options.model.seed.has_value());
+    wanted.inputs = {source + "/result.json"};
+    ResultsFolder folder(wanted, source);
+    if (!folder.mistake().empty()) {
+        print(stderr, "ovri: {}\n", folder.mistake());
+        return std::nullopt;
+    }
+    return folder;
+}
+
+// Compares a model that is tested, its folder begun before the networks are drawn or, where parts
+// of them may be drawn by other commands, once they are there.
+int compare(const Tested& tested, const GofOptions& options, const std::string& directory,
+            ResultsFolder* own) {
+    const bool divided = options.parts.divided();
+    if (own != nullptr && !divided && !begin_folder(tested, *own)) {
+        return tell_failures(*own);
+    }
+    const FoundGof found = find_gof(tested, options, directory, own);
+    if (!found.gof) {
+        return found.status;
+    }
+    if (own != nullptr && divided && !begin_folder(tested, *own)) {
+        return tell_failures(*own);
+    }
+    return write_gof(tested, options, directory, found);
+}
+
+int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace place) {
     const Screen screen = screen_on(stderr, options.colour);
     Tested tested = tested_folder(options.model, source);
     take_options(options, tested.input);
     if (!tested.input.ok()) {
         tell_problems(tested.input.problems, screen);
         return kErrorsFound;
+    }
+    if (const std::string mistake =
+            part_mistake(options.parts, tested.input.files.study.settings.gof.samples,
+                         options.model.seed.has_value());
+        !mistake.empty()) {
+        return tell_misunderstood(mistake);
     }
     if (tested.exit_status != kDone) {
         print(stderr, "{}: the estimation of {} ended {}: its estimates are not to be used\n",
@@ -214,13 +126,13 @@ int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace
         return kNotCompleted;
     }
     if (place != GofPlace::apart) {
-        return compare(tested, options, source);
+        return compare(tested, options, source, nullptr);
     }
-    begin_folder(tested, *folder);
-    if (!folder->failures().empty()) {
-        return tell_failures(*folder);
-    }
-    return finish_folder(source, *folder, compare(tested, options, folder->directory()));
+    std::optional<ResultsFolder> folder = folder_apart(options, source);
+    return folder ? finish_folder(source, *folder,
+                                  compare(tested, options, folder->directory(), &*folder),
+                                  options.parts)
+                  : kErrorsFound;
 }
 
 // Performs `ovri estimate` with the same words, its table aside.
@@ -265,13 +177,8 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     for (const StudyEffect& effect : tested.input.files.study.model.effects) {
         tested.parameters.push_back(*effect.fixed);
     }
-    write_model(settled_model(tested.input), tested.input, folder);
-    folder.write("run.log", RunLog(command_text(), tested.input).text());
-    if (!folder.failures().empty()) {
-        return tell_failures(folder);
-    }
-    const int status = compare(tested, options, folder.directory());
-    if (status != kDone) {
+    const int status = compare(tested, options, folder.directory(), &folder);
+    if (status != kDone || options.parts.part) {
         return status;
     }
     ResultRecord result;
@@ -301,9 +208,22 @@ std::optional<std::uint32_t> seed_of_folder(const std::string& directory) {
 int gof_of_model(const GofOptions& options) {
     const Screen screen = screen_on(stderr, options.colour);
     StudyInput input = read_study(model_of(options.model));
+    const StudySettings& settings = input.files.study.settings;
+    const bool seed = settings.run.seed.has_value();
+    std::string mistake = part_mistake(
+        options.parts, static_cast<int>(options.samples.value_or(settings.gof.samples)), seed);
+    if (options.parts.divided() && !has_all_values(input.files.study.model)) {
+        mistake =
+            "`--parts` takes a results folder, or a model whose effects are all held: "
+            "estimate it first by `ovri estimate`";
+    }
+    if (input.ok() && !mistake.empty()) {
+        return tell_misunderstood(mistake);
+    }
     constexpr bool kNotesLater = true;  // the estimation tells what was read
     std::optional<ResultsFolder> folder =
-        open_results(input, options.folder, model_name(options.model), kNotesLater, screen);
+        open_results(input, folder_of(options.folder, options.parts, seed),
+                     model_name(options.model), kNotesLater, screen);
     if (!folder) {
         return kErrorsFound;
     }
@@ -325,33 +245,28 @@ int gof_of_model(const GofOptions& options) {
     rest.model.model = folder->directory();
     rest.model.threads = options.model.threads;
     rest.model.seed = seed_of_folder(folder->directory());
-    return gof_of_folder(rest, folder->directory(), GofPlace::after, nullptr);
+    return gof_of_folder(rest, folder->directory(), GofPlace::after);
 }
 
 int gof(const GofOptions& options) {
-    if (const std::string mistake = model_mistake(options.model); !mistake.empty()) {
-        print(stderr, "ovri: {}\n", mistake);
-        return kNotUnderstood;
+    for (const std::string& mistake : {model_mistake(options.model), part_mistake(options.parts)}) {
+        if (!mistake.empty()) {
+            return tell_misunderstood(mistake);
+        }
     }
     outlive_failed_writes();
     if (!names_folder(options.model.model)) {
         return gof_of_model(options);
     }
     const std::string source = folder_word(options.model.model);
-    if (options.folder.directory.empty()) {
-        return tell_existing({source + "/gof.json", source + "/gof.csv"}, options.folder.overwrite,
-                             "add --overwrite, or name another folder by -o")
-                   ? kErrorsFound
-                   : gof_of_folder(options, source, GofPlace::beside, nullptr);
+    if (!options.folder.directory.empty()) {
+        return gof_of_folder(options, source, GofPlace::apart);
     }
-    FolderOptions wanted = options.folder;
-    wanted.inputs = {source + "/result.json"};
-    ResultsFolder folder(wanted, source);
-    if (!folder.mistake().empty()) {
-        print(stderr, "ovri: {}\n", folder.mistake());
-        return kErrorsFound;
-    }
-    return gof_of_folder(options, source, GofPlace::apart, &folder);
+    const bool replaces = options.folder.overwrite || options.parts.part;
+    return tell_existing({source + "/gof.json", source + "/gof.csv"}, replaces,
+                         "add --overwrite, or name another folder by -o")
+               ? kErrorsFound
+               : gof_of_folder(options, source, GofPlace::beside);
 }
 
 std::function<int()> declare_gof(CLI::App& app) {
@@ -363,6 +278,7 @@ std::function<int()> declare_gof(CLI::App& app) {
     add_flag(app, "--bayesian", options->bayesian,
              "Draw the parameters of each network around the estimates, by their covariance.");
     add_folder(app, options->folder);
+    add_parts(app, options->parts, "networks");
     add_forms(app, options->json, options->csv, "gof.json", "gof.csv");
     add_quiet(app, options->quiet);
     add_colour(app, options->colour);
@@ -391,6 +307,11 @@ what fits, a line for each distribution and a conclusion. gof.json and gof.csv g
 the results folder, in place of earlier ones only by --overwrite; -o DIR writes them
 elsewhere, with the model and its estimates. Without --seed one is chosen: the seed in
 the folder is the estimation's.
+
+--parts N divides the networks of a results folder, or of a model whose effects are
+all held, among N parts with chains and random numbers of their own: N is part of what
+is drawn, as the seed is. --part K, on whatever machine, leaves parts/gof-000K.json;
+--collect merges all parts to the same bytes as one run with --parts N alone.
 )",
     .statuses = R"(
 Exit status: 0 done, whether the model fits or not; 1 the check found errors; 2 the

@@ -72,27 +72,31 @@ void ResultsFolder::take(const FolderOptions& options) {
     directory_ = options.directory;
     std::error_code problem;
     const fs::path path = native_path(directory_);
-    const bool parts_there =
-        options.parts != FolderParts::none && !options.overwrite && holds_parts(directory_);
-    if (options.parts == FolderParts::merged && !parts_there) {
+    if (options.parts == FolderParts::merged && !holds_parts(directory_)) {
         mistake_ = "there is no folder `" + directory_ + "` with parts; name it by -o";
         return;
     }
     if (fs::create_directories(path, problem)) {
         return;
     }
-    if (!fs::is_directory(path)) {
+    // Parts are asked for last: another command may be adding the first one.
+    const bool directory = fs::is_directory(path);
+    const bool clean = directory && fs::is_empty(path, problem);
+    const bool taken_up = options.parts != FolderParts::none && !options.overwrite &&
+                          (clean || holds_parts(directory_));
+    const std::string input = input_inside(directory_, options.inputs);
+    if (!directory) {
         mistake_ = "the results folder `" + directory_ + "` cannot be made" +
                    (problem ? ": " + problem.message() : "") + "; name another one by -o";
-    } else if (!fs::is_empty(path, problem) && !options.overwrite && !parts_there) {
+    } else if (!clean && !options.overwrite && !taken_up) {
         mistake_ = "the results folder `" + directory_ +
                    "` exists; name another one by -o, or add --overwrite";
-    } else if (const std::string input = input_inside(directory_, options.inputs); !input.empty()) {
+    } else if (!input.empty()) {
         mistake_ = "the results folder `" + directory_ + "` holds `" + input +
                    "`, which this run reads; name another folder by -o";
-    } else if (parts_there) {
+    } else if (clean || taken_up) {
         return;
-    } else if (!options.own && !fs::is_empty(path, problem) && !holds_results(directory_)) {
+    } else if (!options.own && !holds_results(directory_)) {
         mistake_ = "the folder `" + directory_ +
                    "` holds other things than results and is not overwritten; name another one by "
                    "-o";

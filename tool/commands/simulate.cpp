@@ -221,7 +221,6 @@ int run_divided(StudyInput& input, const SimulateOptions& options, ResultsFolder
         .draw =
             [&](const WorkPart& part, nlohmann::ordered_json& records) {
                 folder.reopen();
-                folder.make("parts");
                 folder.make("networks");
                 const DrawnNetworks drawn =
                     draw_networks(input, seed, part, shows_progress(options), folder);

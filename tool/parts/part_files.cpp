@@ -96,6 +96,8 @@ bool PartFiles::write(int number, const Json& records) const {
     json["first"] = part(number).first + 1;
     json["count"] = part(number).count;
     json["records"] = records;
+    std::error_code problem;
+    fs::create_directory(native_path(folder_), problem);
     return replace_file(path(number), json.dump() + "\n");
 }
 
