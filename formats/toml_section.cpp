@@ -113,7 +113,8 @@ std::optional<double> SectionReader::number(const char* key, const NumberRange& 
     }
     const auto value = node->is_number() ? node->value<double>() : std::nullopt;
     if (!value || !std::isfinite(*value) || *value < range.least || *value > range.most) {
-        wrong_value(key, *node, range_text(range, "a number"));
+        const bool infinite = value && !std::isfinite(*value);
+        wrong_value(key, *node, infinite ? "a finite number" : range_text(range, "a number"));
         return std::nullopt;
     }
     return value;

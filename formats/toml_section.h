@@ -3,9 +3,6 @@
 // It includes the TOML library, so only sources of this folder include it.
 #pragma once
 
-#define TOML_EXCEPTIONS 0
-#include <toml++/toml.h>
-
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -15,6 +12,7 @@
 #include <vector>
 
 #include "formats/model_file.h"
+#include "formats/toml_library.h"
 
 FilePlace toml_place(const toml::source_region& region);
 

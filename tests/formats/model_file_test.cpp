@@ -152,6 +152,7 @@ TEST(ModelFile, ValuesHaveTypesAndRanges) {
     EXPECT_EQ(seed.column, 8);
     EXPECT_EQ(seed.field, "`seed` in [run]");
     EXPECT_EQ(seed.expected, "a whole number from 0 to 4294967295");
+    EXPECT_EQ(problem_of(kLeast + "[estimation]\nprecision = inf\n").expected, "a finite number");
     for (const char* line :
          {"[run]\nseed = 1.5\n", "[run]\nseed = \"1\"\n", "[gof]\nsamples = 0\n",
           "[estimation]\nprecision = nan\n", "[estimation]\nattempts = true\n",

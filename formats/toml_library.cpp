@@ -1,0 +1,2 @@
+#define TOML_IMPLEMENTATION
+#include "formats/toml_library.h"
