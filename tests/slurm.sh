@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Carries a plan out by a Slurm of one node, which it starts in a folder of its own and stops after,
-# and compares the summary with that of a run without Slurm, byte for byte. Where Slurm is not
-# installed or cannot start it says why and ends with status 77.
+# and compares the summary with that of a run without Slurm, byte for byte; then parts of one run.
+# Where Slurm is not installed or cannot start it says why and ends with status 77.
 #
 #   tests/slurm.sh [TOOL]        the tool is build/ovri by default
 set -euo pipefail
@@ -118,21 +118,20 @@ cd "$work"
 "$tool" batch plan/plan.toml -o spread --emit slurm --quiet > /dev/null
 begin=$SECONDS
 OVRI=$tool spread/submit.sh > submitted
-# The array and the merging behind it.
+# The array and the merging behind it have left their last file.
 is_over() { [ -z "$(squeue -h)" ]; }
-over=false
-for _ in $(seq 20); do
-    if await is_over; then
-        over=true
-        break
-    fi
-done
-if ! $over || [ ! -e spread/summary.csv ]; then
+await_end() {
+    for _ in $(seq 20); do
+        if await is_over && [ -e "$1/$2" ]; then
+            return 0
+        fi
+    done
     squeue || true
-    tail -n 5 spread/logs/* slurmctld.log slurmd.log || true
-    echo "FAILED: the array did not come to its end"
+    tail -n 5 "$1"/logs/* slurmctld.log slurmd.log || true
+    echo "FAILED: the array of $1 did not come to its end"
     exit 1
-fi
+}
+await_end spread summary.csv
 jobs=$(find spread/logs -name '*_*.txt' | wc -l)
 "$tool" batch plan/plan.toml -o spread --collect --no-times --quiet > spread.out || true
 for file in summary.csv summary.json; do
@@ -141,3 +140,12 @@ done
 cmp local.out <(sed 's/spread/local/' spread.out)
 echo "Slurm did $jobs tasks in $((SECONDS - begin)) s; the summary is that of the run without it."
 [ "$jobs" -gt 0 ]
+
+words=(simulate plan/villages.toml --samples 12 --parts 3 --threads 1 --quiet)
+"$tool" "${words[@]}" -o whole > /dev/null
+"$tool" "${words[@]}" -o parts --emit slurm > /dev/null
+OVRI=$tool parts/submit.sh > submitted
+await_end parts result.json
+cmp whole/sample.csv parts/sample.csv
+diff -r whole/networks parts/networks
+echo "So are the networks of $(ls parts/parts | wc -l) parts."

@@ -1,6 +1,7 @@
 // One big run in parts, drawn by one command or by many, on one machine or on several.
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -75,6 +76,10 @@ class ToolParts : public ToolTest {
                         "13",       "--parts",   "4",         "--quiet"};
     Words simulate_ = {"simulate", "club.toml", "--parts", "4", "--quiet"};
 };
+
+bool is_installed(const std::string& program) {
+    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
+}
 
 }  // namespace
 
@@ -340,6 +345,96 @@ TEST_F(ToolParts, MistakesAreToldWithTheMend) {
     scratch.write("mine/parts/list.txt", "bolts\n");
     refused({"--parts", "4", "--part", "1", "-o", "mine"}, 1, "exists");
     EXPECT_FALSE(scratch.exists("mine/networks"));
+}
+
+// What an engine's files come to, beside what the same model gives in one run.
+class EmittedParts : public ToolParts {
+  protected:
+    EmittedParts() {
+        scratch.write("held.toml", with(scratch.read("club.toml"), "start", "fixed"));
+    }
+    const std::vector<Words> runs_ = {
+        {"simulate", "club.toml", "--parts", "3"},
+        {"estimate", "club.toml", "--effects", "edge", "--bootstrap", "5", "--parts", "2"},
+        {"gof", "held.toml", "--samples", "20", "--parts", "3"}};
+    // Emits each run, has the engine carry it out, and compares the folder with that of the emitted
+    // model in one run, typed in a folder of the same depth.
+    void expect_carried_out(const std::string& engine, const std::string& script) {
+        for (const Words& run : runs_) {
+            const std::string folder = "out dir/" + run.front();
+            ASSERT_EQ(ovri(run, {"-o", folder, "--emit", engine, "-q"}).status, 0) << result.err;
+            const ChildResult done = shell("cd '" + folder + "' && " + script);
+            ASSERT_EQ(done.status, 0) << done.output << done.errors;
+            std::string words = run.front() + " run.toml -o ../whole-" + run.front() + " -q";
+            for (std::size_t k = run.size() - 2; run[k] != "club.toml" && k > 1; k -= 2) {
+                words += run[k] == "--parts" || run[k] == "--bootstrap"
+                             ? " " + run[k] + " " + run[k + 1]
+                             : "";
+            }
+            const ChildResult alone = shell("cd '" + folder + "' && \"$OVRI\" " + words);
+            ASSERT_EQ(alone.status, 0) << words << alone.errors;
+            auto emitted = contents(folder);
+            for (const auto& [name, text] : contents("out dir/whole-" + run.front())) {
+                EXPECT_EQ(emitted[name] == text, true) << folder << "/" << name;
+            }
+        }
+    }
+};
+
+TEST_F(EmittedParts, AreCarriedOutByMake) {
+    if (!is_installed("make")) {
+        GTEST_SKIP() << "make is not installed";
+    }
+    expect_carried_out("make", "make -j2 && make -j2");
+}
+
+TEST_F(EmittedParts, AreCarriedOutByGnuParallel) {
+    if (!is_installed("parallel")) {
+        GTEST_SKIP() << "GNU parallel is not installed";
+    }
+    expect_carried_out("parallel", "HOME=\"$PWD\" ./run.sh");
+}
+
+TEST_F(EmittedParts, AreTasksOfASlurmArray) {
+    expect_carried_out("slurm",
+                       "sh -n submit.sh && grep -q 'sbatch --parsable' submit.sh && "
+                       "for task in 2 3 1; do SLURM_ARRAY_TASK_ID=$task sh ./array.sh || exit 1; "
+                       "done && sh ./collect.sh");
+    const std::string array = scratch.read("out dir/simulate/array.sh");
+    EXPECT_TRUE(has(array, "#SBATCH --array=1-3\n")) << array;
+    EXPECT_TRUE(has(array, "#SBATCH --mem=")) << array;
+    EXPECT_TRUE(has(array, "#SBATCH --cpus-per-task=1\n")) << array;
+    EXPECT_EQ(scratch.read("out dir/simulate/parts.tsv"),
+              "part\tfirst\tcount\n0001\t1\t3\n0002\t4\t4\n0003\t8\t4\n");
+}
+
+TEST_F(EmittedParts, OfAResultsFolderStandBesideItOrApart) {
+    if (!is_installed("make")) {
+        GTEST_SKIP() << "make is not installed";
+    }
+    ASSERT_EQ(ovri({"estimate", "club.toml", "--effects", "edge", "-o", "club"}).status, 0);
+    const Words words = {"gof", "club", "--samples", "20", "--parts", "2", "--seed", "4", "-q"};
+    ASSERT_EQ(ovri(words, {"--bayesian", "-o", "whole"}).status, 0) << result.err;
+    ASSERT_EQ(ovri(words, {"--bayesian", "--emit", "make"}).status, 0) << result.err;
+    EXPECT_EQ(result.out, "2 parts: cd club && make -j$(nproc)\n");
+    ASSERT_EQ(ovri(words, {"--bayesian", "--emit", "make", "-o", "apart"}).status, 0);
+    const ChildResult made = shell("make -C club && make -C apart && make -C club");
+    ASSERT_EQ(made.status, 0) << made.output << made.errors;
+    EXPECT_EQ(scratch.read("club/gof.csv"), scratch.read("whole/gof.csv"));
+    EXPECT_EQ(scratch.read("apart/gof.csv"), scratch.read("whole/gof.csv"));
+    EXPECT_TRUE(scratch.exists("apart/result.json"));
+    EXPECT_EQ(ovri(words, {"--effects", "edge", "--emit", "make"}).status, 2);
+}
+
+TEST_F(EmittedParts, NeedFilesAndADivision) {
+    EXPECT_EQ(ovri({"simulate", "club.toml", "--emit", "make"}).status, 2);
+    EXPECT_TRUE(has(result.err, "`--emit` needs `--parts N`")) << result.err;
+    const ChildResult piped = shell(
+        "\"$OVRI\" simulate --network - --undirected --effects edge --values edge=-1 --parts 2 "
+        "--emit make <club.csv");
+    EXPECT_EQ(piped.status, 2);
+    EXPECT_TRUE(has(piped.errors, "needs the network in a file")) << piped.errors;
+    EXPECT_EQ(ovri({"simulate", "club.toml", "--parts", "2", "--emit", "abacus"}).status, 2);
 }
 
 TEST_F(ToolParts, FilesOfPartsFollowTheirSchema) {

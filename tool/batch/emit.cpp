@@ -4,9 +4,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
+#include <filesystem>
+#include <vector>
 
+#include "base/native_path.h"
+#include "commands/commands.h"
 #include "commands/model_options.h"
+#include "commands/new_files.h"
+#include "terminal/print.h"
 
 namespace {
 
@@ -27,8 +34,21 @@ const EngineName& row_of(Engine engine) {
                          [engine](const EngineName& each) { return each.engine == engine; });
 }
 
-// Statuses of a job whose folder is complete: converged, or not.
-constexpr const char* kTolerated = "|| [ $? -eq 4 ]";
+// Stands for a piece's number until its words are found.
+constexpr const char* kNumber = "@number@";
+
+std::string capital(std::string word) {
+    word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
+    return word;
+}
+
+// "the plan" of "a plan".
+std::string the(const std::string& words) { return "the" + words.substr(words.find(' ')); }
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t place = text.find(from);
+    return place == std::string::npos ? text : text.replace(place, from.size(), to);
+}
 
 // In a makefile a dollar sign is doubled.
 std::string make_words(const std::string& words) {
@@ -39,16 +59,9 @@ std::string make_words(const std::string& words) {
     return text;
 }
 
-std::string job_list(const Plan& plan, const PlanCheck& check) {
-    std::string text = "job\tnetwork\tmodel\tseed\tproposals\n";
-    for (int number = 1; number <= job_count(plan); ++number) {
-        const Job job = job_at(plan, number);
-        const JobCost& cost = check.costs[static_cast<std::size_t>(pair_of(plan, job))];
-        text += fmt::format("{}\t{}\t{}\t{}\t{:.0f}\n", job_name(plan, number),
-                            plan.networks[job.network].name, plan.models[job.model].name, job.seed,
-                            cost.proposals);
-    }
-    return text;
+// Words with others behind them, if there are any.
+std::string followed(const std::string& words, const std::string& others) {
+    return others.empty() ? words : words + " " + others;
 }
 
 // The whole of a script's beginning: it works in the folder in which it stands.
@@ -57,41 +70,42 @@ std::string script_head(const std::string& what) {
            "\nset -eu\ncd \"$(dirname \"$0\")\"\nOVRI=${OVRI:-ovri}\nexport OVRI\n";
 }
 
-std::string makefile(const Plan& plan, const EmitSettings& settings) {
-    const std::string plan_words = make_words(shell_word(settings.plan));
-    std::string text =
-        "# Jobs of a plan. `make -j8` does those that are not done, eight at a time, and\n"
-        "# merges all; `make -k` goes on behind a job that cannot be completed.\n"
+std::string makefile(const EngineWork& work) {
+    const auto recipe = [&work](const std::string& call) {
+        return make_words(followed(call, work.tolerated));
+    };
+    std::string text = fmt::format(
+        "# {}s of {}. `make -j8` does those that are not done, eight at a time, and\n"
+        "# merges all; `make -k` goes on behind a {} that cannot be completed.\n"
         "OVRI ?= ovri\n\n"
-        "jobs =";
-    for (int number = 1; number <= job_count(plan); ++number) {
-        text += (number % 10 == 1 ? " \\\n  " : " ") + job_name(plan, number);
+        "{}s =",
+        capital(work.unit), work.of, work.unit, work.unit);
+    for (int number = 1; number <= work.count; ++number) {
+        text += (number % 10 == 1 ? " \\\n  " : " ") + work.name(number);
     }
-    text += "\n\n.PHONY: all $(jobs:%=job-%)\n";
     text += fmt::format(
-        "all: $(jobs:%=job-%)\n\t$(OVRI) batch {0} --collect -o . {1}\n\n"
-        "# A job that is done with the same inputs is passed over.\n"
-        "$(jobs:%=job-%): job-%:\n\t@$(OVRI) batch {0} --job $* -o . -q {1}\n",
-        plan_words, make_words(kTolerated));
+        "\n\n.PHONY: all $({0}s:%={0}-%)\n"
+        "all: $({0}s:%={0}-%)\n\t$(OVRI) {1}\n\n"
+        "# A {0} that is done with the same inputs is passed over.\n"
+        "$({0}s:%={0}-%): {0}-%:\n\t@$(OVRI) {2}\n",
+        work.unit, recipe(work.collect), replaced(recipe(work.call(kNumber)), kNumber, "$*"));
     return text;
 }
 
-std::string parallel_script(const EmitSettings& settings) {
-    const std::string plan_words = shell_word(settings.plan);
+std::string parallel_script(const EngineWork& work) {
     std::string text = script_head(
-        "Jobs of a plan by GNU parallel, on the machines of machines.txt; those in\n"
-        "# joblog.tsv that were completed are passed over.");
-    text += "tail -n +2 jobs.tsv | cut -f 1 |\n";
+        fmt::format("{}s of {} by GNU parallel, on the machines of machines.txt; those in\n"
+                    "# joblog.tsv that were completed are passed over.",
+                    capital(work.unit), work.of));
+    text += "tail -n +2 " + work.list_file + " | cut -f 1 |\n";
     text +=
         "    parallel --joblog joblog.tsv --resume --resume-failed --sshloginfile machines.txt "
         "\\\n";
     text += "        --workdir \"$PWD\" --env OVRI \\\n";
-    text += "        " +
-            shell_word(
-                fmt::format("\"$OVRI\" batch {} --job {{}} -o . -q {}", plan_words, kTolerated)) +
+    text += "        " + shell_word("\"$OVRI\" " + followed(work.call("{}"), work.tolerated)) +
             " || true\n";
-    // What could not be completed shows in the summary and in its status.
-    text += fmt::format("\"$OVRI\" batch {} --collect -o .\n", plan_words);
+    // What could not be completed shows in what is merged and in its status.
+    text += "\"$OVRI\" " + work.collect + "\n";
     return text;
 }
 
@@ -100,60 +114,40 @@ constexpr const char* kMachines =
     "# All of them see this folder and the plan under the same path.\n"
     ":\n";
 
-// With room for machines that are three times as slow, and for every attempt.
-double job_minutes(const Plan& plan, const PlanCheck& check, const EmitSettings& settings) {
-    double seconds = 0.0;
-    for (const PlanModel& model : plan.models) {
-        const StudyEstimation& estimation = model.model.settings.estimation;
-        const auto k = static_cast<std::size_t>(&model - plan.models.data());
-        for (std::size_t network = 0; network < plan.networks.size(); ++network) {
-            const double once = check.costs[network * plan.models.size() + k].proposals *
-                                settings.seconds_per_proposal;
-            double all = once * 3.0 * estimation.attempts;
-            if (estimation.time_limit > 0.0) {
-                all = std::min(all, 2.0 * estimation.time_limit + 3.0 * once);
-            }
-            seconds = std::max(seconds, all);
-        }
-    }
-    return std::ceil((60.0 + seconds) / 60.0);
-}
-
-double largest_bytes(const PlanCheck& check) {
-    double bytes = 0.0;
-    for (const JobCost& each : check.costs) {
-        bytes = std::max(bytes, each.bytes);
-    }
-    return bytes;
-}
-
-std::string slurm_array(const Plan& plan, const PlanCheck& check, const EmitSettings& settings) {
-    const int jobs = job_count(plan);
-    const int tasks = std::min(jobs, kMostTasks);
-    const int jobs_a_task = (jobs + tasks - 1) / tasks;
-    const auto minutes = static_cast<long>(job_minutes(plan, check, settings) * jobs_a_task);
-    const auto megabytes =
-        static_cast<long>(std::ceil(2.0 * largest_bytes(check) / 1e6 / 100.0) * 100.0);
+std::string slurm_array(const EngineWork& work) {
+    const int tasks = std::min(work.count, kMostTasks);
+    const int calls_a_task = (work.count + tasks - 1) / tasks;
+    const auto minutes = static_cast<long>(work.minutes * calls_a_task);
+    const auto megabytes = static_cast<long>(std::ceil(2.0 * work.bytes / 1e6 / 100.0) * 100.0);
     std::string text = fmt::format(
-        "#!/bin/sh\n#SBATCH --job-name=ovri\n#SBATCH --array=1-{}\n#SBATCH --cpus-per-task=1\n"
-        "#SBATCH --mem={}M\n#SBATCH --time={}\n#SBATCH --output=logs/%A_%a.txt\n",
-        tasks, megabytes, minutes);
+        "#!/bin/sh\n#SBATCH --job-name=ovri\n#SBATCH --array=1-{}\n#SBATCH --cpus-per-task={}\n"
+        "#SBATCH --mem={}M\n{}#SBATCH --output=logs/%A_%a.txt\n",
+        tasks, work.threads, megabytes,
+        minutes > 0 ? fmt::format("#SBATCH --time={}\n", minutes) : "");
+    text += fmt::format("# Task K of {0} does the {1}s K, K + {0} and so on up to {2}. {3}\n",
+                        tasks, work.unit, work.count,
+                        minutes > 0
+                            ? fmt::format("Time and memory are estimates\n# from {}, with room; "
+                                          "submit.sh passes its words on to sbatch, whose --time "
+                                          "goes first.",
+                                          the(work.of))
+                            : "Memory is an\n# estimate, time is left to the "
+                              "cluster; submit.sh passes its words on to sbatch: --time=60");
     text += fmt::format(
-        "# Task K of {0} does the jobs K, K + {0} and so on up to {1}. Time and memory are "
-        "estimates\n"
-        "# from the plan, with room; submit.sh passes its words on to sbatch, whose --time goes "
-        "first.\n"
-        "status=0\njob=$SLURM_ARRAY_TASK_ID\nwhile [ \"$job\" -le {1} ]; do\n"
-        "    \"${{OVRI:-ovri}}\" batch {2} --job \"$job\" -o . -q {3} || status=$?\n"
-        "    job=$((job + {0}))\ndone\nexit $status\n",
-        tasks, jobs, shell_word(settings.plan), kTolerated);
+        "status=0\n{0}=$SLURM_ARRAY_TASK_ID\nwhile [ \"${0}\" -le {1} ]; do\n"
+        "    \"${{OVRI:-ovri}}\" {2} || status=$?\n"
+        "    {0}=$(({0} + {3}))\ndone\nexit $status\n",
+        work.unit, work.count,
+        followed(work.call(fmt::format("\"${}\"", work.unit)), work.tolerated), tasks);
     return text;
 }
 
-std::string slurm_submit() {
+std::string slurm_submit(const EngineWork& work) {
     std::string text = script_head(
-        "Submits the plan's jobs as an array, and the merging of their results behind\n"
-        "# it. Words behind the script's name go to sbatch: ./submit.sh --partition=short");
+        fmt::format("Submits the {} as an array, and the merging of their results behind\n"
+                    "# it. Words behind the script's name go to sbatch: ./submit.sh "
+                    "--partition=short",
+                    work.unit == std::string("job") ? "plan's jobs" : "parts"));
     text += "mkdir -p logs\n";
     text += "array=$(sbatch --parsable \"$@\" array.sh)\narray=${array%%;*}\n";
     text +=
@@ -162,9 +156,33 @@ std::string slurm_submit() {
     return text;
 }
 
-std::string slurm_collect(const EmitSettings& settings) {
-    return fmt::format("#!/bin/sh\n\"${{OVRI:-ovri}}\" batch {} --collect -o . {}\n",
-                       shell_word(settings.plan), kTolerated);
+std::string slurm_collect(const EngineWork& work) {
+    return "#!/bin/sh\n\"${OVRI:-ovri}\" " + followed(work.collect, work.tolerated) + "\n";
+}
+
+struct EmittedFile {
+    std::string name;
+    std::string text;
+    bool program = false;  // may be executed
+};
+
+std::vector<EmittedFile> emitted_files(Engine engine, const EngineWork& work) {
+    std::vector<EmittedFile> files = {{work.list_file, work.list, false}};
+    switch (engine) {
+        case Engine::slurm:
+            files.push_back({"array.sh", slurm_array(work), true});
+            files.push_back({"collect.sh", slurm_collect(work), true});
+            files.push_back({"submit.sh", slurm_submit(work), true});
+            break;
+        case Engine::parallel:
+            files.push_back({"machines.txt", kMachines, false});
+            files.push_back({"run.sh", parallel_script(work), true});
+            break;
+        case Engine::make:
+            files.push_back({"Makefile", makefile(work), false});
+            break;
+    }
+    return files;
 }
 
 }  // namespace
@@ -175,24 +193,22 @@ std::optional<Engine> engine_of(const std::string& name) {
     return place != kEngines.end() ? std::optional(place->engine) : std::nullopt;
 }
 
-std::string emitted_command(Engine engine) { return row_of(engine).command; }
-
-std::vector<EmittedFile> emitted_files(Engine engine, const Plan& plan, const PlanCheck& check,
-                                       const EmitSettings& settings) {
-    std::vector<EmittedFile> files = {{"jobs.tsv", job_list(plan, check), false}};
-    switch (engine) {
-        case Engine::slurm:
-            files.push_back({"array.sh", slurm_array(plan, check, settings), true});
-            files.push_back({"collect.sh", slurm_collect(settings), true});
-            files.push_back({"submit.sh", slurm_submit(), true});
-            break;
-        case Engine::parallel:
-            files.push_back({"machines.txt", kMachines, false});
-            files.push_back({"run.sh", parallel_script(settings), true});
-            break;
-        case Engine::make:
-            files.push_back({"Makefile", makefile(plan, settings), false});
-            break;
+int write_engine(Engine engine, const EngineWork& work, const std::string& directory) {
+    namespace fs = std::filesystem;
+    for (const EmittedFile& file : emitted_files(engine, work)) {
+        const std::string path = directory + "/" + file.name;
+        if (!replace_file(path, file.text)) {
+            print(stderr, "ovri: {} could not be written\n", path);
+            return kNotCompleted;
+        }
+        std::error_code problem;
+        if (file.program) {
+            fs::permissions(native_path(path),
+                            fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
+                            fs::perm_options::add, problem);
+        }
     }
-    return files;
+    print(stdout, "{} {}s: cd {} && {}\n", work.count, work.unit, shell_word(directory),
+          row_of(engine).command);
+    return kDone;
 }

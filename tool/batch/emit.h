@@ -1,33 +1,36 @@
-// A plan's jobs handed to an engine that spreads them over machines: the folder gets the list of
-// jobs and what that engine reads. Each job is `ovri batch PLAN --job K`.
+// Numbered work handed to an engine that spreads it over machines: the folder gets the list of the
+// work and what that engine reads. Each piece is one call of the tool, their merging another.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
-
-#include "batch/plan_check.h"
 
 enum class Engine { slurm, parallel, make };
 
 // "slurm", "parallel", "make".
 std::optional<Engine> engine_of(const std::string& name);
 
-struct EmittedFile {
-    std::string name;
-    std::string text;
-    bool program = false;  // may be executed
+// Jobs of a plan, or parts of a run. Calls are words behind the program's name, as a shell takes
+// them in the folder.
+struct EngineWork {
+    const char* unit = "job";  // one of them
+    const char* of = "a plan";
+    int count = 0;
+    std::function<std::string(int number)> name;  // "0001"
+    // A table that has the names in its first column, under one row of heads.
+    std::string list_file;
+    std::string list;
+    // Of the piece whose number stands in a shell's words.
+    std::function<std::string(const std::string& number)> call;
+    std::string collect;
+    // Behind a call whose results are there although its status is not 0: "|| [ $? -eq 4 ]".
+    std::string tolerated;
+    double minutes = 0.0;  // at most, of a piece; 0 leaves the engine's own limit
+    double bytes = 0.0;    // of memory
+    int threads = 1;
 };
 
-// What the engine needs beyond the plan.
-struct EmitSettings {
-    std::string plan;  // as seen from the folder
-    double seconds_per_proposal = 0.0;
-};
-
-// The files of the folder, jobs.tsv first. Scripts call $OVRI, or `ovri` where that is not set.
-std::vector<EmittedFile> emitted_files(Engine engine, const Plan& plan, const PlanCheck& check,
-                                       const EmitSettings& settings);
-
-// What to type in the folder.
-std::string emitted_command(Engine engine);
+// Writes the files into the folder and tells what to type there; the exit status. Scripts call
+// $OVRI, or `ovri` where that is not set.
+int write_engine(Engine engine, const EngineWork& work, const std::string& directory);

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <map>
 
-#include "commands/study_input.h"
 #include "study/study_simulate.h"
 
 namespace {
@@ -32,18 +31,6 @@ double proposals_of(const StudyInput& input) {
     }
     const double density = std::isfinite(network.density) ? network.density : 0.0;
     return steps * settings.multiplication * density * (1.0 - density) * n * n;
-}
-
-JobCost cost_of(const StudyInput& input) {
-    JobCost cost;
-    const double n = result_network(input).actors;
-    const auto effects = static_cast<double>(input.resolved.names.size());
-    const auto covariates = static_cast<double>(input.files.study.covariates.size());
-    cost.proposals = proposals_of(input);
-    cost.work = cost.proposals * (1.0 + effects);
-    cost.bytes = kProgramBytes + n * n * (16.0 + 8.0 * covariates) +
-                 16.0 * effects * input.files.study.settings.estimation.samples;
-    return cost;
 }
 
 // Problems by their text, in the order in which they were first found.
@@ -87,7 +74,7 @@ void check_pair(const Plan& plan, const Job& job, ProblemList& problems, PlanChe
         problems.add(each, plan.networks[job.network]);
     }
     if (input.ok()) {
-        check.costs[static_cast<std::size_t>(pair_of(plan, job))] = cost_of(input);
+        check.costs[static_cast<std::size_t>(pair_of(plan, job))] = job_cost(input);
     }
 }
 
@@ -99,6 +86,18 @@ int dearest_pair(const PlanCheck& check) {
 }
 
 }  // namespace
+
+JobCost job_cost(const StudyInput& input) {
+    JobCost cost;
+    const double n = result_network(input).actors;
+    const auto effects = static_cast<double>(input.resolved.names.size());
+    const auto covariates = static_cast<double>(input.files.study.covariates.size());
+    cost.proposals = proposals_of(input);
+    cost.work = cost.proposals * (1.0 + effects);
+    cost.bytes = kProgramBytes + n * n * (16.0 + 8.0 * covariates) +
+                 16.0 * effects * input.files.study.settings.estimation.samples;
+    return cost;
+}
 
 PlanCheck check_plan(const Plan& plan) {
     PlanCheck check;

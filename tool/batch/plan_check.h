@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "batch/jobs.h"
+#include "commands/study_input.h"
 
 // What one job of a network and a model is expected to take.
 struct JobCost {
@@ -11,6 +12,8 @@ struct JobCost {
     double work = 0.0;       // proposals by effects: jobs compare by it
     double bytes = 0.0;      // of memory
 };
+
+JobCost job_cost(const StudyInput& input);
 
 struct PlanCheck {
     std::vector<JobCost> costs;  // by pair of network and model

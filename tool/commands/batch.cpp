@@ -10,10 +10,12 @@
 #include "batch/folder_lock.h"
 #include "batch/job_folder.h"
 #include "batch/plan_check.h"
+#include "batch/plan_work.h"
 #include "batch/summary.h"
 #include "batch/workers.h"
 #include "commands/commands.h"
 #include "commands/model_options.h"
+#include "commands/new_files.h"
 #include "commands/options.h"
 #include "commands/study_input.h"
 #include "formats/model_writer.h"
@@ -63,17 +65,6 @@ std::string take_folder(const std::string& directory) {
     return problem ? "the folder `" + directory + "` cannot be made: " + problem.message() +
                          "; name another one by -o"
                    : "";
-}
-
-// Written whole, or left as it was.
-bool replace_file(const std::string& path, const std::string& text) {
-    const std::string part = path + ".part";
-    std::error_code problem;
-    if (!write_text_file(part, text)) {
-        return false;
-    }
-    fs::rename(native_path(part), native_path(path), problem);
-    return !problem;
 }
 
 int tell_unwritten(const std::string& path) {
@@ -219,25 +210,9 @@ int run_one(const Plan& plan, const Job& job, const std::string& directory,
 }
 
 int emit(const Plan& plan, const PlanCheck& check, const std::string& directory, Engine engine) {
-    EmitSettings settings{path_from(directory, plan.path), 0.0};
-    if (engine == Engine::slurm) {
-        settings.seconds_per_proposal = seconds_per_proposal(plan, check);
-    }
-    for (const EmittedFile& file : emitted_files(engine, plan, check, settings)) {
-        const std::string path = directory + "/" + file.name;
-        if (!replace_file(path, file.text)) {
-            return tell_unwritten(path);
-        }
-        std::error_code problem;
-        if (file.program) {
-            fs::permissions(native_path(path),
-                            fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
-                            fs::perm_options::add, problem);
-        }
-    }
-    print(stdout, "{} jobs: cd {} && {}\n", job_count(plan), shell_word(directory),
-          emitted_command(engine));
-    return kDone;
+    const double seconds = engine == Engine::slurm ? seconds_per_proposal(plan, check) : 0.0;
+    return write_engine(engine, plan_work(plan, check, path_from(directory, plan.path), seconds),
+                        directory);
 }
 
 // What is wrong with the options once the plan is known; empty when nothing is.

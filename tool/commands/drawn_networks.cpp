@@ -1,6 +1,7 @@
 #include "commands/drawn_networks.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 

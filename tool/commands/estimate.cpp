@@ -13,6 +13,7 @@
 #include "commands/study_input.h"
 #include "commands/verdict_line.h"
 #include "commands/verdicts.h"
+#include "parts/part_emit.h"
 #include "parts/part_run.h"
 #include "show/result_csv.h"
 #include "show/result_json.h"
@@ -323,7 +324,7 @@ int estimate(const EstimateOptions& options) {
     StudyInput input = read_study_to_estimate(std::move(model));
     const bool seed = input.files.study.settings.run.seed.has_value();
     const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
-    if (const std::string mistake = part_mistake(options.parts, replicates, seed);
+    if (const std::string mistake = part_mistake(options.parts, replicates, input);
         input.ok() && !mistake.empty()) {
         return tell_misunderstood(mistake);
     }
@@ -332,6 +333,10 @@ int estimate(const EstimateOptions& options) {
                      model_name(options.model), options.quiet, screen);
     if (!folder) {
         return kErrorsFound;
+    }
+    if (!options.parts.engine.empty()) {
+        return emit_model("estimate", fmt::format("--bootstrap {}", replicates), replicates, input,
+                          options.parts, *folder);
     }
     return options.parts.divided() ? DividedBootstrap(input, options, *folder).run()
                                    : run_study(input, options, *folder);
@@ -394,7 +399,8 @@ hold the value they were drawn with (coverage). Networks whose model did not con
 are counted and left out. bootstrap.csv holds the estimates, one row a network.
 --parts P divides the networks among P parts: --part K, on whatever machine, estimates,
 takes its share and leaves parts/bootstrap-000K.json; --collect merges all parts to
-the same bytes as one run, seconds aside.
+the same bytes as one run, seconds aside. --emit ENGINE writes the model and what
+make, GNU parallel or Slurm needs for all of it.
 
 Standard output takes the table, the verdict and where the results are; warnings,
 errors and progress go to standard error. The results folder is DIR, or

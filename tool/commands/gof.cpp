@@ -14,6 +14,7 @@
 #include "commands/run_log.h"
 #include "commands/study_input.h"
 #include "formats/model_writer.h"
+#include "parts/part_emit.h"
 #include "show/result_json.h"
 #include "terminal/aside.h"
 #include "terminal/interrupt.h"
@@ -95,6 +96,37 @@ int compare(const Tested& tested, const GofOptions& options, const std::string& 
     return write_gof(tested, options, directory, found);
 }
 
+// Parts of the comparison of a results folder are typed as it was: its model and its estimates
+// stand there.
+int emit_of_folder(const Tested& tested, const GofOptions& options, const std::string& source,
+                   GofPlace place) {
+    const ModelOptions& model = options.model;
+    if (!model.network.empty() || !model.nodes.empty() || !model.effects.empty() ||
+        model.directed || model.undirected || model.threshold) {
+        return tell_misunderstood(
+            "`--emit` of a results folder takes its model as it stands there");
+    }
+    std::string directory = source;
+    if (place == GofPlace::apart) {
+        const std::optional<ResultsFolder> folder = folder_apart(options, source);
+        if (!folder) {
+            return kErrorsFound;
+        }
+        directory = folder->directory();
+    }
+    const StudySettings& settings = tested.input.files.study.settings;
+    EmittedRun run;
+    run.words =
+        fmt::format("gof {}{} --seed {} --samples {} --burn-in {} --interval {} --threads {}",
+                    shell_word(path_from(directory, source)), options.bayesian ? " --bayesian" : "",
+                    *settings.run.seed, settings.gof.samples, settings.gof.burn_in,
+                    settings.gof.interval, std::max(1, settings.run.threads));
+    run.collect_words = "--overwrite";
+    run.folder = place == GofPlace::apart ? "-o ." : "";
+    run.pieces = settings.gof.samples;
+    return emit_parts(run, tested.input, options.parts, directory);
+}
+
 int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace place) {
     const Screen screen = screen_on(stderr, options.colour);
     Tested tested = tested_folder(options.model, source);
@@ -103,9 +135,8 @@ int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace
         tell_problems(tested.input.problems, screen);
         return kErrorsFound;
     }
-    if (const std::string mistake =
-            part_mistake(options.parts, tested.input.files.study.settings.gof.samples,
-                         options.model.seed.has_value());
+    if (const std::string mistake = part_mistake(
+            options.parts, tested.input.files.study.settings.gof.samples, tested.input);
         !mistake.empty()) {
         return tell_misunderstood(mistake);
     }
@@ -120,6 +151,9 @@ int gof_of_folder(const GofOptions& options, const std::string& source, GofPlace
         return tested.exit_status != kDone ? tested.exit_status : kErrorsFound;
     }
     settle_seed(tested.input);
+    if (!options.parts.engine.empty()) {
+        return emit_of_folder(tested, options, source, place);
+    }
     if (place == GofPlace::after &&
         !replace_file(source + "/model.toml", model_text(settled_model(tested.input), source))) {
         print(stderr, "ovri: {}/model.toml could not be written\n", source);
@@ -173,6 +207,10 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     tested.input = std::move(input);
     tested.network = result_network(tested.input);
     take_options(options, tested.input);
+    if (!options.parts.engine.empty()) {
+        return emit_model("gof", "", tested.input.files.study.settings.gof.samples, tested.input,
+                          options.parts, folder);
+    }
     const std::uint32_t seed = settle_seed(tested.input);
     for (const StudyEffect& effect : tested.input.files.study.model.effects) {
         tested.parameters.push_back(*effect.fixed);
@@ -211,7 +249,7 @@ int gof_of_model(const GofOptions& options) {
     const StudySettings& settings = input.files.study.settings;
     const bool seed = settings.run.seed.has_value();
     std::string mistake = part_mistake(
-        options.parts, static_cast<int>(options.samples.value_or(settings.gof.samples)), seed);
+        options.parts, static_cast<int>(options.samples.value_or(settings.gof.samples)), input);
     if (options.parts.divided() && !has_all_values(input.files.study.model)) {
         mistake =
             "`--parts` takes a results folder, or a model whose effects are all held: "
@@ -262,7 +300,8 @@ int gof(const GofOptions& options) {
     if (!options.folder.directory.empty()) {
         return gof_of_folder(options, source, GofPlace::apart);
     }
-    const bool replaces = options.folder.overwrite || options.parts.part;
+    const bool replaces =
+        options.folder.overwrite || options.parts.part || !options.parts.engine.empty();
     return tell_existing({source + "/gof.json", source + "/gof.csv"}, replaces,
                          "add --overwrite, or name another folder by -o")
                ? kErrorsFound
@@ -312,6 +351,7 @@ the folder is the estimation's.
 all held, among N parts with chains and random numbers of their own: N is part of what
 is drawn, as the seed is. --part K, on whatever machine, leaves parts/gof-000K.json;
 --collect merges all parts to the same bytes as one run with --parts N alone.
+--emit ENGINE writes what make, GNU parallel or Slurm needs for all of it.
 )",
     .statuses = R"(
 Exit status: 0 done, whether the model fits or not; 1 the check found errors; 2 the

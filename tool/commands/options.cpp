@@ -181,7 +181,7 @@ void add_run_mode(CLI::App& app, std::optional<RunMode>& mode) {
 
 CLI::Option& add_engine(CLI::App& app, std::string& engine) {
     return add_checked_text(app, "--emit", taken_choice("ENGINE", engine), "ENGINE",
-                            "Do nothing but write what an engine needs to do the jobs: " +
+                            "Do nothing but write what an engine needs to do them all: " +
                                 listed_choices("ENGINE") + ".");
 }
 

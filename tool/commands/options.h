@@ -76,7 +76,7 @@ void add_threshold(CLI::App& app, std::optional<double>& threshold);
 // --run KIND, of a setup file.
 void add_run_mode(CLI::App& app, std::optional<RunMode>& mode);
 
-// --emit ENGINE, of a plan: the engine's name.
+// --emit ENGINE, of a plan or of parts: the engine's name.
 CLI::Option& add_engine(CLI::App& app, std::string& engine);
 
 // -q, --quiet.

@@ -14,6 +14,7 @@
 #include "commands/simulated_values.h"
 #include "commands/study_input.h"
 #include "formats/network_writer.h"
+#include "parts/part_emit.h"
 #include "parts/part_run.h"
 #include "show/result_csv.h"
 #include "show/result_json.h"
@@ -263,7 +264,7 @@ int simulate(const SimulateOptions& options) {
     }
     const StudySettings& settings = input.files.study.settings;
     const bool seed = settings.run.seed.has_value();
-    if (const std::string mistake = part_mistake(options.parts, settings.simulation.samples, seed);
+    if (const std::string mistake = part_mistake(options.parts, settings.simulation.samples, input);
         input.ok() && !mistake.empty()) {
         return tell_misunderstood(mistake);
     }
@@ -272,6 +273,10 @@ int simulate(const SimulateOptions& options) {
                      options.quiet, screen);
     if (!folder) {
         return kErrorsFound;
+    }
+    if (!options.parts.engine.empty()) {
+        return emit_model("simulate", "", settings.simulation.samples, input, options.parts,
+                          *folder);
     }
     return options.parts.divided() ? run_divided(input, options, *folder)
                                    : run_study(input, options, *folder);
@@ -319,6 +324,7 @@ sample.csv in its place.
 numbers of its own: N is part of what is drawn, as the seed is. --part K, on whatever
 machine, leaves its networks and parts/simulate-000K.json; --collect merges all parts
 to the same bytes as one run with --parts N alone, which goes on where it was ended.
+--emit ENGINE writes the model and what make, GNU parallel or Slurm needs for all of it.
 )",
                                          .statuses = R"(
 Exit status: 0 done; 1 the check found errors and nothing was written; 2 the command
