@@ -138,6 +138,35 @@ TEST_F(ToolParts, ABootstrapIsTakenUpAndNoticesAnotherModel) {
               std::vector<std::string>());
 }
 
+// Another mathematical library may round otherwise, and then parts would not go together.
+TEST_F(ToolParts, PartsOfAMachineThatFindsOtherNumbersAreNotMerged) {
+    ASSERT_EQ(ovri(bootstrap_, {"-o", "out"}).status, 0) << result.err;
+    const auto edit = [&](const std::string& name, const std::string& from, const std::string& to) {
+        scratch.write(name, with(scratch.read(name), from, to));
+    };
+    const std::string estimate = "\"drawn_at\":[-0.";
+    const std::string other = "\"drawn_at\":[-1.";
+    edit("out/parts/bootstrap-0003.json", estimate, other);
+    EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err,
+                    "bootstrap-0003.json was drawn at other estimates than the parts before it; "
+                    "draw it again by --part 3 --overwrite"))
+        << result.err;
+    for (const char* part : {"1", "2", "4"}) {
+        edit(std::string("out/parts/bootstrap-000") + part + ".json", estimate, other);
+    }
+    EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect"}).status, 3);
+    EXPECT_TRUE(has(result.err, "at other estimates than this machine finds")) << result.err;
+    const Words gof = {"gof", "out", "--samples", "30", "--parts", "3", "--seed", "1", "-q"};
+    ASSERT_EQ(ovri(gof).status, 0) << result.err;
+    edit("out/parts/gof-0002.json", "\"interval\":", "\"interval\":1");
+    EXPECT_EQ(ovri(gof, {"--collect", "--overwrite"}).status, 3);
+    EXPECT_TRUE(has(result.err, "gof-0002.json has another interval than the parts before it"))
+        << result.err;
+    ASSERT_EQ(ovri(gof, {"--part", "2", "--overwrite"}).status, 0) << result.err;
+    EXPECT_EQ(ovri(gof, {"--collect", "--overwrite"}).status, 0) << result.err;
+}
+
 TEST_F(ToolParts, EstimatesThatAreNotToBeUsedHaveNoBootstrapInPartsEither) {
     scratch.write("full.csv", "from,to\nAnn,Ben\nAnn,Cid\nBen,Cid\n");
     const Words words = {"estimate",    "club.toml", "--network", "full.csv", "--effects", "edge",

@@ -152,7 +152,9 @@ std::string slurm_submit(const EngineWork& work) {
     text += "array=$(sbatch --parsable \"$@\" array.sh)\narray=${array%%;*}\n";
     text +=
         "sbatch --parsable \"$@\" --dependency=\"afterany:$array\" --job-name=ovri-collect \\\n";
-    text += "    --output=logs/collect.txt --time=60 collect.sh\n";
+    // Where the time of a piece is left to the cluster, that of the merging is too.
+    text += fmt::format("    --output=logs/collect.txt {}collect.sh\n",
+                        work.minutes > 0.0 ? "--time=60 " : "");
     return text;
 }
 

@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "commands/bootstrap.h"
+#include "commands/bootstrap_parts.h"
 #include "commands/command_line.h"
 #include "commands/commands.h"
 #include "commands/estimate.h"
@@ -220,81 +220,17 @@ int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& 
     return conclude(*performed, input, log, options, folder);
 }
 
-// A bootstrap in parts. Each command estimates once for all parts that it draws: estimates are the
-// same everywhere, so that only replicates go through files.
-class DividedBootstrap {
-  public:
-    DividedBootstrap(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder)
-        : input_(input),
-          options_(options),
-          folder_(folder),
-          seed_(settle_seed(input)),
-          log_(command_text(), input) {}
-
-    int run() {
-        const PartFiles files(folder_.directory(),
-                              divided_run("bootstrap", static_cast<int>(*options_.bootstrap),
-                                          static_cast<int>(*options_.parts.parts), input_));
-        const PartCalls calls = {
-            .draw = [this](const WorkPart& part,
-                           nlohmann::ordered_json& records) { return draw(part, records); },
-            .take = [this](const nlohmann::ordered_json& records) { all_.add(records); }};
-        if (const auto status = run_parts(
-                files, {options_.parts, options_.folder.overwrite, options_.quiet}, calls)) {
-            return *status;
-        }
-        if (!watch([this](RunProgress& progress) { estimate(progress); })) {
-            return tell_interrupted(folder_, "keeps its parts");
-        }
-        Performed performed{*estimate_, std::nullopt};
-        if (estimate_->verdict == StudyVerdict::converged) {
-            performed.bootstrap = bootstrap_summary(*estimate_, all_.replicates);
-            performed.bootstrap->seconds = all_.seconds;
-        }
-        write_model(settled_model(input_), input_, folder_);
-        return conclude(performed, input_, log_, options_, folder_);
+int run_divided(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
+    settle_seed(input);
+    RunLog log(command_text(), input);
+    DividedBootstrap divided(input, static_cast<int>(*options.bootstrap), shows_progress(options),
+                             folder);
+    if (const auto status = divided.run({options.parts, options.folder.overwrite, options.quiet})) {
+        return *status;
     }
-
-  private:
-    bool watch(const std::function<void(RunProgress&)>& work) const {
-        return watched(shows_progress(options_), work);
-    }
-
-    void estimate(RunProgress& progress) {
-        if (!estimate_) {
-            StudyEstimate found =
-                study_estimate(input_.files.study, input_.resolved, seed_, progress);
-            if (found.interrupted) {
-                throw RunStopped();
-            }
-            estimate_ = std::move(found);
-        }
-    }
-
-    PartDrawn draw(const WorkPart& part, nlohmann::ordered_json& records) {
-        folder_.reopen();
-        BootstrapRecords drawn;
-        const bool whole = watch([&](RunProgress& progress) {
-            estimate(progress);
-            if (estimate_->verdict == StudyVerdict::converged) {
-                drawn = drawn_replicates(input_, *estimate_, part, progress);
-            }
-        });
-        if (!whole) {
-            return PartDrawn::interrupted;
-        }
-        records = drawn.json();
-        return PartDrawn::done;
-    }
-
-    StudyInput& input_;
-    const EstimateOptions& options_;
-    ResultsFolder& folder_;
-    std::uint32_t seed_;
-    RunLog log_;
-    std::optional<StudyEstimate> estimate_;
-    BootstrapRecords all_;
-};
+    write_model(settled_model(input), input, folder);
+    return conclude({divided.estimate(), divided.bootstrap()}, input, log, options, folder);
+}
 
 // What is wrong with the words; empty when nothing is.
 std::string mistake_of(const EstimateOptions& options) {
@@ -338,7 +274,7 @@ int estimate(const EstimateOptions& options) {
         return emit_model("estimate", fmt::format("--bootstrap {}", replicates), replicates, input,
                           options.parts, *folder);
     }
-    return options.parts.divided() ? DividedBootstrap(input, options, *folder).run()
+    return options.parts.divided() ? run_divided(input, options, *folder)
                                    : run_study(input, options, *folder);
 }
 

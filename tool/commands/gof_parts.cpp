@@ -58,7 +58,7 @@ std::optional<int> DividedGof::run(const std::string& directory, const PartRun& 
                                      }
                                      return draw(part, records);
                                  },
-                             .take = [this](const Json& records) { take(records); }};
+                             .take = [this](const Json& records) { return take(records); }};
     return run_parts(files, run, calls);
 }
 
@@ -88,12 +88,18 @@ PartDrawn DividedGof::draw(const WorkPart& part, Json& records) {
     return PartDrawn::done;
 }
 
-void DividedGof::take(const Json& records) {
-    taken_ = {records.at("interval").get<std::int64_t>(), records.at("pilots").get<double>()};
+// A machine whose arithmetic is another may find another interval.
+std::string DividedGof::take(const Json& records) {
+    const auto interval = records.at("interval").get<std::int64_t>();
+    if (!samples_.empty() && interval != taken_.interval) {
+        return "has another interval than the parts before it";
+    }
+    taken_ = {interval, records.at("pilots").get<double>()};
     proposals_ += records.at("proposals").get<double>();
     for (const Json& each : records.at("samples")) {
         samples_.push_back(measures_at(each));
     }
+    return "";
 }
 
 StudyGof DividedGof::comparison() const {

@@ -27,7 +27,7 @@ class DividedGof {
 
   private:
     PartDrawn draw(const WorkPart& part, nlohmann::ordered_json& records);
-    void take(const nlohmann::ordered_json& records);
+    std::string take(const nlohmann::ordered_json& records);
 
     const Tested& tested_;
     const GofSettings& settings_;

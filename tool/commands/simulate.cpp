@@ -232,7 +232,11 @@ int run_divided(StudyInput& input, const SimulateOptions& options, ResultsFolder
                 records = drawn_json(drawn);
                 return drawn.interrupted ? PartDrawn::interrupted : PartDrawn::done;
             },
-        .take = [&](const nlohmann::ordered_json& records) { add_drawn(records, all); }};
+        .take =
+            [&](const nlohmann::ordered_json& records) {
+                add_drawn(records, all);
+                return std::string();
+            }};
     const PartRun run = {options.parts, options.folder.overwrite, options.quiet};
     if (const auto status = run_parts(files, run, calls)) {
         return *status;

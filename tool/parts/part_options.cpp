@@ -10,7 +10,8 @@ void add_parts(CLI::App& app, PartOptions& options, const std::string& pieces) {
                    " among N parts with random numbers of their own, which may be carried out "
                    "apart. Parts that are there are kept.",
                1);
-    CLI::Option& part = add_number(app, "--part", options.part, "Carry out part K alone.");
+    CLI::Option& part =
+        add_number(app, "--part", options.part, "Carry out part N alone, from 1 on.");
     CLI::Option& collect = add_flag(app, "--collect", options.collect,
                                     "Carry out no part; merge those that are there.");
     CLI::Option& engine = add_engine(app, options.engine);

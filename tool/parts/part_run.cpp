@@ -70,14 +70,13 @@ bool tell_missing(const PartFiles& files) {
     return count > 0;
 }
 
-bool take(const PartFiles& files, int number, const PartCalls& calls, const Json& records) {
+std::optional<int> take(const PartFiles& files, int number, const PartCalls& calls,
+                        const Json& records) {
     try {
-        calls.take(records);
-        return true;
+        const std::string mistake = calls.take(records);
+        return mistake.empty() ? std::nullopt : std::optional(tell_unlike(files, number, mistake));
     } catch (const Json::exception&) {
-        print(stderr, "ovri: {} is damaged; delete it, and carry out part {} again\n",
-              files.path(number), number);
-        return false;
+        return tell_unlike(files, number, "is damaged");
     }
 }
 
@@ -98,10 +97,16 @@ std::optional<int> run_parts(const PartFiles& files, const PartRun& run, const P
         if (const auto status = perform(files, number, each, calls, records)) {
             return status;
         }
-        if (!take(files, number, calls, records)) {
-            return kNotCompleted;
+        if (const auto status = take(files, number, calls, records)) {
+            return status;
         }
     }
     files.remove_strays();
     return std::nullopt;
+}
+
+int tell_unlike(const PartFiles& files, int number, const std::string& mistake) {
+    print(stderr, "ovri: {} {}; draw it again by --part {} --overwrite\n", files.path(number),
+          mistake, number);
+    return kNotCompleted;
 }
