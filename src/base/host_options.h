@@ -20,19 +20,30 @@ enum class RunStage {
     phase3,
     fit,
     bayesian_fit,
+    pseudo_likelihood,
+    chains,
+    likelihood,
     done
 };
 
 // Plain counters that a progress display may read from another thread while the run goes on, and
 // the flag by which that thread (or a signal handler) ends it. `work_done` of `work_total` counts
 // proposals or steps of the present stage; `step` counts estimation runs, sub-phases or parameter
-// sets, from 0, of `steps`.
+// sets, from 0, of `steps`. A total of 0 is not known yet.
 struct RunProgress {
     std::atomic<RunStage> stage{RunStage::reading};
     std::atomic<double> work_done{0.0};
     std::atomic<double> work_total{0.0};
+    // Work of the run after the present stage, in the units of that: so much at most, or about so
+    // much. Negative where it is not known.
+    std::atomic<double> work_after{-1.0};
+    // Stages that have begun: with each one `work_done` begins anew.
+    std::atomic<int> starts{0};
     std::atomic<int> step{0};
     std::atomic<int> steps{0};
+    // Parts of a job that the host has told the number of: how many have begun, of how many.
+    std::atomic<int> part{0};
+    std::atomic<int> parts{0};
     // Set by the host: the run ends within some proposals, its files closed, its stage not `done`.
     std::atomic<bool> stop{false};
 };
@@ -49,10 +60,16 @@ inline void progress_check(const RunProgress& progress) {
     }
 }
 
-inline void progress_start(RunProgress& progress, RunStage stage, double total) {
+inline void progress_start(RunProgress& progress, RunStage stage, double total,
+                           double after = -1.0) {
     progress.work_done.store(0.0, std::memory_order_relaxed);
     progress.work_total.store(total, std::memory_order_relaxed);
+    progress.work_after.store(after, std::memory_order_relaxed);
     progress.stage.store(stage, std::memory_order_relaxed);
+    progress.starts.fetch_add(1, std::memory_order_relaxed);
+}
+inline void progress_part(RunProgress& progress) {
+    progress.part.fetch_add(1, std::memory_order_relaxed);
 }
 inline void progress_work(RunProgress& progress, double done) {
     progress.work_done.store(done, std::memory_order_relaxed);

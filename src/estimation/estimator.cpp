@@ -75,11 +75,28 @@ void add_covariance(Estimation<Network>& run, const PhaseSamples& samples, int s
     }
 }
 
+// Steps of a sub-phase: more than so many, and some further ones at most.
+double least_steps(int p, int number) { return std::pow(2.0, 4.0 * number / 3.0) * (p + 7); }
+constexpr double kFurtherSteps = 200.0;
+constexpr double kPhase3BurnIn = 0.1;  // of its steps
+
+// Steps at most from the beginning of a sub-phase to the end of the run, for whoever shows
+// progress.
+template <class Network>
+double steps_from(const Estimation<Network>& run, int number) {
+    const EstimationSettings& settings = run.result.settings;
+    double steps = settings.phase3_steps * (1.0 + kPhase3BurnIn);
+    for (; number < settings.sub_phases; ++number) {
+        steps += least_steps(run.p, number) + kFurtherSteps;
+    }
+    return steps;
+}
+
 // False for a degenerate model.
 template <class Network>
 bool phase1(Estimation<Network>& run) {
     const int steps = 7 + 3 * run.p;
-    progress_start(run.progress, RunStage::phase1, steps);
+    progress_start(run.progress, RunStage::phase1, steps, steps_from(run, 0));
     run.result.phase1 = collect_samples(run, steps);
     add_covariance(run, run.result.phase1, steps);
     const bool regular = matrix_invert(run.scaling_matrix, run.p) == 1;
@@ -94,9 +111,9 @@ bool phase1(Estimation<Network>& run) {
 // number of steps) or the largest number is reached.
 template <class Network>
 void make_sub_phase(Estimation<Network>& run, int number, SubPhase& sub_phase) {
-    const double smallest = std::pow(2.0, 4.0 * number / 3.0) * (run.p + 7);
-    const double largest = smallest + 200.0;
-    progress_start(run.progress, RunStage::phase2, largest);
+    const double smallest = least_steps(run.p, number);
+    const double largest = smallest + kFurtherSteps;
+    progress_start(run.progress, RunStage::phase2, largest, steps_from(run, number + 1));
     progress_step(run.progress, number, run.result.settings.sub_phases);
     const double* observed = run.result.observed.data();
     std::vector<double> lag_products(run.parameters.size(), 0.0);
@@ -164,11 +181,11 @@ void find_t_ratios(Estimation<Network>& run, const std::vector<double>& variance
 template <class Network>
 void phase3(Estimation<Network>& run) {
     const int steps = run.result.settings.phase3_steps;
-    const double burn_in = steps * 0.1 * run.result.proposals_per_step;
-    progress_start(run.progress, RunStage::burn_in, burn_in);
+    const double burn_in = steps * kPhase3BurnIn * run.result.proposals_per_step;
+    progress_start(run.progress, RunStage::burn_in, burn_in, steps * run.result.proposals_per_step);
     burn_in_run(run.chain, burn_in, run.progress);
     announce(run, EstimationEvent::phase3_started);
-    progress_start(run.progress, RunStage::phase3, steps);
+    progress_start(run.progress, RunStage::phase3, steps, 0.0);
     run.result.phase3 = collect_samples(run, steps);
     add_covariance(run, run.result.phase3, steps);
     std::vector<double> variance;

@@ -34,7 +34,7 @@ std::vector<double> approximated_point(const ChainDraw& from, const DrawFrame& f
         std::vector<double> sum(at.size(), 0.0);
         const int length = kLength * (phase + 1);
         progress_start(
-            progress, RunStage::simulation,
+            progress, RunStage::chains,
             static_cast<double>(length) * static_cast<double>(from.interval) * frame.chains);
         for (int count = 0; count < length; ++count) {
             add_step(estimate.path, "approximation", at);

@@ -69,7 +69,8 @@ ConstantPath::ConstantPath(const Study& study, const StudySelection& resolved,
       tied_(study.network.ties.size()) {}
 
 double ConstantPath::walk() {
-    progress_start(progress_, RunStage::simulation, settings_.most_proposals);
+    progress_part(progress_);
+    progress_start(progress_, RunStage::likelihood, 0.0);
     const std::int64_t interval = first_interval();
     const double measuring = kDyadCost * chains_.dyads();
     measuring_ = pays(measuring, interval, settings_) ? measuring : 0.0;
@@ -321,14 +322,18 @@ bool ConstantPath::draw_missing(bool up) {
     const std::vector<int> missing = missing_samples();
     double burn_in = 0.0;
     double samples = 0.0;
+    double proposals = 0.0;
     for (std::size_t k = 0; k < missing.size(); ++k) {
         const std::int64_t interval = points_[k].interval;
+        proposals += missing[k] * static_cast<double>(interval) * chains_.chains();
         samples += missing[k] * cost(interval) * chains_.chains();
         burn_in +=
             missing[k] > 0 ? static_cast<double>(kBurnIn * interval) * chains_.chains() : 0.0;
     }
     const double left = settings_.most_proposals - spent_ - burn_in;
     const double share = std::min(1.0, left / std::max(samples, 1.0));
+    // What is known to be missing; a later walk may add to it.
+    progress_.work_total.store(proposals_ + burn_in + share * proposals, std::memory_order_relaxed);
     bool walked = false;
     for (std::size_t step = 0; step < missing.size(); ++step) {
         const std::size_t k = up ? step : missing.size() - 1 - step;

@@ -44,6 +44,7 @@ class Answers {
         study.settings.run.threads = threads_;
         StudySelection resolved = study_selection(study);
         const StudyEstimate found = study_estimate(study, resolved, seed, progress_);
+        progress_check(progress_);
         const bool usable = found.verdict == StudyVerdict::converged;
         const std::string model = network + ": " + listed(resolved.names);
         const auto number = [usable](double value) { return usable ? value : kNoNumber; };

@@ -59,7 +59,20 @@ class Search {
     }
 
     void run() {
+        progress_part(progress_);
+        progress_start(progress_, RunStage::pseudo_likelihood, 0.0);
         start_ = pseudo_start(study_, resolved_);
+        progress_part(progress_);
+        try {
+            search();
+        } catch (const RunStopped&) {
+            keep_so_far();
+            throw;
+        }
+    }
+
+  private:
+    void search() {
         for (int round = 0; round < 2; ++round) {
             if (newton()) {
                 return;
@@ -71,7 +84,6 @@ class Search {
         give_up();
     }
 
-  private:
     // What is kept of the point before.
     struct Past {
         std::vector<double> parameters;
@@ -101,7 +113,9 @@ class Search {
         return static_cast<int>(std::ceil(std::clamp(wanted, 16.0, kMost)));
     }
 
-    ChainDraw simulate(const std::vector<double>& parameters, int samples) {
+    // `ahead`: the independent samples that are wanted after these; negative where that is not
+    // known.
+    ChainDraw simulate(const std::vector<double>& parameters, int samples, double ahead) {
         constexpr std::int64_t kFirstBurnIn = 30;
         constexpr double kBurnInTimes = 4.0;
         ChainDraw draw;
@@ -118,9 +132,7 @@ class Search {
         samples = std::max(16, static_cast<int>(std::min<double>(samples, room)));
         std::vector<double> ties(
             static_cast<std::size_t>(frame_.chains) * static_cast<std::size_t>(samples), 0.0);
-        progress_start(progress_, RunStage::simulation,
-                       frame_.chains * (static_cast<double>(draw.burn_in) +
-                                        static_cast<double>(draw.interval) * samples));
+        tell_work(draw, samples, ahead);
         progress_step(progress_, runs_, 0);
         draw.samples = chains_.run(
             parameters, draw.burn_in, draw.interval, samples, progress_,
@@ -141,6 +153,16 @@ class Search {
             set_interval(draw);
         }
         return draw;
+    }
+
+    // For whoever shows progress: proposals of this draw, and how many there may be after it.
+    void tell_work(const ChainDraw& draw, int samples, double ahead) {
+        const auto interval = static_cast<double>(draw.interval);
+        const double work =
+            frame_.chains * (static_cast<double>(draw.burn_in) + interval * samples);
+        const double left = std::max(0.0, kMostProposals - estimate_.proposals - work);
+        progress_start(progress_, RunStage::chains, work,
+                       ahead < 0.0 ? -1.0 : std::min(ahead * kSamplesATime * interval, left));
     }
 
     // What the next run's interval rests on; a guess from few samples may be far off.
@@ -223,6 +245,7 @@ class Search {
         std::optional<Past> past;
         EstimatePool pool;
         double wanted = kCoarse;  // independent samples of the next draw
+        double ahead = -1.0;      // and after it, negative while that is not known
         int setbacks = 0;
     };
 
@@ -231,7 +254,7 @@ class Search {
         Series series;
         series.at = start_;
         while (!spent()) {
-            ChainDraw draw = simulate(series.at, samples_for(series.wanted));
+            ChainDraw draw = simulate(series.at, samples_for(series.wanted), series.ahead);
             if (astray(draw, series.past)) {
                 if (!step_back(series, draw)) {
                     return false;
@@ -251,6 +274,7 @@ class Search {
                 return true;
             }
             series.wanted = near ? next_worth(series.pool) : kCoarse;
+            series.ahead = near ? std::max(0.0, missing_worth(series.pool) - series.wanted) : -1.0;
             series.past = Past{draw.parameters, draw.distance, is_far(draw)};
             setbacks_ = near ? 0 : setbacks_;
         }
@@ -270,6 +294,7 @@ class Search {
         plain_ = plain_ || !series.past;
         series.pool = {};
         series.wanted = kCoarse;
+        series.ahead = -1.0;
         restart();
         return true;
     }
@@ -320,9 +345,14 @@ class Search {
     // for, as two runs or more are averaged; what is missing of it; and never so few that they
     // could not tell where the average is.
     double next_worth(const EstimatePool& pool) const {
-        const double all = (cheap() ? 1.1 * kInformed : 1.3) / (precision_ * precision_);
-        const double missing = pool.empty() ? all : all - pool.total();
-        return std::max({kCoarse, std::min(0.5 * all, missing), 0.3 * pool.total()});
+        return std::max(
+            {kCoarse, std::min(0.5 * all_worth(), missing_worth(pool)), 0.3 * pool.total()});
+    }
+    double all_worth() const {
+        return (cheap() ? 1.1 * kInformed : 1.3) / (precision_ * precision_);
+    }
+    double missing_worth(const EstimatePool& pool) const {
+        return pool.empty() ? all_worth() : all_worth() - pool.total();
     }
 
     void restart() {
@@ -379,6 +409,18 @@ class Search {
     }
 
     void take(const ChainDraw& draw) { take_draw(estimate_, draw, frame_, runs_); }
+
+    // What there is when the host ends the search: the best point, or where it began, of which
+    // nothing but the parameters is known.
+    void keep_so_far() {
+        if (best_) {
+            take(*best_);
+            return;
+        }
+        for (std::size_t k = 0; k < start_.size(); ++k) {
+            estimate_.effects[k].estimate = start_[k];
+        }
+    }
 
     // The best point found, marked.
     void give_up() {

@@ -22,7 +22,8 @@
 #include "study/study_estimate.h"
 
 // Fills the estimate; its effects hold names and observed statistics. Throws RunStopped when
-// `progress` asks for the end.
+// `progress` asks for the end; the estimate then holds the best point so far, and where no chain
+// had run the parameters alone, from which they were to start.
 void estimate_by_simulation(const Study& study, StudySelection& resolved, StudyEstimate& estimate,
                             RunProgress& progress);
 

@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 
 #include "study/positive_matrix.h"
+#include "study/start_points.h"
 #include "study/study_chain.h"
 #include "support/estimated.h"
 #include "support/small_studies.h"
@@ -201,6 +204,56 @@ TEST(MonteCarloLikelihood, IndependentTiesBySimulation) {
     ASSERT_EQ(found.verdict, StudyVerdict::converged);
     EXPECT_FALSE(found.exact);
     EXPECT_NEAR(found.effects[0].estimate, std::log(78.0 / 483.0), 4.5 * found.effects[0].mc_error);
+}
+
+TEST(MonteCarloLikelihood, ASearchThatTheHostEndsKeepsItsBestPoint) {
+    Study study = karate_study("edge,AS(2)");
+    study.settings.estimation.precision = 1e-4;
+    StudySelection resolved = study_selection(study);
+    RunProgress progress;
+    std::atomic<bool> ended{false};
+    std::thread host([&] {
+        while (progress.step < 2 && !ended) {
+            std::this_thread::yield();
+        }
+        progress.stop = true;
+    });
+    const StudyEstimate found = study_estimate(study, resolved, 1, progress);
+    ended = true;
+    host.join();
+    EXPECT_TRUE(found.interrupted);
+    EXPECT_EQ(found.verdict, StudyVerdict::not_converged);
+    EXPECT_TRUE(std::isnan(found.log_likelihood));
+    EXPECT_GT(found.samples.rows, 0);
+    for (const EffectEstimate& effect : found.effects) {
+        EXPECT_TRUE(std::isfinite(effect.estimate));
+        EXPECT_GT(effect.standard_error, 0.0);
+    }
+    EXPECT_EQ(progress.part, 2);
+}
+
+TEST(MonteCarloLikelihood, ASearchThatIsEndedBeforeItsChainsRanKeepsItsStart) {
+    const Study study = karate_study("edge,AS(2)");
+    StudySelection resolved = study_selection(study);
+    RunProgress progress;
+    progress.stop = true;
+    const StudyEstimate found = study_estimate(study, resolved, 1, progress);
+    EXPECT_TRUE(found.interrupted);
+    const std::vector<double> start = pseudo_start(study, resolved);
+    for (std::size_t k = 0; k < start.size(); ++k) {
+        EXPECT_EQ(found.effects[k].estimate, start[k]);
+        EXPECT_TRUE(std::isnan(found.effects[k].standard_error));
+    }
+}
+
+TEST(MonteCarloLikelihood, EndsInItsThirdPart) {
+    const Study study = karate_study("edge,AS(2)");
+    StudySelection resolved = study_selection(study);
+    RunProgress progress;
+    ASSERT_EQ(study_estimate(study, resolved, 1, progress).verdict, StudyVerdict::converged);
+    EXPECT_EQ(progress.part, 3);
+    EXPECT_EQ(progress.stage, RunStage::likelihood);
+    EXPECT_GE(progress.work_done, 0.5 * progress.work_total);
 }
 
 TEST(MonteCarloLikelihood, TrianglesOfTheKarateClubAreDegenerate) {

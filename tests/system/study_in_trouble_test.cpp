@@ -114,6 +114,28 @@ TEST_F(StudyInTrouble, AnInterruptedEstimationKeepsItsBestRun) {
                     "estimates.csv holds the best estimates so far, not to be used\n"));
 }
 
+TEST_F(StudyInTrouble, InterruptedChainsKeepTheirBestPoint) {
+    write_model("[estimation]\nprecision = 0.00002\n");
+    const ChildResult run =
+        shell(std::string("$OVRI estimate friends.toml >/dev/null & child=$!\n") + kInterrupt);
+    EXPECT_TRUE(run.errors.ends_with("status 130\n")) << run.output << run.errors;
+    EXPECT_TRUE(has(run.errors, "it has the estimates so far\n")) << run.errors;
+    EXPECT_FALSE(scratch.exists("friends.results/result.json"));
+    const std::string estimates = scratch.read("friends.results/estimates.csv");
+    EXPECT_TRUE(has(estimates, "\nedge,-") || has(estimates, "\nedge,0.")) << estimates;
+    EXPECT_FALSE(has(run.errors, "stage ")) << run.errors;
+}
+
+TEST_F(StudyInTrouble, ATerminalIsToldWhichStageOfHowManyIsUnderWay) {
+    write_model("[estimation]\nprecision = 0.003\n");
+    const ToolResult run =
+        run_tool_on_terminal({"estimate", (scratch.path() / "friends.toml").string(), "-o",
+                              (scratch.path() / "results").string()});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(has(run.err, "\rstage 2 of 3: chains, run ")) << run.err;
+    EXPECT_TRUE(has(run.err, " left in this stage")) << run.err;
+}
+
 TEST_F(StudyInTrouble, AnInterruptedSimulationIsMarked) {
     const ChildResult run = shell(
         std::string("$OVRI simulate friends.toml --samples 50000000 >/dev/null & child=$!\n") +

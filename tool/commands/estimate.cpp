@@ -54,11 +54,16 @@ bool shows_progress(const EstimateOptions& options) {
 std::optional<Performed> perform(StudyInput& input, std::uint32_t seed,
                                  const EstimateOptions& options) {
     Performed performed;
+    const Study& study = input.files.study;
     const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
+    // Parts of the job: those of the search, the log-likelihood and the bootstrap.
+    const bool approximates =
+        study.settings.estimation.method == EstimationMethod::stochastic_approximation;
     const bool whole = watched(shows_progress(options), [&](RunProgress& progress) {
-        const Study& study = input.files.study;
+        progress.parts = (approximates ? 2 : 3) + (replicates > 0 ? 1 : 0);
         performed.estimate = study_estimate(study, input.resolved, seed, progress);
         if (replicates > 0 && performed.estimate.verdict == StudyVerdict::converged) {
+            progress_part(progress);
             performed.bootstrap =
                 study_bootstrap(study, input.resolved, performed.estimate, replicates, progress);
         }

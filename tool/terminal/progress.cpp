@@ -32,6 +32,12 @@ const char* stage_name(RunStage stage) {
             return "goodness of fit";
         case RunStage::bayesian_fit:
             return "Bayesian goodness of fit";
+        case RunStage::pseudo_likelihood:
+            return "pseudo-likelihood";
+        case RunStage::chains:
+            return "chains";
+        case RunStage::likelihood:
+            return "log-likelihood";
         case RunStage::done:
             break;
     }
@@ -43,7 +49,37 @@ std::string step_text(RunStage stage, int step, int steps) {
     if (steps > 0 && stage == RunStage::phase2) {
         return ", sub-phase " + place;
     }
+    if (stage == RunStage::chains) {
+        return ", run " + std::to_string(step + 1);
+    }
     return steps > 0 && stage == RunStage::bayesian_fit ? ", parameter set " + place : "";
+}
+
+// "stage 2 of 3: " where the number of parts is known.
+std::string part_text(const RunProgress& progress) {
+    const int part = progress.part.load(std::memory_order_relaxed);
+    const int parts = progress.parts.load(std::memory_order_relaxed);
+    return part > 0 && part <= parts ? fmt::format("stage {} of {}: ", part, parts) : "";
+}
+
+// What the time left is of, and how sure it is. Sub-phases may end before their largest number of
+// steps; what the chains have to do is known once they are near the estimates.
+std::string time_left_text(RunStage stage, bool after_known, const std::string& time) {
+    const char* const left = "left in this stage";
+    switch (stage) {
+        case RunStage::phase1:
+        case RunStage::phase2:
+            return fmt::format("at most {} left in this run", time);
+        case RunStage::phase3:
+            return fmt::format("{} left in this run", time);
+        case RunStage::chains:
+            return after_known ? fmt::format("about {} {}", time, left)
+                               : fmt::format("{} left in this run of the chains", time);
+        case RunStage::likelihood:
+            return fmt::format("at least {} {}", time, left);
+        default:
+            return fmt::format("{} {}", time, after_known ? "left in this run" : left);
+    }
 }
 
 // The share of the stage that is done. A Bayesian fit counts its sets, each a stage of its own.
@@ -68,19 +104,22 @@ std::string time_text(double seconds) {
 
 std::string progress_line(const RunProgress& progress, double seconds) {
     const RunStage stage = progress.stage.load(std::memory_order_relaxed);
-    std::string line = stage_name(stage);
+    std::string line = part_text(progress) + stage_name(stage);
     if (stage == RunStage::reading || stage == RunStage::done) {
         return line;
     }
     line += step_text(stage, progress.step.load(std::memory_order_relaxed),
                       progress.steps.load(std::memory_order_relaxed));
+    const double total = progress.work_total.load(std::memory_order_relaxed);
+    if (!(total > 0.0)) {
+        return line;
+    }
     const double share = share_done(progress, stage);
     line += ", " + std::to_string(static_cast<int>(share * 100.0)) + "%";
     if (share >= kEnoughToTell) {
-        // Phase 2 may end a sub-phase before its largest number of steps.
-        line += std::string(stage == RunStage::phase2 ? ", at most " : ", ") +
-                time_text(seconds * (1.0 - share) / share) +
-                (stage == RunStage::phase2 ? " left in this sub-phase" : " left in this stage");
+        const double after = progress.work_after.load(std::memory_order_relaxed);
+        const double left = 1.0 - share + std::max(after, 0.0) / total;
+        line += ", " + time_left_text(stage, after >= 0.0, time_text(seconds * left / share));
     }
     return line;
 }
@@ -107,14 +146,14 @@ ProgressDisplay::~ProgressDisplay() {
 void ProgressDisplay::show_until_ended() {
     std::unique_lock<std::mutex> lock(mutex_);
     RunStage stage = RunStage::reading;
-    int step = -1;
+    int starts = -1;
     Clock::time_point begin = Clock::now();
     while (!end_.wait_for(lock, kPause, [this] { return ended_; })) {
         const RunStage now = progress_.stage.load(std::memory_order_relaxed);
-        const int now_step = progress_.step.load(std::memory_order_relaxed);
-        if (now != stage || (now == RunStage::phase2 && now_step != step)) {
+        const int now_starts = progress_.starts.load(std::memory_order_relaxed);
+        if (now != stage || (now != RunStage::bayesian_fit && now_starts != starts)) {
             stage = now;
-            step = now_step;
+            starts = now_starts;
             begin = Clock::now();
         }
         show(progress_line(progress_, std::chrono::duration<double>(Clock::now() - begin).count()));
