@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <numeric>
+#include <utility>
 
 #include "base/no_number.h"
 #include "measures/clustering.h"
 #include "measures/descriptives.h"
 #include "measures/triad_census.h"
-#include "study/names.h"
+#include "study/gof_model.h"
 #include "study/study_chain.h"
 
 namespace {
@@ -18,191 +17,6 @@ namespace {
 constexpr int kMostCategories = 12;
 
 std::size_t index_of(int number) { return static_cast<std::size_t>(number); }
-
-// Adds an effect unless the model has it, or as many of its name as it may have.
-void add_effect(const EffectExpression& expression, int most, StudyModel& model) {
-    const auto alike =
-        std::count_if(model.effects.begin(), model.effects.end(), [&](const StudyEffect& each) {
-            return names_match(each.expression.name, expression.name) &&
-                   names_match(each.expression.argument, expression.argument);
-        });
-    const bool there = std::any_of(
-        model.effects.begin(), model.effects.end(),
-        [&](const StudyEffect& each) { return effects_match(each.expression, expression); });
-    if (!there && alike < most) {
-        model.effects.push_back({expression, {}, {}});
-    }
-}
-
-void add_structural(const Catalogue& catalogue, StudyModel& model) {
-    std::map<std::string, int> seen;
-    for (const int id : catalogue.setup_order) {
-        const StructuralEffect& effect = catalogue.effects[index_of(id)];
-        if (!effect.traits.full_model) {
-            continue;
-        }
-        const int number = ++seen[effect.facts.name];
-        EffectExpression expression{effect.facts.name, {}, {}};
-        if (effect.traits.alternating) {
-            expression.lambda = number == 1 ? double{effect.traits.full_model_lambda} : 1.0;
-        }
-        add_effect(expression, number, model);
-    }
-}
-
-void add_group(const Catalogue& catalogue, AttributeGroup group, const std::string& argument,
-               StudyModel& model) {
-    const AttributeGroupCatalogue& effects = group_catalogue(catalogue, group);
-    for (const int row : effects.setup_order) {
-        add_effect({effects.effects[index_of(row)].facts.name, {}, argument}, 1, model);
-    }
-}
-
-AttributeGroup group_of_type(AttributeType type) {
-    return type == AttributeType::binary       ? AttributeGroup::binary
-           : type == AttributeType::continuous ? AttributeGroup::continuous
-                                               : AttributeGroup::categorical;
-}
-
-SparseCounts sparse(const std::vector<int>& histogram, int first) {
-    SparseCounts counts;
-    for (std::size_t k = 0; k < histogram.size(); ++k) {
-        if (histogram[k] != 0) {
-            counts.emplace_back(first + static_cast<int>(k), histogram[k]);
-        }
-    }
-    return counts;
-}
-
-SparseCounts sparse(const std::vector<double>& histogram) {
-    SparseCounts counts;
-    for (std::size_t k = 0; k < histogram.size(); ++k) {
-        if (histogram[k] != 0.0) {
-            counts.emplace_back(static_cast<int>(k), histogram[k]);
-        }
-    }
-    return counts;
-}
-
-void count_at(std::vector<int>& histogram, int entry) {
-    if (index_of(entry) >= histogram.size()) {
-        histogram.resize(index_of(entry) + 1, 0);
-    }
-    ++histogram[index_of(entry)];
-}
-
-// Two-paths between the ends of each tie.
-template <class Network>
-SparseCounts edgewise_partners(const Network& network, const std::vector<ActorTie>& ties) {
-    std::vector<int> histogram;
-    for (const ActorTie& tie : ties) {
-        count_at(histogram, network.two_paths[tie.from][tie.to]);
-    }
-    return sparse(histogram, 0);
-}
-
-SparseCounts dyadwise_partners(const Graph& graph) {
-    return sparse(graph.two_path_distribution, 0);
-}
-
-SparseCounts dyadwise_partners(const Digraph& digraph) {
-    std::vector<int> histogram(1, 0);
-    int any = 0;
-    for (int i = 0; i < digraph.vertices; ++i) {
-        row_for_each(digraph.any_two_paths[i], digraph.any_two_paths.words_per_row, [&](int j) {
-            if (i != j) {
-                count_at(histogram, digraph.two_paths[i][j]);
-                ++any;
-            }
-        });
-    }
-    histogram[0] = digraph.vertices * (digraph.vertices - 1) - any;
-    return sparse(histogram, 0);
-}
-
-// Sizes of the components, direction left aside, by union of the ties' ends.
-std::vector<int> component_sizes(int actors, const std::vector<ActorTie>& ties) {
-    std::vector<int> parent(index_of(actors));
-    std::iota(parent.begin(), parent.end(), 0);
-    const auto root = [&parent](int actor) {
-        while (parent[index_of(actor)] != actor) {
-            parent[index_of(actor)] = parent[index_of(parent[index_of(actor)])];
-            actor = parent[index_of(actor)];
-        }
-        return actor;
-    };
-    for (const ActorTie& tie : ties) {
-        parent[index_of(root(tie.from))] = root(tie.to);
-    }
-    std::vector<int> members(parent.size(), 0);
-    for (int actor = 0; actor < actors; ++actor) {
-        ++members[index_of(root(actor))];
-    }
-    members.erase(std::remove(members.begin(), members.end(), 0), members.end());
-    return members;
-}
-
-SparseCounts size_counts(const std::vector<int>& sizes) {
-    std::map<int, double> counts;
-    for (const int size : sizes) {
-        counts[size] += 1.0;
-    }
-    return {counts.begin(), counts.end()};
-}
-
-// Triads by their number of ties.
-std::vector<double> triads_of(const Graph& graph) {
-    const double n = graph.vertices;
-    double stars = 0.0;
-    double corners = 0.0;
-    for (std::size_t actor = 0; actor < graph.degree.size(); ++actor) {
-        const double degree = graph.degree[actor];
-        stars += degree * (degree - 1.0) / 2.0;
-        corners += graph.triangles[actor];
-    }
-    const double three = corners / 3.0;
-    const double two = stars - 3.0 * three;
-    const double one = graph.edges * (n - 2.0) - 2.0 * two - 3.0 * three;
-    const double all = n * (n - 1.0) * (n - 2.0) / 6.0;
-    return {all - one - two - three, one, two, three};
-}
-
-// The census with its last classes solved in double: the snapshot forms products of n that wrap.
-std::vector<double> triads_of(const Digraph& digraph) {
-    enum Class {
-        t300,
-        t210,
-        t120c,
-        t120d,
-        t120u,
-        t201,
-        t111d,
-        t111u,
-        t030t,
-        t030c,
-        t102,
-        t021d,
-        t021c,
-        t021u,
-        t012,
-        t003
-    };
-    std::vector<double> census = digraph.triad_census;
-    const double n = digraph.vertices;
-    const double mutual = digraph.mutual_dyads;
-    census[t102] = (n - 2.0) * mutual -
-                   (census[t111u] + census[t111d] + census[t120c] + census[t120d] + census[t120u] +
-                    2.0 * census[t201] + 2.0 * census[t210] + 3.0 * census[t300]);
-    const double single = digraph.arcs - 2.0 * mutual;
-    census[t012] = (n - 2.0) * single -
-                   (2.0 * (census[t021u] + census[t021c] + census[t021d]) + census[t111d] +
-                    census[t111u] + 3.0 * (census[t030t] + census[t030c]) +
-                    2.0 * (census[t120u] + census[t120d] + census[t120c]) + census[t210]);
-    census[t003] = 0.0;
-    const double others = std::accumulate(census.begin(), census.end(), 0.0);
-    census[t003] = n * (n - 1.0) * (n - 2.0) / 6.0 - others;
-    return census;
-}
 
 double correlation_of(double n, double x, double y, double xx, double yy, double xy) {
     const double spread = (n * xx - x * x) * (n * yy - y * y);
@@ -253,20 +67,6 @@ std::vector<std::string> measure_names(bool directed) {
 }
 
 }  // namespace
-
-StudyModel gof_model(const Study& study) {
-    const Catalogue& catalogue =
-        catalogue_of(study.network.directed ? NetworkKind::directed : NetworkKind::undirected);
-    StudyModel model = study.model;
-    add_structural(catalogue, model);
-    for (const StudyAttribute& attribute : study.attributes) {
-        add_group(catalogue, group_of_type(attribute.type), attribute.name, model);
-    }
-    for (const StudyCovariate& covariate : study.covariates) {
-        add_group(catalogue, AttributeGroup::covariate, covariate.name, model);
-    }
-    return model;
-}
 
 template <class Network>
 GofMeter<Network>::GofMeter(const Study& study) : study_(study) {
@@ -431,7 +231,7 @@ SparseCounts GofMeter<Network>::mixing(const Trait& trait,
         const int cell = kDirected<Network> ? a * k + b : a * k - a * (a - 1) / 2 + (b - a);
         ++histogram[index_of(cell)];
     }
-    return sparse(histogram, 0);
+    return sparse_counts(histogram, 0);
 }
 
 template <class Network>
@@ -446,16 +246,16 @@ GofMeasures GofMeter<Network>::measure(Network& network) const {
     found.statistics.push_back(static_cast<double>(sizes.size()));
     found.statistics.push_back(sizes.empty() ? 0.0 : *std::max_element(sizes.begin(), sizes.end()));
     if constexpr (kDirected<Network>) {
-        found.distributions = {sparse(network.in_degree_distribution, 0),
-                               sparse(network.out_degree_distribution, 0)};
+        found.distributions = {sparse_counts(network.in_degree_distribution, 0),
+                               sparse_counts(network.out_degree_distribution, 0)};
     } else {
-        found.distributions = {sparse(network.degree_distribution, 0)};
+        found.distributions = {sparse_counts(network.degree_distribution, 0)};
     }
     found.distributions.push_back(edgewise_partners(network, ties));
     found.distributions.push_back(dyadwise_partners(network));
-    found.distributions.push_back(sparse(network.geodesic_distribution, 1));
+    found.distributions.push_back(sparse_counts(network.geodesic_distribution, 1));
     found.distributions.push_back(size_counts(sizes));
-    found.distributions.push_back(sparse(triads_of(network)));
+    found.distributions.push_back(sparse_counts(triads_of(network)));
     for (const Trait& trait : traits_) {
         found.statistics.push_back(assortativity(trait, ties));
         if (!trait.codes.empty()) {

@@ -6,14 +6,11 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "effects/evaluation.h"
+#include "study/gof_counts.h"
 #include "study/study_selection.h"
-
-// A histogram: (entry, count), ascending, only counts that are not 0.
-using SparseCounts = std::vector<std::pair<int, double>>;
 
 struct GofMeasures {
     // NaN where one does not exist, such as an assortativity without ties.
@@ -29,11 +26,6 @@ struct GofShape {
     int infinite = -1;                     // the entry of pairs without a path
     std::vector<std::string> labels = {};  // of entries that are no numbers, from 0 on
 };
-
-// The effects that a fit compares beside the model's own: the full model that a fit of a setup file
-// compares (with lambda 2, a second alternating effect 1), and each effect of each attribute and
-// covariate of the study. The model's come first, in their order.
-StudyModel gof_model(const Study& study);
 
 // Measures networks of one study. Several threads may measure networks of their own at a time.
 template <class Network>

@@ -35,6 +35,3 @@ StudySelection study_selection(const Study& study);
 // engine's own assembly, whose order hosts rely on and which differs from that of the statistics
 // for some directed attribute effects.
 std::vector<double> study_parameters(const Study& study, const StudySelection& resolved);
-
-// Every canonical name that a model of this kind can use, in the catalogue's order.
-std::vector<std::string> effect_names(NetworkKind kind);

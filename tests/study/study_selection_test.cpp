@@ -1,5 +1,6 @@
 // Models by canonical names in the engine's terms.
 #include "study/study_selection.h"
+#include "study/effect_resolution.h"
 
 #include <gtest/gtest.h>
 

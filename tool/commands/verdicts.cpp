@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "commands/commands.h"
+#include "study/effect_resolution.h"
 #include "study/monte_carlo_likelihood.h"
 #include "study/names.h"
 #include "terminal/print.h"
