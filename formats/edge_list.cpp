@@ -233,6 +233,28 @@ void check_weights(EdgeListReader& reader) {
     }
 }
 
+// A head whose words are not known as one is read as a tie: its two names come nowhere else.
+void tell_lone_first_line(EdgeListReader& reader) {
+    constexpr std::size_t kEnough = 3;
+    const std::vector<FileTie>& ties = reader.table.ties;
+    if (reader.layout.head || reader.options.head || reader.options.nodes != nullptr ||
+        ties.size() < kEnough) {
+        return;
+    }
+    const auto again = [first = ties.front()](const FileTie& tie) {
+        return tie.from == first.from || tie.from == first.to || tie.to == first.from ||
+               tie.to == first.to;
+    };
+    const std::string& from = reader.table.actors[ties.front().from];
+    const std::string& to = reader.table.actors[ties.front().to];
+    if (is_whole(from) || is_whole(to) || std::any_of(ties.begin() + 1, ties.end(), again)) {
+        return;
+    }
+    reader.table.notes.push_back("the first line was read as a tie of `" + from + "` and `" + to +
+                                 "`, who come nowhere else: if it is a head, write `head = true` "
+                                 "under [network], or call the columns from and to");
+}
+
 }  // namespace
 
 void read_edge_list(const TextFile& file, const EdgeListOptions& options, TieTable& table,
@@ -246,6 +268,10 @@ void read_edge_list(const TextFile& file, const EdgeListOptions& options, TieTab
            scanner.next()) {
         if (!skip) {
             read_line(reader, scanner);
+            // Where already the first line has other columns, the rest need not be told of.
+            if (table.ties.empty() && used_fields(scanner.fields()) != reader.layout.columns) {
+                break;
+            }
         }
         skip = false;
     }
@@ -253,4 +279,5 @@ void read_edge_list(const TextFile& file, const EdgeListOptions& options, TieTab
         problems.push_back(unclosed_quote(file.path, scanner));
     }
     check_weights(reader);
+    tell_lone_first_line(reader);
 }

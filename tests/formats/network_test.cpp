@@ -64,6 +64,20 @@ TEST(EdgeList, HeadLinesAreGuessedAndTold) {
     EXPECT_EQ(ties_of(read_text("from,to\nann,bob\n", headless)), "from to,ann bob");
 }
 
+TEST(EdgeList, AFirstLineWhoseNamesComeNowhereElseIsTold) {
+    const std::string text = "von,nach\nann,bob\nbob,cid\n";
+    const NetworkFile read = read_text(text, kUndirected);
+    EXPECT_EQ(read.counts.ties, 3);
+    EXPECT_TRUE(tells(read, "a tie of `von` and `nach`, who come nowhere else"));
+    EXPECT_FALSE(tells(read_text("ann,bob\nbob,cid\nann,eve\n", kUndirected), "nowhere else"));
+    EXPECT_FALSE(tells(read_text("1,2\n3,4\n4,5\n", kUndirected), "nowhere else"));
+    NetworkOptions said = kUndirected;
+    said.head = false;
+    EXPECT_FALSE(tells(read_text(text, said), "nowhere else"));
+    said.head = true;
+    EXPECT_EQ(read_text(text, said).counts.ties, 2);
+}
+
 TEST(EdgeList, WeightsNeedAThreshold) {
     const std::string text = "from,to,hours\na,b,3\nb,c,0.5\n";
     const Problem problem = problem_of(read_text(text, kUndirected));
@@ -94,6 +108,9 @@ TEST(EdgeList, OneOrFourColumnsAreNoTies) {
     const Problem one = problem_of(read_text("ann\nbob\n", kUndirected));
     EXPECT_EQ(one.line, 1);
     EXPECT_EQ(one.found, "1 column");
+    // Once is enough.
+    EXPECT_EQ(read_text("ann\nbob\ncid\n", kUndirected).problems.size(), 1U);
+    EXPECT_EQ(read_text("a,b\nb\nc\n", kUndirected).problems.size(), 2U);
     const Problem four = problem_of(read_text("a,b,1,x\nc,d,2,y\n", kUndirected));
     EXPECT_EQ(four.found, "4 columns");
     const Problem later = problem_of(read_text("a,b\nb,c\nc\n", kUndirected));

@@ -64,6 +64,16 @@ TEST_F(ToolNew, WritesAModelFileThatCanBeEstimatedAtOnce) {
     EXPECT_EQ(json["network"]["ties"], 14);
 }
 
+TEST_F(ToolNew, AColumnThatIsLeftOutIsToldInOneLineOfTheModelFile) {
+    scratch.write("nodes.csv",
+                  "name,age\nAnn,21\nBen,25\nCid,\nDot,31\nEve,28\nFay,22\nGus,41\nHal,38\n"
+                  "Ida,35\nJon,29\n");
+    ASSERT_EQ(ovri({"new", "friends.csv", "--nodes", "nodes.csv"}).status, 0) << result.err;
+    const std::string text = scratch.read("friends.toml");
+    EXPECT_TRUE(has(text, "expected a number; write the value; or take the actor out")) << text;
+    EXPECT_EQ(ovri({"check", "friends.toml"}).status, 0) << result.out;
+}
+
 TEST_F(ToolNew, PathsInTheFileAreAsSeenFromIt) {
     std::filesystem::create_directory(scratch.path() / "models");
     ASSERT_EQ(ovri({"new", "friends.csv", "--nodes", "nodes.csv", "-o", "models/one.toml"}).status,

@@ -69,7 +69,7 @@ std::string model_page() {
   max_degree = 6              no actor gets more ties
 
   [estimation]                `ovri help estimation` has the keys
-  [gof]                       samples, burn_in, interval
+  [gof]                       samples, burn_in, interval (0: found by a short run)
   [simulation]                samples, burn_in, interval, format
   [run]                       seed, threads
 

@@ -23,10 +23,18 @@ struct NewOptions {
     ColourChoice colour = ColourChoice::automatic;
 };
 
-// A note as one line of a comment.
-std::string comment(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return "# " + text + "\n";
+// A note as one line of a comment; what a problem has on further lines follows behind it.
+std::string comment(const std::string& text) {
+    std::string line;
+    for (std::size_t k = 0; k < text.size(); ++k) {
+        if (text[k] != '\n') {
+            line += text[k];
+            continue;
+        }
+        k = std::min(text.find_first_not_of(' ', k + 1), text.size()) - 1;
+        line += "; ";
+    }
+    return "# " + line + "\n";
 }
 
 // What was read, at a glance.
