@@ -78,6 +78,11 @@ std::vector<std::string> tick_texts(const std::vector<double>& ticks) {
     return texts;
 }
 
+std::string number_with_decimals(double value, std::optional<int> decimals) {
+    return decimals && std::isfinite(value) ? with_true_minus(fixed_text(value, *decimals))
+                                            : number_for_people(value);
+}
+
 std::string number_for_people(double value, int digits) {
     if (!std::isfinite(value)) {
         return "\xE2\x80\x93";

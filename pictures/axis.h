@@ -1,6 +1,7 @@
 // Scales from numbers to places on a drawing, with ticks that people can read.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@ std::vector<std::string> tick_texts(const std::vector<double>& ticks);
 
 // A number for people: `digits` that count, a true minus sign.
 std::string number_for_people(double value, int digits = 4);
+
+// The number with so many decimals, or, where these are not said, as it is readable.
+std::string number_with_decimals(double value, std::optional<int> decimals);
 
 class Scale {
   public:

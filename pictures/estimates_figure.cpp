@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "pictures/heading.h"
+#include "study/counted.h"
 
 namespace {
 
@@ -43,10 +44,10 @@ std::string dash_class(int series) {
 
 // "AT(2): 0.5 (0.1 to 0.9)"
 std::string words_of(const DrawnEstimate& each, bool usable) {
-    std::string words = each.effect + ": " + number_for_people(each.estimate);
+    std::string words = each.effect + ": " + number_with_decimals(each.estimate, each.decimals);
     if (std::isfinite(each.lower) && std::isfinite(each.upper) && usable) {
-        words +=
-            " (" + number_for_people(each.lower) + " to " + number_for_people(each.upper) + ")";
+        words += " (" + number_with_decimals(each.lower, each.decimals) + " to " +
+                 number_with_decimals(each.upper, each.decimals) + ")";
     }
     return words + (each.held ? ", held" : usable ? "" : ", not to be used");
 }
@@ -77,10 +78,10 @@ std::string description_of(const std::vector<DrawnResult>& results) {
         text += result.label.name +
                 (result.label.usable ? ": " : " (" + result.label.verdict + ", not to be used): ");
         for (const DrawnEstimate& each : result.estimates) {
-            text += each.effect + " " + number_for_people(each.estimate);
+            text += each.effect + " " + number_with_decimals(each.estimate, each.decimals);
             if (std::isfinite(each.lower) && result.label.usable) {
-                text += " from " + number_for_people(each.lower) + " to " +
-                        number_for_people(each.upper);
+                text += " from " + number_with_decimals(each.lower, each.decimals) + " to " +
+                        number_with_decimals(each.upper, each.decimals);
             }
             text += "; ";
         }
@@ -128,7 +129,7 @@ std::string pool_description(const DrawnPool& pool) {
     for (const DrawnEstimate& each : pool.networks) {
         text += words_of(each, true) + "; ";
     }
-    return text + std::to_string(pool.left_out) + " networks left out.";
+    return text + counted(pool.left_out, "network") + " left out.";
 }
 
 }  // namespace

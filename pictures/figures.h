@@ -27,6 +27,9 @@ struct DrawnEstimate {
     double lower = 0.0;  // of the 95% interval; NaN without one
     double upper = 0.0;
     bool held = false;
+    // That the estimate's Monte Carlo error supports; left open, numbers are shown as they are
+    // readable.
+    std::optional<int> decimals = {};
 };
 
 struct DrawnResult {
@@ -74,6 +77,7 @@ struct DrawnPath {
     double estimate = 0.0;
     std::vector<std::string> stages;
     std::vector<std::vector<double>> values;  // of each stage
+    std::optional<int> decimals = {};         // of the estimate, as of a DrawnEstimate
 };
 
 // The parameter by step, stages parted by upright lines, and what it ended at.

@@ -12,7 +12,7 @@ void draw_heading(Drawing& drawing, const std::string& title, const ResultLabel&
 }
 
 void draw_target(Drawing& drawing, const Frame& frame, const Scale& scale, Across across,
-                 const std::string& what, double value, int digits) {
+                 const std::string& what, double value, const std::string& number) {
     if (!std::isfinite(value)) {
         return;
     }
@@ -22,6 +22,5 @@ void draw_target(Drawing& drawing, const Frame& frame, const Scale& scale, Acros
     } else {
         drawing.line(at, frame.top - 2.0, at, frame.bottom, "target");
     }
-    drawing.text(kFigureWidth - 12.0, 29.0,
-                 "dashed: " + what + ", " + number_for_people(value, digits), "soft", Anchor::end);
+    drawing.text(kFigureWidth - 12.0, 29.0, "dashed: " + what + ", " + number, "soft", Anchor::end);
 }

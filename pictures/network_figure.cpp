@@ -6,6 +6,7 @@
 #include "pictures/axis.h"
 #include "pictures/figures.h"
 #include "pictures/layout.h"
+#include "study/counted.h"
 
 namespace {
 
@@ -188,9 +189,10 @@ Drawing network_figure(const StudyNetwork& network, const std::vector<Point>& pl
     const auto n = network.actors.size();
     const double radius = n <= kMostNames ? 5.0 : n <= 200 ? 3.6 : n <= 600 ? 2.4 : 1.5;
     const Categories categories = categories_of(network, attribute);
-    std::string description = std::to_string(n) + " actors and " +
-                              std::to_string(network.ties.size()) +
-                              (network.directed ? " arcs." : " ties.");
+    std::string description =
+        counted(static_cast<long long>(n), "actor") + " and " +
+        counted(static_cast<long long>(network.ties.size()), network.directed ? "arc" : "tie") +
+        ".";
     if (!categories.names.empty()) {
         description += " Colour and shape tell " + attribute->name + ".";
     }

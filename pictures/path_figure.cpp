@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "pictures/heading.h"
+#include "study/counted.h"
 
 namespace {
 
@@ -20,12 +21,13 @@ std::string summary_of(const DrawnPath& path) {
     std::string text;
     for (std::size_t stage = 0; stage < path.values.size(); ++stage) {
         if (!path.values[stage].empty()) {
-            text += path.stages[stage] + ": " + std::to_string(path.values[stage].size()) +
-                    " steps drawn, from " + number_for_people(path.values[stage].front()) + " to " +
+            text += path.stages[stage] + ": " +
+                    counted(static_cast<long long>(path.values[stage].size()), "step") +
+                    " drawn, from " + number_for_people(path.values[stage].front()) + " to " +
                     number_for_people(path.values[stage].back()) + "; ";
         }
     }
-    return text + "the estimate is " + number_for_people(path.estimate) +
+    return text + "the estimate is " + number_with_decimals(path.estimate, path.decimals) +
            (path.label.usable ? "." : "; " + path.label.verdict + ", not to be used.");
 }
 
@@ -84,6 +86,7 @@ Drawing path_figure(const DrawnPath& path) {
             ++step;
         }
     }
-    draw_target(drawing, frame, up, Across::level, "estimate", path.estimate, 4);
+    draw_target(drawing, frame, up, Across::level, "estimate", path.estimate,
+                number_with_decimals(path.estimate, path.decimals));
     return drawing;
 }

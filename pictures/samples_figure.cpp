@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "pictures/heading.h"
+#include "study/counted.h"
 
 namespace {
 
@@ -23,15 +24,15 @@ Range range_of(const DrawnSample& sample) {
 
 std::string summary_of(const DrawnSample& sample) {
     double sum = 0.0;
-    double count = 0.0;
+    long long count = 0;
     for (const std::vector<double>& chain : sample.chains) {
         for (const double value : chain) {
             sum += value;
-            count += 1.0;
+            ++count;
         }
     }
-    return number_for_people(count, 6) + " simulated networks with a mean of " +
-           number_for_people(sum / count) + "; the observed network has " +
+    return counted(count, "simulated network") + " with a mean of " +
+           number_for_people(sum / static_cast<double>(count)) + "; the observed network has " +
            number_for_people(sample.observed, 6) +
            (sample.label.usable ? "." : "; " + sample.label.verdict + ", not to be used.");
 }
@@ -78,7 +79,7 @@ std::string hover_of(const Bins& bins, double low, int count) {
     const double last = whole ? low + bins.width - 0.5 : low + bins.width;
     return number_for_people(first, 6) +
            (first == last ? "" : " to " + number_for_people(last, 6)) + ": " +
-           std::to_string(count) + (count == 1 ? " network" : " networks");
+           counted(count, "network");
 }
 
 }  // namespace
@@ -110,7 +111,8 @@ Drawing trace_figure(const DrawnSample& sample) {
                       "trace " + series_class(series) + " line" +
                           (series % 4 == 0 ? "" : " d" + std::to_string(series % 4)));
     }
-    draw_target(drawing, frame, up, Across::level, "observed", sample.observed);
+    draw_target(drawing, frame, up, Across::level, "observed", sample.observed,
+                number_for_people(sample.observed, 6));
     return drawing;
 }
 
@@ -145,6 +147,7 @@ Drawing histogram_figure(const DrawnSample& sample, std::optional<double> low,
                         hover_of(bins, low_end, bins.counts[k]));
         }
     }
-    draw_target(drawing, frame, across, Across::upright, "observed", sample.observed);
+    draw_target(drawing, frame, across, Across::upright, "observed", sample.observed,
+                number_for_people(sample.observed, 6));
     return drawing;
 }

@@ -141,6 +141,22 @@ TEST(Figures, ShowNoIntervalOfWhatIsNotToBeUsed) {
     EXPECT_NE(bad.find("degenerate: do not use"), std::string::npos);
 }
 
+TEST(Figures, ShowTheDecimalsThatTheErrorSupports) {
+    const std::vector<DrawnEstimate> estimates = {{"edge", -2.03456, -2.54321, -1.52345, false, 1}};
+    const std::string drawn = forest_figure({{{"a", true, ""}, estimates}}).element("f");
+    EXPECT_NE(drawn.find("edge: \xE2\x88\x92"
+                         "2.0 (\xE2\x88\x92"
+                         "2.5 to \xE2\x88\x92"
+                         "1.5)"),
+              std::string::npos)
+        << drawn;
+    DrawnPath path = path_of("edge", 5);
+    path.estimate = 0.123456;
+    path.decimals = 2;
+    const std::string way = path_figure(path).element("f");
+    EXPECT_NE(way.find("dashed: estimate, 0.12<"), std::string::npos) << way;
+}
+
 TEST(Figures, StayWithinTheirFrame) {
     std::vector<Drawing> drawings = {distribution_figure(distribution_of(70, false), {}),
                                      distribution_figure(distribution_of(0, false), {}),

@@ -124,6 +124,40 @@ TEST_F(ToolReport, SeveralResultsShareAPage) {
     EXPECT_TRUE(scratch.exists("pages/both/report.html"));
 }
 
+TEST_F(ToolReport, OfTwoThousandActorsStaysBelowThreeMegabytes) {
+    constexpr int kActors = 2000;
+    std::string ties = "from,to\n";
+    std::string actors = "name,kind\n";
+    for (int i = 0; i < kActors; ++i) {
+        actors += "a" + std::to_string(i) + ",k" + std::to_string(i * i % 7) + "\n";
+        for (const int step : {1, 7, i % 40 + 50}) {
+            ties += "a" + std::to_string(i) + ",a" + std::to_string((i + step) % kActors) + "\n";
+        }
+    }
+    scratch.write("big.csv", ties);
+    scratch.write("kinds.csv", actors);
+    ASSERT_EQ(ovri({"estimate", "--network", "big.csv", "--undirected", "--nodes", "kinds.csv",
+                    "--effects", "edge,same(kind)", "--seed", "1", "-o", "big"})
+                  .status,
+              0)
+        << result.err;
+    ASSERT_EQ(ovri({"gof", "big", "--samples", "10"}).status, 0) << result.err;
+    // As many samples as a simulated model of this size may have.
+    std::string samples = "chain,draw,edge,same(kind)\n";
+    for (int row = 0; row < 16000; ++row) {
+        samples += std::to_string(row / 2000 + 1) + "," + std::to_string(row % 2000 + 1) + "," +
+                   std::to_string(6000 + row * 37 % 101) + "," +
+                   std::to_string(900 + row * 53 % 89) + "\n";
+    }
+    scratch.write("big/sample.csv", samples);
+    ASSERT_EQ(ovri({"report", "big"}).status, 0) << result.err;
+    const std::string text = page("big");
+    EXPECT_TRUE(has(text, "id=\"network-kind\"") || has(text, "id=\"network\"")) << text.size();
+    EXPECT_TRUE(has(text, "id=\"trace-edge\""));
+    EXPECT_TRUE(has(text, "2000 actors, 6000 ties")) << text.substr(0, 9000);
+    EXPECT_LT(text.size(), 3000000U);
+}
+
 TEST_F(ToolReport, FiguresAreFilesOfTheirOwn) {
     estimate();
     ASSERT_EQ(ovri({"report", "club.results", "--figures", "svg"}).status, 0) << result.err;

@@ -86,8 +86,4 @@ std::string quoted(const std::string& text) {
     return shown + (k < text.size() ? "...\"" : "\"");
 }
 
-std::string counted(long long count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 std::string squared(long long size) { return std::to_string(size) + " x " + std::to_string(size); }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "study/counted.h"
 #include "terminal/terminal.h"
 
 enum class Severity { error, warning };
@@ -47,6 +48,3 @@ std::string quoted(const std::string& text);
 
 // "5 x 5".
 std::string squared(long long size);
-
-// "1 cell", "3 cells".
-std::string counted(long long count, const std::string& what);

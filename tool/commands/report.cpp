@@ -56,7 +56,6 @@ ReportSource read_source(const std::string& folder, Problems& problems) {
         return source;
     }
     source.result = *result;
-    source.diagnosis = read_diagnosis(text_of(folder + "/result.json"));
     source.samples = read_samples(text_of(folder + "/sample.csv"));
     source.model_text = text_of(folder + "/model.toml");
     source.log_text = text_of(folder + "/run.log");

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "show/document_pieces.h"
+#include "show/report_page.h"
 
 namespace {
 
@@ -39,8 +40,8 @@ Drawing estimates_drawing(const std::vector<ReportSource>& sources) {
     for (const ReportSource& source : sources) {
         DrawnResult result{label_of(source), {}};
         for (const ResultEffect& each : source.result.effects) {
-            result.estimates.push_back(
-                {each.name, each.estimate, each.lower, each.upper, each.fixed});
+            result.estimates.push_back({each.name, each.estimate, each.lower, each.upper,
+                                        each.fixed, supported_decimals(each)});
         }
         results.push_back(std::move(result));
     }
@@ -157,7 +158,8 @@ DrawnPath drawn_path(const ReportSource& source, std::size_t effect) {
                    source.result.effects[effect].name,
                    source.result.effects[effect].estimate,
                    {},
-                   {}};
+                   {},
+                   supported_decimals(source.result.effects[effect])};
     for (const PathStage& stage : source.result.path) {
         path.stages.push_back(stage.name);
         path.values.emplace_back();

@@ -8,9 +8,14 @@
 
 #include "pictures/axis.h"
 #include "show/page_pieces.h"
+#include "study/counted.h"
 #include "study/effect_expression.h"
 
 namespace {
+
+std::string ties_words(const ResultNetwork& network) {
+    return counted(network.ties, network.directed ? "arc" : "tie");
+}
 
 // -- Verdict
 
@@ -132,8 +137,8 @@ std::string fit_section(const std::vector<ReportSource>& sources,
         }
         any = true;
         const GofRecord& gof = *source.gof;
-        text += fmt::format("<p>{}: {} simulated networks{}. {}.{}</p>\n", name_text(source.name),
-                            gof.gof.samples,
+        text += fmt::format("<p>{}: {}{}. {}.{}</p>\n", name_text(source.name),
+                            counted(gof.gof.samples, "simulated network"),
                             gof.bayesian ? " at parameters drawn around the estimates" : "",
                             escaped(gof.conclusion),
                             gof.exit_status == 0 ? "" : " The estimates are not to be used.");
@@ -238,10 +243,10 @@ std::string paper_words(const ReportSource& source) {
     const ResultNetwork& network = result.network;
     std::string text = fmt::format(
         "We fitted an exponential random graph model (Frank and Strauss 1986; Lusher, Koskinen and "
-        "Robins 2013) to the {} network of {} actors and {} {} (density {:.3f}) with ovri {}, seed "
+        "Robins 2013) to the {} network of {} and {} (density {:.3f}) with ovri {}, seed "
         "{}. The parameters were estimated by {}.",
-        network.directed ? "directed" : "undirected", network.actors, network.ties,
-        network.directed ? "arcs" : "ties", network.density, result.ovri, result.seed,
+        network.directed ? "directed" : "undirected", counted(network.actors, "actor"),
+        ties_words(network), network.density, result.ovri, result.seed,
         method_words(result.method));
     const bool alternating =
         std::any_of(result.effects.begin(), result.effects.end(), [](const ResultEffect& each) {
@@ -259,9 +264,9 @@ std::string paper_words(const ReportSource& source) {
     }
     if (source.gof) {
         text += fmt::format(
-            " We compared the observed network with {} networks simulated {} "
+            " We compared the observed network with {} simulated {} "
             "(Hunter, Goodreau and Handcock 2008): {}.",
-            source.gof->gof.samples,
+            counted(source.gof->gof.samples, "network"),
             source.gof->bayesian ? "at parameters drawn around the estimates" : "at the estimates",
             source.gof->conclusion);
     }
@@ -289,11 +294,12 @@ std::string paper_section(const std::vector<ReportSource>& sources) {
 // -- The rest
 
 std::string diagnosis_section(const ReportSource& source) {
-    if (source.diagnosis.empty()) {
+    const std::vector<std::string> lines = diagnosis_lines(source.result);
+    if (lines.empty()) {
         return "";
     }
     std::string text = "<h3>" + name_text(source.name) + "</h3>\n<ul>\n";
-    for (const std::string& line : source.diagnosis) {
+    for (const std::string& line : lines) {
         text += "<li>" + escaped(line) + "</li>\n";
     }
     return text + "</ul>\n";
@@ -339,8 +345,8 @@ std::string report_page(const std::vector<ReportSource>& sources,
     for (const ReportSource& source : sources) {
         const ResultNetwork& network = source.result.network;
         page +=
-            fmt::format("<p>{}: {} actors, {} {}, density {}, {}</p>\n", name_text(network.file),
-                        network.actors, network.ties, network.directed ? "arcs" : "ties",
+            fmt::format("<p>{}: {}, {}, density {}, {}</p>\n", name_text(network.file),
+                        counted(network.actors, "actor"), ties_words(network),
                         decimals(network.density, 4), network.directed ? "directed" : "undirected");
     }
     for (const ReportSource& source : sources) {

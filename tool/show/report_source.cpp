@@ -7,6 +7,7 @@
 #include "formats/text_file.h"
 #include "pictures/axis.h"
 #include "show/document_pieces.h"
+#include "show/result_json.h"
 
 namespace {
 
@@ -65,11 +66,10 @@ std::vector<SampledStatistic> read_samples(const std::string& text) {
     return samples;
 }
 
-std::vector<std::string> read_diagnosis(const std::string& result_json) {
+std::vector<std::string> diagnosis_lines(const ResultRecord& result) {
     std::vector<std::string> lines;
-    const Json json = Json::parse(result_json, nullptr, false);
-    if (json.is_object() && json.contains("diagnosis")) {
-        add_lines("", json["diagnosis"], lines);
+    if (result.diagnosis) {
+        add_lines("", diagnosis_json(result.diagnosis), lines);
     }
     return lines;
 }

@@ -23,8 +23,6 @@ struct ReportSource {
     std::string missing;
     std::vector<SampledStatistic> samples;
     std::optional<GofRecord> gof;
-    // "path: text" of the members of result.json's diagnosis; empty without one.
-    std::vector<std::string> diagnosis;
     std::string model_text;
     std::string log_text;
 };
@@ -35,5 +33,5 @@ inline bool is_usable(const ResultRecord& result) { return result.exit_status ==
 // The columns of sample.csv behind chain and draw; none of a text that is no such table.
 std::vector<SampledStatistic> read_samples(const std::string& text);
 
-// The lines of a result.json's "diagnosis".
-std::vector<std::string> read_diagnosis(const std::string& result_json);
+// "path: text" of the members of a result's diagnosis; none without one.
+std::vector<std::string> diagnosis_lines(const ResultRecord& result);

@@ -78,26 +78,6 @@ Json numbers_json(const std::vector<double>& numbers) {
     return json;
 }
 
-Json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis) {
-    if (!diagnosis) {
-        return nullptr;
-    }
-    Json json;
-    json["chains"] = diagnosis->chains;
-    json["burn_in"] = count(diagnosis->burn_in);
-    json["interval"] = count(diagnosis->interval);
-    json["samples"] = diagnosis->samples;
-    json["runs"] = diagnosis->runs;
-    json["approximated"] = diagnosis->approximated;
-    json["hotelling_p_value"] = json_number(diagnosis->hotelling_p_value);
-    json["two_kinds"] = diagnosis->two_kinds;
-    json["dense_share"] = json_number(diagnosis->dense_share);
-    json["effective_samples"] = numbers_json(diagnosis->effective_samples);
-    json["gelman_rubin"] = numbers_json(diagnosis->gelman_rubin);
-    json["correlation"] = matrix_json(diagnosis->correlation);
-    return json;
-}
-
 Json bootstrap_json(const std::optional<ResultBootstrap>& bootstrap) {
     if (!bootstrap) {
         return nullptr;
@@ -255,6 +235,26 @@ ResultRecord record_of(const Json& json) {
 }
 
 }  // namespace
+
+Json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis) {
+    if (!diagnosis) {
+        return nullptr;
+    }
+    Json json;
+    json["chains"] = diagnosis->chains;
+    json["burn_in"] = count(diagnosis->burn_in);
+    json["interval"] = count(diagnosis->interval);
+    json["samples"] = diagnosis->samples;
+    json["runs"] = diagnosis->runs;
+    json["approximated"] = diagnosis->approximated;
+    json["hotelling_p_value"] = json_number(diagnosis->hotelling_p_value);
+    json["two_kinds"] = diagnosis->two_kinds;
+    json["dense_share"] = json_number(diagnosis->dense_share);
+    json["effective_samples"] = numbers_json(diagnosis->effective_samples);
+    json["gelman_rubin"] = numbers_json(diagnosis->gelman_rubin);
+    json["correlation"] = matrix_json(diagnosis->correlation);
+    return json;
+}
 
 std::string result_json(const ResultRecord& result) {
     Json json;

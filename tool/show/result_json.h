@@ -1,6 +1,7 @@
 // result.json: everything that a command found, for scripts and for later commands.
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 
@@ -9,6 +10,9 @@
 // The document, with a line end behind it. Numbers have as many digits as bring the same value
 // back.
 std::string result_json(const ResultRecord& result);
+
+// The document's "diagnosis"; null without one.
+nlohmann::ordered_json diagnosis_json(const std::optional<ResultDiagnosis>& diagnosis);
 
 // The record of a document; none where the text is no result.json of a format that this version
 // knows.

@@ -1,4 +1,5 @@
 #include "show/result_table.h"
+#include "study/counted.h"
 
 #include <fmt/core.h>
 
@@ -116,8 +117,9 @@ std::string bootstrap_table(const ResultBootstrap& bootstrap) {
                         decimals(each.lower, 4), decimals(each.upper, 4),
                         decimals(each.coverage, 3)});
     }
-    return fmt::format("bootstrap: {} networks of the model, {} converged{}\n{}",
-                       bootstrap.replicates, bootstrap.converged, failed, laid_out(rows, false));
+    return fmt::format("bootstrap: {} of the model, {} converged{}\n{}",
+                       counted(bootstrap.replicates, "network"), bootstrap.converged, failed,
+                       laid_out(rows, false));
 }
 
 std::string simulation_table(const ResultRecord& result) {
