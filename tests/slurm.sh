@@ -141,7 +141,7 @@ cmp local.out <(sed 's/spread/local/' spread.out)
 echo "Slurm did $jobs tasks in $((SECONDS - begin)) s; the summary is that of the run without it."
 [ "$jobs" -gt 0 ]
 
-words=(simulate plan/villages.toml --samples 12 --parts 3 --threads 1 --quiet)
+words=(simulate plan/villages.toml --samples 12 --parts=3 --threads 1 --quiet)
 "$tool" "${words[@]}" -o whole > /dev/null
 "$tool" "${words[@]}" -o parts --emit slurm > /dev/null
 OVRI=$tool parts/submit.sh > submitted

@@ -125,7 +125,7 @@ TEST_F(ToolParts, ABootstrapIsTakenUpAndNoticesAnotherModel) {
     ASSERT_EQ(ovri(bootstrap_, {"-o", "out", "--part", "3"}).status, 0) << result.err;
     const auto before = contents("out");
     EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect"}).status, 3);
-    EXPECT_TRUE(has(result.err, "part 1 of 4 (networks 1 to 3) is missing")) << result.err;
+    EXPECT_TRUE(has(result.err, "part number 1 of 4 (networks 1 to 3) is missing")) << result.err;
     EXPECT_EQ(contents("out"), before);
     ASSERT_EQ(ovri(bootstrap_, {"-o", "out"}).status, 0) << result.err;
     expect_same("whole", "out");
@@ -150,7 +150,7 @@ TEST_F(ToolParts, PartsOfAMachineThatFindsOtherNumbersAreNotMerged) {
     EXPECT_EQ(ovri(bootstrap_, {"-o", "out", "--collect"}).status, 3);
     EXPECT_TRUE(has(result.err,
                     "bootstrap-0003.json was drawn at other estimates than the parts before it; "
-                    "draw it again by --part 3 --overwrite"))
+                    "draw it again by --part=3 --overwrite"))
         << result.err;
     for (const char* part : {"1", "2", "4"}) {
         edit(std::string("out/parts/bootstrap-000") + part + ".json", estimate, other);
@@ -208,7 +208,7 @@ TEST_F(ToolParts, AFitStandsBesideTheEstimatesAndTheirBootstrap) {
     const auto estimates = contents("club");
     const Words words = {"gof", "club", "--samples", "40", "--seed", "3", "--parts", "2", "-q"};
     EXPECT_EQ(ovri(words, {"--collect"}).status, 3);
-    EXPECT_TRUE(has(result.err, "part 1 of 2 (networks 1 to 20) is missing")) << result.err;
+    EXPECT_TRUE(has(result.err, "part number 1 of 2 (networks 1 to 20) is missing")) << result.err;
     EXPECT_EQ(ovri(words, {"--part", "2"}).status, 0) << result.err;
     EXPECT_EQ(ovri(words).status, 0) << result.err;
     auto both = contents("club");
@@ -263,7 +263,7 @@ TEST_F(ToolParts, WhatIsThereIsKeptAndWhatIsOutdatedIsDrawnAgain) {
     // A tie more: every part is another.
     scratch.write("club.csv", scratch.read("club.csv") + "Ben,Hal\n");
     EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
-    EXPECT_TRUE(has(result.err, "part 1 of 4 (networks 1 to 2) was drawn from other inputs"))
+    EXPECT_TRUE(has(result.err, "part number 1 of 4 (networks 1 to 2) was drawn from other inputs"))
         << result.err;
     EXPECT_TRUE(has(result.err, "carry out these parts")) << result.err;
     expect_same("whole", "out");
@@ -288,7 +288,8 @@ TEST_F(ToolParts, AMissingPartIsNamedAndNothingIsMerged) {
     EXPECT_EQ(ovri(simulate_, {"-o", "out", "--collect"}).status, 3);
     EXPECT_EQ(result.out, "");
     EXPECT_TRUE(has(result.err,
-                    "part 2 of 4 (networks 3 to 5) is missing\novri: part 3 of 4 (networks 6 to 8) "
+                    "part number 2 of 4 (networks 3 to 5) is missing\novri: part number 3 of 4 "
+                    "(networks 6 to 8) "
                     "is missing\n"))
         << result.err;
     EXPECT_EQ(contents("out"), before);
@@ -309,8 +310,8 @@ TEST_F(ToolParts, PartsMayBeginAtTheSameMoment) {
         fs::remove_all(scratch.path() / "out");
         const ChildResult done = shell(
             "for part in 1 2 3 4 5 6 7 8; do\n"
-            "\"$OVRI\" simulate club.toml --parts 8 --part $part -o out -q &\ndone\nwait\n"
-            "exec \"$OVRI\" simulate club.toml --parts 8 --collect -o out -q");
+            "\"$OVRI\" simulate club.toml --parts=8 --part $part -o out -q &\ndone\nwait\n"
+            "exec \"$OVRI\" simulate club.toml --parts=8 --collect -o out -q");
         ASSERT_EQ(done.status, 0) << done.errors;
     }
 }
@@ -459,7 +460,7 @@ TEST_F(EmittedParts, NeedFilesAndADivision) {
     EXPECT_EQ(ovri({"simulate", "club.toml", "--emit", "make"}).status, 2);
     EXPECT_TRUE(has(result.err, "`--emit` needs `--parts N`")) << result.err;
     const ChildResult piped = shell(
-        "\"$OVRI\" simulate --network - --undirected --effects edge --values edge=-1 --parts 2 "
+        "\"$OVRI\" simulate --network - --undirected --effects edge --values edge=-1 --parts=2 "
         "--emit make <club.csv");
     EXPECT_EQ(piped.status, 2);
     EXPECT_TRUE(has(piped.errors, "needs the network in a file")) << piped.errors;

@@ -66,12 +66,9 @@ std::string PartFiles::path(int number) const {
     return fmt::format("{}/{}-{:04}.json", folder_, run_.command, number);
 }
 
-PartState PartFiles::state(int number) const {
+bool PartFiles::exists(int number) const {
     std::error_code problem;
-    Json records;
-    return read(number, records)                            ? PartState::done
-           : fs::exists(native_path(path(number)), problem) ? PartState::outdated
-                                                            : PartState::missing;
+    return fs::exists(native_path(path(number)), problem);
 }
 
 bool PartFiles::read(int number, Json& records) const {

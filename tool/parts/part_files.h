@@ -27,8 +27,6 @@ struct DividedRun {
 DividedRun divided_run(const std::string& command, int pieces, int parts, const StudyInput& input,
                        const std::vector<double>& numbers = {});
 
-enum class PartState { done, missing, outdated };
-
 class PartFiles {
   public:
     PartFiles(const std::string& directory, DividedRun run)
@@ -37,7 +35,8 @@ class PartFiles {
     int count() const { return run_.parts; }
     WorkPart part(int number) const { return work_part(run_.pieces, run_.parts, number); }
     std::string path(int number) const;
-    PartState state(int number) const;
+    // Whether there is a file of the part, done for this run or not.
+    bool exists(int number) const;
 
     // The records of a part that is done; false for another. Nothing is thrown.
     bool read(int number, nlohmann::ordered_json& records) const;

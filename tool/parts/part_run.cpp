@@ -1,6 +1,8 @@
 #include "parts/part_run.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <vector>
 
 #include "commands/commands.h"
 #include "terminal/print.h"
@@ -9,11 +11,11 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// "part 3 of 8 (networks 26 to 37)".
+// "part number 3 of 8 (networks 26 to 37)".
 std::string part_text(const PartFiles& files, int number) {
     const WorkPart part = files.part(number);
-    return fmt::format("part {} of {} (networks {} to {})", number, files.count(), part.first + 1,
-                       part.first + part.count);
+    return fmt::format("part number {} of {} (networks {} to {})", number, files.count(),
+                       part.first + 1, part.first + part.count);
 }
 
 // The records of a part, drawn where they are not there; a status where that has failed.
@@ -47,27 +49,20 @@ std::optional<int> perform(const PartFiles& files, int number, const PartRun& ru
     return std::nullopt;
 }
 
-// Tells of the parts that cannot be merged; true when there are any.
-bool tell_missing(const PartFiles& files) {
-    constexpr int kTold = 5;
-    int count = 0;
-    for (int number = 1; number <= files.count(); ++number) {
-        const PartState state = files.state(number);
-        count += state == PartState::done ? 0 : 1;
-        if (state != PartState::done && count <= kTold) {
-            print(stderr, "ovri: {} {}\n", part_text(files, number),
-                  state == PartState::missing
-                      ? "is missing"
-                      : "was drawn from other inputs or settings, or by another version");
-        }
+// Tells of the parts that cannot be merged; the exit status.
+int tell_lacking(const PartFiles& files, const std::vector<int>& lacking) {
+    constexpr std::size_t kTold = 5;
+    for (std::size_t k = 0; k < std::min(lacking.size(), kTold); ++k) {
+        print(stderr, "ovri: {} {}\n", part_text(files, lacking[k]),
+              files.exists(lacking[k])
+                  ? "was drawn from other inputs or settings, or by another version"
+                  : "is missing");
     }
-    if (count > kTold) {
-        print(stderr, "ovri: and {} more\n", count - kTold);
+    if (lacking.size() > kTold) {
+        print(stderr, "ovri: and {} more\n", lacking.size() - kTold);
     }
-    if (count > 0) {
-        print(stderr, "ovri: nothing is merged; carry out these parts by --part K first\n");
-    }
-    return count > 0;
+    print(stderr, "ovri: nothing is merged; carry out these parts by --part K first\n");
+    return kNotCompleted;
 }
 
 std::optional<int> take(const PartFiles& files, int number, const PartCalls& calls,
@@ -80,33 +75,53 @@ std::optional<int> take(const PartFiles& files, int number, const PartCalls& cal
     }
 }
 
-}  // namespace
-
-std::optional<int> run_parts(const PartFiles& files, const PartRun& run, const PartCalls& calls) {
+// Takes every part as it is there; a status where one is not, or does not go with the others.
+std::optional<int> collect(const PartFiles& files, const PartCalls& calls) {
+    std::vector<int> lacking;
     Json records;
-    if (run.options.part) {
-        const auto number = static_cast<int>(*run.options.part);
-        return perform(files, number, run, calls, records).value_or(kDone);
-    }
-    if (run.options.collect && tell_missing(files)) {
-        return kNotCompleted;
-    }
-    PartRun each = run;
-    each.overwrite = run.overwrite && !run.options.collect;
     for (int number = 1; number <= files.count(); ++number) {
-        if (const auto status = perform(files, number, each, calls, records)) {
+        if (!files.read(number, records)) {
+            lacking.push_back(number);
+        } else if (lacking.empty()) {
+            if (const auto status = take(files, number, calls, records)) {
+                return status;
+            }
+        }
+    }
+    return lacking.empty() ? std::nullopt : std::optional(tell_lacking(files, lacking));
+}
+
+std::optional<int> perform_all(const PartFiles& files, const PartRun& run, const PartCalls& calls) {
+    Json records;
+    for (int number = 1; number <= files.count(); ++number) {
+        if (const auto status = perform(files, number, run, calls, records)) {
             return status;
         }
         if (const auto status = take(files, number, calls, records)) {
             return status;
         }
     }
-    files.remove_strays();
     return std::nullopt;
 }
 
+}  // namespace
+
+std::optional<int> run_parts(const PartFiles& files, const PartRun& run, const PartCalls& calls) {
+    if (run.options.part) {
+        Json records;
+        const auto number = static_cast<int>(*run.options.part);
+        return perform(files, number, run, calls, records).value_or(kDone);
+    }
+    const auto status =
+        run.options.collect ? collect(files, calls) : perform_all(files, run, calls);
+    if (!status) {
+        files.remove_strays();
+    }
+    return status;
+}
+
 int tell_unlike(const PartFiles& files, int number, const std::string& mistake) {
-    print(stderr, "ovri: {} {}; draw it again by --part {} --overwrite\n", files.path(number),
+    print(stderr, "ovri: {} {}; draw it again by --part={} --overwrite\n", files.path(number),
           mistake, number);
     return kNotCompleted;
 }
