@@ -260,7 +260,7 @@ void fill_sampling(Exporter& exporter, const StudySampling& sampling) {
     constexpr double kBurnInIntervals = 10.0;
     const StudyNetwork& network = exporter.study.network;
     const auto n = static_cast<double>(network.actors.size());
-    const double dyads = n * (n - 1.0) / (network.directed ? 1.0 : 2.0);
+    const double dyads = dyads_in(network);
     const double density = static_cast<double>(network.ties.size()) / dyads;
     const double chosen = std::ceil(std::max({kMultiplication * density * (1.0 - density) * n * n,
                                               std::min(dyads, kEnoughProposals), 1.0}));

@@ -26,22 +26,6 @@ double column_sd(const Matrix& samples, int column, double mean) {
     return samples.rows > 0 ? std::sqrt(sum / samples.rows) : kNoNumber;
 }
 
-double largest_autocorrelation(const Matrix& samples, const std::vector<double>& means) {
-    double largest = 0.0;
-    for (int column = 0; column < samples.columns; ++column) {
-        const double mean = means[static_cast<std::size_t>(column)];
-        double products = 0.0;
-        double squares = 0.0;
-        for (int row = 0; row < samples.rows; ++row) {
-            const double deviation = samples[row][column] - mean;
-            squares += deviation * deviation;
-            products += row > 0 ? deviation * (samples[row - 1][column] - mean) : 0.0;
-        }
-        largest = squares > 0.0 ? std::max(largest, products / squares) : largest;
-    }
-    return largest;
-}
-
 // The largest in size; infinite where one is not a number.
 double largest_size(const std::vector<double>& values) {
     double largest = 0.0;
@@ -243,7 +227,8 @@ void estimate_by_approximation(const Study& study, const StudySelection& resolve
         const bool ended = found.verdict != EstimationVerdict::degenerate;
         const double largest =
             ended ? largest_size(found.t_ratios) : std::numeric_limits<double>::infinity();
-        const double alike = largest_autocorrelation(found.phase3.statistics, found.phase3.means);
+        const double alike =
+            largest_autocorrelation(found.phase3.statistics, found.phase3.means, 1);
         estimate.attempts.push_back({settings.multiplication_factor, largest, alike, false});
         if (attempt == 0 || largest < best) {
             best = largest;

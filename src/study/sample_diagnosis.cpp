@@ -177,6 +177,24 @@ class RaySimplex {
 
 }  // namespace
 
+double largest_autocorrelation(const Matrix& samples, const std::vector<double>& means,
+                               int chains) {
+    const int length = std::max(samples.rows / chains, 1);
+    double largest = 0.0;
+    for (int column = 0; column < samples.columns; ++column) {
+        const double mean = means[static_cast<std::size_t>(column)];
+        double products = 0.0;
+        double squares = 0.0;
+        for (int row = 0; row < samples.rows; ++row) {
+            const double deviation = samples[row][column] - mean;
+            squares += deviation * deviation;
+            products += row % length > 0 ? deviation * (samples[row - 1][column] - mean) : 0.0;
+        }
+        largest = squares > 0.0 ? std::max(largest, products / squares) : largest;
+    }
+    return largest;
+}
+
 SampleMoments sample_moments(const Matrix& samples) {
     const int p = samples.columns;
     SampleMoments moments{std::vector<double>(static_cast<std::size_t>(p), 0.0),

@@ -18,6 +18,10 @@ SampleMoments sample_moments(const Matrix& samples);
 // The column's values in order.
 std::vector<double> sample_column(const Matrix& samples, int column);
 
+// Largest correlation of a column with itself one sample later in the same chain, about the
+// columns' means; 0 where no column moved or every one turns.
+double largest_autocorrelation(const Matrix& samples, const std::vector<double>& means, int chains);
+
 // Integrated autocorrelation time in samples, at least 1: so many samples are worth one that is
 // independent of the others. Geyer (1992), Practical Markov chain Monte Carlo, Statistical Science
 // 7: the initial monotone sequence, its autocovariances about the mean of all chains, so that

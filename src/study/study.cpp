@@ -65,6 +65,16 @@ std::optional<EstimationMethod> estimation_method_of(const std::string& name) {
     return std::nullopt;
 }
 
+double dyads_in(const StudyNetwork& network) {
+    const auto n = static_cast<double>(network.actors.size());
+    return n * (n - 1.0) / (network.directed ? 1.0 : 2.0);
+}
+
+double free_dyads(const Study& study) {
+    return study.dyads.restricted ? static_cast<double>(study.dyads.free.size())
+                                  : dyads_in(study.network);
+}
+
 const StudyAttribute* find_attribute(const Study& study, const std::string& name) {
     return find_named(study.attributes, name);
 }

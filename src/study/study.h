@@ -123,6 +123,11 @@ struct Study {
     StudySettings settings;
 };
 
+// Dyads of a network: ordered pairs of actors where it is directed.
+double dyads_in(const StudyNetwork& network);
+// Those that may change.
+double free_dyads(const Study& study);
+
 // Null when there is none of that name; names compare without regard to case, "-" and "_".
 const StudyAttribute* find_attribute(const Study& study, const std::string& name);
 const StudyCovariate* find_covariate(const Study& study, const std::string& name);

@@ -17,14 +17,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-std::vector<double> estimates_of(const StudyEstimate& estimate) {
-    std::vector<double> values;
-    for (const EffectEstimate& each : estimate.effects) {
-        values.push_back(each.estimate);
-    }
-    return values;
-}
-
 // Ten autocorrelation times, of which an interval is a third; where nothing was simulated, as many
 // proposals as pick every tie some 25 times.
 std::int64_t burn_in_of(const Study& study, const StudyEstimate& estimate) {
@@ -111,8 +103,8 @@ class Replicates {
         BootstrapReplicate replicate;
         replicate.verdict = found.verdict;
         replicate.proposals = found.proposals;
+        replicate.estimates = estimates_of(found);
         for (const EffectEstimate& each : found.effects) {
-            replicate.estimates.push_back(each.estimate);
             replicate.standard_errors.push_back(each.standard_error);
         }
         return replicate;

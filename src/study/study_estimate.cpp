@@ -1,6 +1,7 @@
 #include "study/study_estimate.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -43,6 +44,15 @@ void describe_model(const Study& study, StudyChain<Network>& run, const StudySel
     }
 }
 
+struct VerdictName {
+    StudyVerdict verdict;
+    const char* name;
+};
+constexpr std::array<VerdictName, 4> kVerdicts = {{{StudyVerdict::converged, "converged"},
+                                                   {StudyVerdict::not_converged, "not_converged"},
+                                                   {StudyVerdict::not_identified, "not_identified"},
+                                                   {StudyVerdict::degenerate, "degenerate"}}};
+
 // Dyads that may change, and how many of them are tied.
 struct FreeTies {
     double dyads = 0.0;
@@ -50,15 +60,13 @@ struct FreeTies {
 };
 
 FreeTies free_ties(const Study& study) {
-    const StudyNetwork& network = study.network;
-    const auto n = static_cast<double>(network.actors.size());
+    const std::vector<ActorTie>& ties = study.network.ties;
     if (!study.dyads.restricted) {
-        return {n * (n - 1.0) / (network.directed ? 1.0 : 2.0),
-                static_cast<double>(network.ties.size())};
+        return {free_dyads(study), static_cast<double>(ties.size())};
     }
-    FreeTies free{static_cast<double>(study.dyads.free.size()), 0.0};
+    FreeTies free{free_dyads(study), 0.0};
     for (const ActorTie& dyad : study.dyads.free) {
-        free.ties += std::binary_search(network.ties.begin(), network.ties.end(), dyad) ? 1.0 : 0.0;
+        free.ties += std::binary_search(ties.begin(), ties.end(), dyad) ? 1.0 : 0.0;
     }
     return free;
 }
@@ -91,15 +99,11 @@ void add_likelihood(const Study& study, const StudySelection& resolved, StudyEst
     if (!drifting_effects(all_estimated, resolved).ok()) {
         return;
     }
-    std::vector<double> parameters;
-    for (const EffectEstimate& each : estimate.effects) {
-        parameters.push_back(each.estimate);
-    }
     LikelihoodSettings settings;
     settings.chains = study.settings.estimation.chains;
     settings.threads = study.settings.run.threads;
-    const StudyLikelihood found =
-        study_likelihood(study, resolved, parameters, estimate.seed, settings, progress);
+    const StudyLikelihood found = study_likelihood(study, resolved, estimates_of(estimate),
+                                                   estimate.seed, settings, progress);
     estimate.log_likelihood = found.value;
     estimate.log_likelihood_error = found.mc_error;
     estimate.proposals += found.proposals;
@@ -169,17 +173,26 @@ void add_number_problems(const Study& study, Problems& problems) {
 }  // namespace
 
 const char* study_verdict_name(StudyVerdict verdict) {
-    switch (verdict) {
-        case StudyVerdict::converged:
-            return "converged";
-        case StudyVerdict::not_converged:
-            return "not_converged";
-        case StudyVerdict::not_identified:
-            return "not_identified";
-        case StudyVerdict::degenerate:
-            break;
+    return std::find_if(kVerdicts.begin(), kVerdicts.end(),
+                        [verdict](const VerdictName& each) { return each.verdict == verdict; })
+        ->name;
+}
+
+std::optional<StudyVerdict> study_verdict_of(const std::string& name) {
+    for (const VerdictName& each : kVerdicts) {
+        if (name == each.name) {
+            return each.verdict;
+        }
     }
-    return "degenerate";
+    return std::nullopt;
+}
+
+std::vector<double> estimates_of(const StudyEstimate& estimate) {
+    std::vector<double> values;
+    for (const EffectEstimate& each : estimate.effects) {
+        values.push_back(each.estimate);
+    }
+    return values;
 }
 
 const char* estimate_method_name(const StudyEstimate& estimate) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,7 @@ enum class StudyVerdict {
 
 // "converged", "not_converged", "not_identified", "degenerate".
 const char* study_verdict_name(StudyVerdict verdict);
+std::optional<StudyVerdict> study_verdict_of(const std::string& name);
 
 // One effect, in the order of the study's model. A number that does not exist is NaN.
 struct EffectEstimate {
@@ -103,6 +105,9 @@ struct StudyEstimate {
     double proposals = 0.0;
     double seconds = 0.0;
 };
+
+// Of the effects, in order.
+std::vector<double> estimates_of(const StudyEstimate& estimate);
 
 // "exact", "mple", "mcmle", "stochastic-approximation": what was done.
 const char* estimate_method_name(const StudyEstimate& estimate);

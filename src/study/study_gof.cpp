@@ -7,6 +7,7 @@
 #include "fit/parameter_draws.h"
 #include "study/gof_measures.h"
 #include "study/gof_summary.h"
+#include "study/sample_diagnosis.h"
 #include "study/shared_work.h"
 #include "study/study_chain.h"
 #include "study/study_chains.h"
@@ -59,29 +60,6 @@ Matrix parameter_sets(const std::vector<double>& parameters, const GofSettings& 
         }
     }
     return sets;
-}
-
-// Largest correlation of a statistic with itself one sample later, over the chains.
-double largest_autocorrelation(const ChainSamples& samples) {
-    const Matrix& rows = samples.statistics;
-    double largest = 0.0;
-    for (int column = 0; column < rows.columns; ++column) {
-        double mean = 0.0;
-        for (int row = 0; row < rows.rows; ++row) {
-            mean += rows[row][column] / rows.rows;
-        }
-        double squares = 0.0;
-        double products = 0.0;
-        for (int row = 0; row < rows.rows; ++row) {
-            const double deviation = rows[row][column] - mean;
-            squares += deviation * deviation;
-            products += samples.draw[static_cast<std::size_t>(row)] > 0
-                            ? deviation * (rows[row - 1][column] - mean)
-                            : 0.0;
-        }
-        largest = squares > 0.0 ? std::max(largest, products / squares) : largest;
-    }
-    return largest;
 }
 
 // The samples of one test: drawn by a number of chains, each with its share of them.
@@ -186,7 +164,8 @@ class GofRun {
                 chains.run(parameters_, before, interval_, kPilotSamples, progress_);
             proposals_ += pilot.proposals;
             before = 0;
-            const double alike = largest_autocorrelation(pilot);
+            const double alike = largest_autocorrelation(
+                pilot.statistics, sample_moments(pilot.statistics).means, kDefaultChains);
             if (alike < kAlike) {
                 return;
             }

@@ -9,28 +9,22 @@
 
 namespace {
 
-double dyads_of(const Study& study) {
-    const auto n = static_cast<double>(study.network.actors.size());
-    return study.dyads.restricted ? static_cast<double>(study.dyads.free.size())
-                                  : n * (n - 1.0) / (study.network.directed ? 1.0 : 2.0);
-}
-
 // The cap that could ever refuse a tie.
 bool capped(const Study& study) {
     return study.dyads.max_degree &&
            *study.dyads.max_degree + 1 < static_cast<int>(study.network.actors.size());
 }
 
-void add_criteria(const Study& study, StudyLikelihood& found) {
-    for (const StudyEffect& effect : study.model.effects) {
-        found.parameters += effect.fixed ? 0 : 1;
-    }
-    found.deviance = -2.0 * found.value;
-    found.aic = found.deviance + 2.0 * found.parameters;
-    found.bic = found.deviance + std::log(found.dyads) * found.parameters;
-}
-
 }  // namespace
+
+LikelihoodCriteria likelihood_criteria(double value, const Study& study) {
+    const auto parameters =
+        static_cast<double>(std::count_if(study.model.effects.begin(), study.model.effects.end(),
+                                          [](const StudyEffect& effect) { return !effect.fixed; }));
+    const double deviance = -2.0 * value;
+    return {deviance, deviance + 2.0 * parameters,
+            deviance + std::log(free_dyads(study)) * parameters};
+}
 
 bool dyad_independent(const StudySelection& resolved) {
     const std::vector<Dependence> dependences = effect_dependences(resolved);
@@ -43,7 +37,7 @@ StudyLikelihood study_likelihood(const Study& study, const StudySelection& resol
                                  const std::vector<double>& parameters, std::uint64_t seed,
                                  const LikelihoodSettings& settings, RunProgress& progress) {
     StudyLikelihood found;
-    found.dyads = dyads_of(study);
+    found.dyads = free_dyads(study);
     found.exact = dyad_independent(resolved) && !capped(study);
     if (capped(study)) {
         found.value = kNoNumber;
@@ -62,6 +56,5 @@ StudyLikelihood study_likelihood(const Study& study, const StudySelection& resol
             found.proposals = path.proposals();
         }
     }
-    add_criteria(study, found);
     return found;
 }

@@ -12,15 +12,20 @@
 
 #include "study/constant_path.h"
 
+// What weighs a log-likelihood against the number of parameters that were estimated.
+struct LikelihoodCriteria {
+    double deviance = 0.0;  // -2 x the log-likelihood
+    double aic = 0.0;  // deviance + 2 x parameters (Akaike 1974, IEEE Trans. Autom. Control 19)
+    double bic = 0.0;  // deviance + log(N) x parameters (Schwarz 1978, Annals of Statistics 6)
+};
+// `value`: the log-likelihood of the study's model; N its free dyads.
+LikelihoodCriteria likelihood_criteria(double value, const Study& study);
+
 // A number that does not exist is NaN.
 struct StudyLikelihood {
     double value = 0.0;
     double mc_error = 0.0;    // standard error of `value`; 0 where it is exact
     double null_value = 0.0;  // with every parameter at 0: -N log 2, N the dyads that may change
-    double deviance = 0.0;    // -2 x value
-    double aic = 0.0;         // deviance + 2 x parameters that were estimated
-    double bic = 0.0;         // deviance + log(N) x parameters that were estimated
-    int parameters = 0;       // those that were estimated
     double dyads = 0.0;       // N
     bool exact = false;
     int points = 0;  // of the path, both ends among them; 0 where it is exact

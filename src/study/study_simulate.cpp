@@ -17,16 +17,16 @@ std::int64_t chosen_interval(double dyads, double step) {
 
 // A simulation at the study's own network, with the proposals that it will take.
 template <class Network>
-StudySimulation planned(StudyChain<Network>& run, const StudySampling& sampling) {
+StudySimulation planned(const Study& study, StudyChain<Network>& run,
+                        const StudySampling& sampling) {
     constexpr double kMultiplication = 30.0;
     constexpr std::int64_t kBurnInIntervals = 10;
     Network& network = run.network();
-    const double n = network.vertices;
     StudySimulation simulation;
     simulation.observed = run.by_effect(network.statistics.data());
     simulation.interval = sampling.interval > 0
                               ? sampling.interval
-                              : chosen_interval(n * (n - 1.0) / (kDirected<Network> ? 1.0 : 2.0),
+                              : chosen_interval(dyads_in(study.network),
                                                 proposals_per_step(network, kMultiplication));
     simulation.burn_in =
         sampling.burn_in > 0 ? sampling.burn_in : kBurnInIntervals * simulation.interval;
@@ -40,7 +40,7 @@ StudySimulation simulate(const Study& study, const StudySelection& resolved,
                          const std::function<void(const StudySample&)>& visit) {
     StudyChain<Network> run(study, resolved, std::move(placed), seed);
     Network& network = run.network();
-    StudySimulation simulation = planned(run, sampling);
+    StudySimulation simulation = planned(study, run, sampling);
     Chain<Network> chain = run.chain();
     progress_start(progress, RunStage::burn_in, static_cast<double>(simulation.burn_in));
     burn_in_run(chain, static_cast<double>(simulation.burn_in), progress);
@@ -68,7 +68,7 @@ StudySimulation simulate_part(const Study& study, const StudySelection& resolved
                               const std::function<void(const StudySample&)>& visit) {
     constexpr std::uint64_t kStreams = 0x73696D756C617465U;
     StudyChain<Network> counter(study, resolved, study_parameters(study, resolved), seed);
-    StudySimulation simulation = planned(counter, sampling);
+    StudySimulation simulation = planned(study, counter, sampling);
     RandomStream seeds(seed ^ kStreams, static_cast<std::uint64_t>(part.number));
     StudyChains chain(study, resolved, seeds.bits(), 1, 1);
     const auto interval = static_cast<double>(simulation.interval);

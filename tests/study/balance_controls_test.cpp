@@ -10,36 +10,6 @@
 
 namespace {
 
-// Every network that the free dyads allow, the other ties as observed.
-std::vector<std::vector<ActorTie>> all_networks(const Study& study) {
-    std::vector<ActorTie> free = study.dyads.free;
-    const int n = static_cast<int>(study.network.actors.size());
-    for (int i = 0; i < n && !study.dyads.restricted; ++i) {
-        for (int j = study.network.directed ? 0 : i + 1; j < n; ++j) {
-            if (i != j) {
-                free.push_back({i, j});
-            }
-        }
-    }
-    std::vector<std::vector<ActorTie>> all;
-    for (std::uint32_t code = 0; code < (1U << free.size()); ++code) {
-        std::vector<ActorTie> ties;
-        for (const ActorTie& tie : study.network.ties) {
-            if (std::find(free.begin(), free.end(), tie) == free.end()) {
-                ties.push_back(tie);
-            }
-        }
-        for (std::size_t k = 0; k < free.size(); ++k) {
-            if (((code >> k) & 1U) != 0) {
-                ties.push_back(free[k]);
-            }
-        }
-        std::sort(ties.begin(), ties.end());
-        all.push_back(ties);
-    }
-    return all;
-}
-
 SampledNetwork handed(Graph& graph) { return {.graph = &graph, .digraph = nullptr}; }
 SampledNetwork handed(Digraph& digraph) { return {.graph = nullptr, .digraph = &digraph}; }
 

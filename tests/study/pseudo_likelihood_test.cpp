@@ -28,37 +28,6 @@ IndependentChoices pseudo_of(const Study& study) {
     return pseudo_choices(study, resolved);
 }
 
-// Networks of the study's actors: every set of its dyads, or of its free ones.
-std::vector<std::vector<ActorTie>> all_networks(const Study& study) {
-    std::vector<ActorTie> dyads;
-    std::vector<ActorTie> kept;
-    const int n = static_cast<int>(study.network.actors.size());
-    for (int i = 0; i < n; ++i) {
-        for (int j = study.network.directed ? 0 : i + 1; j < n; ++j) {
-            const ActorTie dyad{i, j};
-            const auto& free = study.dyads.free;
-            const bool may_change =
-                !study.dyads.restricted || std::find(free.begin(), free.end(), dyad) != free.end();
-            const auto& ties = study.network.ties;
-            if (i != j && may_change) {
-                dyads.push_back(dyad);
-            } else if (std::find(ties.begin(), ties.end(), dyad) != ties.end()) {
-                kept.push_back(dyad);
-            }
-        }
-    }
-    std::vector<std::vector<ActorTie>> networks;
-    for (unsigned set = 0; set < (1U << dyads.size()); ++set) {
-        networks.push_back(kept);
-        for (std::size_t k = 0; k < dyads.size(); ++k) {
-            if ((set >> k & 1U) != 0) {
-                networks.back().push_back(dyads[k]);
-            }
-        }
-    }
-    return networks;
-}
-
 template <class Network>
 std::vector<double> counted(Study study, const std::vector<ActorTie>& ties) {
     study.network.ties = ties;

@@ -10,16 +10,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Throws where there is no such verdict.
-StudyVerdict verdict_at(const Json& json) {
-    Json verdicts;
-    for (const StudyVerdict each : {StudyVerdict::converged, StudyVerdict::not_converged,
-                                    StudyVerdict::not_identified, StudyVerdict::degenerate}) {
-        verdicts[study_verdict_name(each)] = static_cast<int>(each);
-    }
-    return static_cast<StudyVerdict>(verdicts.at(json.at("verdict").get<std::string>()).get<int>());
-}
-
 }  // namespace
 
 std::optional<int> DividedBootstrap::run(const PartRun& run) {
@@ -91,7 +81,11 @@ std::string DividedBootstrap::take(const Json& records) {
     taken_at_ = taken_at;
     seconds_ += records.at("seconds").get<double>();
     for (const Json& json : records.at("replicates")) {
-        all_.push_back({verdict_at(json), exact_numbers_at(json.at("estimates")),
+        const auto verdict = study_verdict_of(json.at("verdict").get<std::string>());
+        if (!verdict) {
+            return "is damaged";
+        }
+        all_.push_back({*verdict, exact_numbers_at(json.at("estimates")),
                         exact_numbers_at(json.at("standard_errors")),
                         json.at("proposals").get<double>()});
     }
@@ -111,11 +105,6 @@ void DividedBootstrap::find_estimate(RunProgress& progress) {
 }
 
 std::vector<double> DividedBootstrap::drawn_at() const {
-    std::vector<double> estimates;
-    if (estimate_->verdict == StudyVerdict::converged) {
-        for (const EffectEstimate& each : estimate_->effects) {
-            estimates.push_back(each.estimate);
-        }
-    }
-    return estimates;
+    return estimate_->verdict == StudyVerdict::converged ? estimates_of(*estimate_)
+                                                         : std::vector<double>();
 }

@@ -1,28 +1,25 @@
 #include "commands/estimate_record.h"
 
-#include <algorithm>
 #include <cmath>
+
+#include "study/study_likelihood.h"
 
 namespace {
 
-// Akaike's and Schwarz's criteria count estimated parameters, the latter free dyads too.
 ResultLikelihood likelihood_of(const StudyEstimate& found, const Study& study) {
     ResultLikelihood likelihood;
-    const double dyads = free_dyads(study);
     if (!study.dyads.max_degree) {
-        likelihood.null_model = -dyads * std::log(2.0);
+        likelihood.null_model = -free_dyads(study) * std::log(2.0);
     }
     if (found.verdict != StudyVerdict::converged) {
         return likelihood;
     }
-    const auto parameters =
-        static_cast<double>(std::count_if(found.effects.begin(), found.effects.end(),
-                                          [](const EffectEstimate& each) { return !each.fixed; }));
+    const LikelihoodCriteria criteria = likelihood_criteria(found.log_likelihood, study);
     likelihood.value = found.log_likelihood;
     likelihood.mc_error = found.log_likelihood_error;
-    likelihood.deviance = -2.0 * found.log_likelihood;
-    likelihood.aic = likelihood.deviance + 2.0 * parameters;
-    likelihood.bic = likelihood.deviance + std::log(dyads) * parameters;
+    likelihood.deviance = criteria.deviance;
+    likelihood.aic = criteria.aic;
+    likelihood.bic = criteria.bic;
     return likelihood;
 }
 

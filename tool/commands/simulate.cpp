@@ -132,16 +132,15 @@ ResultRecord result_of(const DrawnNetworks& drawn, const StudyInput& input, std:
     return result;
 }
 
-void show(const ResultRecord& result, const std::string& sample, const SimulateOptions& options,
-          const ResultsFolder& folder) {
+void show(const ResultRecord& result, int networks, const std::string& sample,
+          const SimulateOptions& options, const ResultsFolder& folder) {
     if (options.json) {
         print(stdout, "{}", result_json(result));
     } else if (options.csv) {
         print(stdout, "{}", sample);
     } else {
         print(stdout, "{}\n{}, seed {}\nresults: {}\n", simulation_table(result),
-              counted(static_cast<int>(options.samples.value_or(0)), "network"), result.seed,
-              folder.directory());
+              counted(networks, "network"), result.seed, folder.directory());
     }
 }
 
@@ -186,9 +185,7 @@ int conclude(const DrawnNetworks& drawn, StudyInput& input, RunLog& log,
     if (!folder.failures().empty()) {
         return tell_failures(folder);
     }
-    SimulateOptions shown = options;
-    shown.samples = static_cast<std::uint32_t>(drawn.simulation.samples);
-    show(result, sample, shown, folder);
+    show(result, drawn.simulation.samples, sample, options, folder);
     return lost_output(stdout) ? tell_failures(folder) : kDone;
 }
 

@@ -14,11 +14,6 @@
 
 namespace {
 
-double dyads_of(const StudyNetwork& network) {
-    const auto n = static_cast<double>(network.actors.size());
-    return n * (n - 1.0) / (network.directed ? 1.0 : 2.0);
-}
-
 // The type of each attribute as it was read, where the model file left it to the guess.
 void settle_types(const Study& study, ModelFile& model) {
     for (const StudyAttribute& attribute : study.attributes) {
@@ -160,13 +155,8 @@ void write_model(ModelFile settled, const StudyInput& input, ResultsFolder& fold
 
 ResultNetwork result_network(const StudyInput& input) {
     const StudyNetwork& network = input.files.study.network;
-    const double dyads = dyads_of(network);
+    const double dyads = dyads_in(network);
     const auto ties = static_cast<int>(network.ties.size());
     return {input.model.network.file, network.directed, static_cast<int>(network.actors.size()),
             ties, dyads > 0.0 ? ties / dyads : kNoNumber};
-}
-
-double free_dyads(const Study& study) {
-    return study.dyads.restricted ? static_cast<double>(study.dyads.free.size())
-                                  : dyads_of(study.network);
 }

@@ -51,6 +51,3 @@ ModelFile settled_model(const StudyInput& input);
 void write_model(ModelFile settled, const StudyInput& input, ResultsFolder& folder);
 
 ResultNetwork result_network(const StudyInput& input);
-
-// Dyads of the network that may change.
-double free_dyads(const Study& study);
