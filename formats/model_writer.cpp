@@ -126,6 +126,7 @@ void write_settings(ModelText& out, const ModelFile& model) {
     out.number("precision", estimation.precision);
     out.number("time_limit", estimation.time_limit);
     out.whole("chains", estimation.chains);
+    out.whole("bootstrap", estimation.bootstrap);
     out.whole("subphases", estimation.subphases);
     out.number("gain", estimation.gain);
     out.whole("multiplication", estimation.multiplication);

@@ -1,10 +1,11 @@
 #include "formats/settings_section.h"
 
 #include "study/names.h"
+#include "study/study_bootstrap.h"
 
 std::vector<std::string> estimation_keys() {
-    return {"method",    "attempts", "precision",      "time_limit", "chains",
-            "subphases", "gain",     "multiplication", "samples"};
+    return {"method",    "attempts",  "precision", "time_limit",     "chains",
+            "bootstrap", "subphases", "gain",      "multiplication", "samples"};
 }
 
 void read_estimation_keys(SectionReader& reader, StudyEstimation& estimation) {
@@ -25,6 +26,7 @@ void read_estimation_keys(SectionReader& reader, StudyEstimation& estimation) {
     reader.number("precision", estimation.precision, {0, 1});
     reader.number("time_limit", estimation.time_limit, {0, 1e9});
     reader.whole("chains", estimation.chains, {1, 1000});
+    reader.whole("bootstrap", estimation.bootstrap, {0, kMostReplicates});
     reader.whole("subphases", estimation.subphases, {1, 20});
     reader.number("gain", estimation.gain, {1e-6, 10});
     reader.whole("multiplication", estimation.multiplication, {1, 1000000});

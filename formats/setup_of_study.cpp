@@ -313,6 +313,9 @@ void check_study(Exporter& exporter) {
                     "the covariance matrix that an estimation of the model wrote",
                     "write covariance = \"results/covariance_NAME.txt\" under [host]");
     }
+    if (estimation && exporter.study.settings.estimation.bootstrap > 0) {
+        exporter.result.notes.emplace_back("a setup file's run has no bootstrap");
+    }
     const EstimationMethod method = exporter.study.settings.estimation.method;
     if (estimation && (method == EstimationMethod::mple || method == EstimationMethod::mcmle)) {
         exporter.result.notes.push_back(

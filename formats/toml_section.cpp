@@ -34,13 +34,19 @@ const char* type_name(const toml::node& node) {
     }
 }
 
+// People read 1000000 where the shortest text is 1e+06.
+std::string bound_text(double bound) {
+    constexpr double kMostInFull = 1e9;
+    const bool whole = std::fabs(bound) <= kMostInFull && std::floor(bound) == bound;
+    return whole ? std::to_string(static_cast<std::int64_t>(bound)) : number_text(bound);
+}
+
 std::string range_text(const NumberRange& range, const char* what) {
     if (std::isinf(range.most)) {
         return std::isinf(range.least) ? std::string(what)
-                                       : std::string(what) + " from " + number_text(range.least);
+                                       : std::string(what) + " from " + bound_text(range.least);
     }
-    return std::string(what) + " from " + number_text(range.least) + " to " +
-           number_text(range.most);
+    return std::string(what) + " from " + bound_text(range.least) + " to " + bound_text(range.most);
 }
 
 }  // namespace

@@ -80,6 +80,7 @@ struct StudyEstimation {
     double precision = 0.0;
     double time_limit = 0.0;  // seconds; 0 for none
     int chains = 8;           // that simulate side by side; results depend on it, not on threads
+    int bootstrap = 0;        // networks of a parametric bootstrap behind it; 0 for none
     // Of the stochastic approximation: its sub-phases, the gain of the first, the length of a step
     // in units of d (1 - d) n^2 proposals (d the observed density), and the samples of phase 3.
     int subphases = 5;

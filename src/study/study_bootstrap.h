@@ -15,6 +15,8 @@
 #include "study/study_estimate.h"
 #include "study/work_part.h"
 
+constexpr int kMostReplicates = 1000000;
+
 // One network drawn, and what was estimated of it, by effect.
 struct BootstrapReplicate {
     StudyVerdict verdict = StudyVerdict::not_converged;
@@ -46,8 +48,8 @@ struct StudyBootstrap {
 // How many replicates came to this verdict.
 int replicates_with(const StudyBootstrap& bootstrap, StudyVerdict verdict);
 
-// Replicates at estimates that converged, on as many threads as the settings say. Throws RunStopped
-// when `progress` asks for the end; its work done counts replicates.
+// So many replicates at estimates that converged, on as many threads as the settings say. Throws
+// RunStopped when `progress` asks for the end; its work done counts replicates.
 StudyBootstrap study_bootstrap(const Study& study, const StudySelection& resolved,
                                const StudyEstimate& estimate, int replicates,
                                RunProgress& progress);

@@ -36,6 +36,7 @@ max_degree = 12
 method   = "stochastic-approximation"
 attempts = 3
 precision = 0.05
+bootstrap = 40
 
 [gof]
 samples  = 500
@@ -95,6 +96,7 @@ TEST(ModelFile, SaysEverything) {
     EXPECT_EQ(model.max_degree, 12);
     EXPECT_EQ(model.settings.estimation.method, EstimationMethod::stochastic_approximation);
     EXPECT_EQ(model.settings.estimation.attempts, 3);
+    EXPECT_EQ(model.settings.estimation.bootstrap, 40);
     EXPECT_EQ(model.settings.gof.samples, 500);
     EXPECT_EQ(model.settings.simulation.interval, 50);
     EXPECT_EQ(model.settings.run.seed, 4294967295U);
@@ -109,6 +111,7 @@ TEST(ModelFile, IsWrittenAsItReads) {
     EXPECT_EQ(back.network.file, model.network.file);
     EXPECT_EQ(back.covariates[1].file, model.covariates[1].file);
     EXPECT_EQ(back.settings.run.seed, model.settings.run.seed);
+    EXPECT_EQ(back.settings.estimation.bootstrap, 40);
     EXPECT_NE(model_text(model, "dir/results").find("file = \"../karate.csv\""), std::string::npos);
     EXPECT_NE(model_text(read_text(kLeast), "").find("attempts = 10"), std::string::npos);
 }
@@ -153,8 +156,14 @@ TEST(ModelFile, ValuesHaveTypesAndRanges) {
     EXPECT_EQ(seed.field, "`seed` in [run]");
     EXPECT_EQ(seed.expected, "a whole number from 0 to 4294967295");
     EXPECT_EQ(problem_of(kLeast + "[estimation]\nprecision = inf\n").expected, "a finite number");
+    const Problem bootstrap = problem_of(kLeast + "[estimation]\nbootstrap = 1000001\n");
+    EXPECT_EQ(bootstrap.line, 6);
+    EXPECT_EQ(bootstrap.column, 13);
+    EXPECT_EQ(bootstrap.field, "`bootstrap` in [estimation]");
+    EXPECT_EQ(bootstrap.expected, "a whole number from 0 to 1000000");
     for (const char* line :
-         {"[run]\nseed = 1.5\n", "[run]\nseed = \"1\"\n", "[gof]\nsamples = 0\n",
+         {"[estimation]\nbootstrap = -1\n", "[estimation]\nbootstrap = true\n",
+          "[run]\nseed = 1.5\n", "[run]\nseed = \"1\"\n", "[gof]\nsamples = 0\n",
           "[estimation]\nprecision = nan\n", "[estimation]\nattempts = true\n",
           "[dyads]\nfree = 3\n", "[dyads]\nfree = \"\"\n", "[covariates]\nd = 3\n",
           "[attributes]\na = { missing = \"drop\" }\n", "[attributes]\na = 1979-05-27\n"}) {

@@ -61,13 +61,14 @@ TEST_F(PlanFile, SaysEverything) {
 TEST_F(PlanFile, SettingsTakeThePlaceOfThoseThatAModelFileWrites) {
     const Plan plan = read(
         "networks = \"v/1.csv\"\nmodels = [[\"edge\"], \"closure.toml\"]\nseeds = [1]\n"
-        "[settings]\nsamples = 80\nmethod = \"stochastic-approximation\"\n");
+        "[settings]\nsamples = 80\nbootstrap = 20\nmethod = \"stochastic-approximation\"\n");
     ASSERT_TRUE(plan.ok());
     const StudyEstimation& listed = plan.models[0].model.settings.estimation;
     const StudyEstimation& written = plan.models[1].model.settings.estimation;
     EXPECT_EQ(listed.samples, 80);
     EXPECT_EQ(listed.attempts, StudyEstimation().attempts);
     EXPECT_EQ(written.samples, 80);
+    EXPECT_EQ(written.bootstrap, 20);
     EXPECT_EQ(written.attempts, 7);
     EXPECT_EQ(written.method, EstimationMethod::stochastic_approximation);
 }

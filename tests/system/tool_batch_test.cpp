@@ -106,6 +106,24 @@ TEST_F(ToolBatch, AJobIsWhatEstimateLeaves) {
               scratch.read("plan.results/jobs/0003/estimates.csv"));
 }
 
+TEST_F(ToolBatch, AJobDrawsTheBootstrapOfItsModelFileOrOfThePlan) {
+    scratch.write("stars.toml", "[model]\neffects = [\"edge\"]\n[estimation]\nbootstrap = 4\n");
+    scratch.write("plan.toml",
+                  "networks = \"villages/a.csv\"\ndirected = false\nmodels = [[\"edge\"], "
+                  "\"stars.toml\"]\nseeds = [1]\n");
+    ASSERT_EQ(batch({"-o", "file"}).status, 0) << result.err;
+    EXPECT_FALSE(scratch.exists("file/jobs/0001/bootstrap.csv"));
+    EXPECT_EQ(lines_of(scratch.read("file/jobs/0002/bootstrap.csv")).size(), 5U);
+    scratch.write("plan.toml", scratch.read("plan.toml") + "[settings]\nbootstrap = 3\n");
+    // Jobs that were done without are done again.
+    ASSERT_EQ(batch({"-o", "file"}).status, 0) << result.err;
+    for (const char* job : {"0001", "0002"}) {
+        const std::string folder = std::string("file/jobs/") + job;
+        EXPECT_EQ(lines_of(scratch.read(folder + "/bootstrap.csv")).size(), 4U) << job;
+        EXPECT_EQ(Json::parse(scratch.read(folder + "/result.json"))["bootstrap"]["replicates"], 3);
+    }
+}
+
 TEST_F(ToolBatch, WorkersChangeNoByte) {
     const std::string whole = expected();
     for (const char* workers : {"1", "5"}) {
@@ -315,6 +333,17 @@ TEST_F(ToolBatch, SlurmIsAskedForAnArrayWithTimeAndMemory) {
     EXPECT_TRUE(scratch.exists("out/jobs/0004/result.json"));
     EXPECT_FALSE(scratch.exists("out/jobs/0005"));
     EXPECT_EQ(shell("sh -n out/submit.sh && sh -n out/collect.sh").status, 0);
+}
+
+TEST_F(ToolBatch, SlurmIsAskedForTheTimeOfABootstrap) {
+    scratch.write("plan.toml", std::string(kPlan) + "bootstrap = 1000000\n");
+    ASSERT_EQ(batch({"-o", "out", "--emit", "slurm"}).status, 0) << result.err;
+    const std::string asked = "#SBATCH --time=";
+    const std::string array = scratch.read("out/array.sh");
+    const std::size_t place = array.find(asked);
+    ASSERT_NE(place, std::string::npos) << array;
+    // A million replicates of a millisecond each, at the least.
+    EXPECT_GT(std::stod(array.substr(place + asked.size())), 16.0) << array;
 }
 
 TEST_F(ToolBatch, NetworksThatDidNotConvergeAreLeftOutOfThePool) {

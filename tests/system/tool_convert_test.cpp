@@ -219,6 +219,11 @@ TEST_F(ToolConvert, WhatNoSetupFileCanSayIsRefused) {
     EXPECT_EQ(convert({"m.toml", "b.setup", "--run", "bayesian-gof"}).status, 1);
     EXPECT_TRUE(err_says("no `covariance`")) << result.err;
     EXPECT_EQ(convert({"m.toml", "b.setup", "--run", "nothing"}).status, 2);
+    scratch.write("m.toml",
+                  "[network]\nfile = \"friends.csv\"\ndirected = false\n[model]\neffects = "
+                  "[\"edge\"]\n[estimation]\nbootstrap = 9\n");
+    EXPECT_EQ(convert({"m.toml", "c.setup"}).status, 0) << result.err;
+    EXPECT_TRUE(err_says("a setup file's run has no bootstrap")) << result.err;
 }
 
 TEST_F(ToolConvert, ASetupFileIsExplainedLineByLine) {

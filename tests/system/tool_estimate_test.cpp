@@ -1,8 +1,11 @@
 // "ovri estimate", driven as a person would, and its results folder.
 #include <cmath>
 #include <filesystem>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
+#include "support/text_pieces.h"
 #include "support/tool_runner.h"
 
 namespace {
@@ -82,6 +85,31 @@ TEST_F(ToolEstimate, BootstrapTellsPercentilesAndIsTheSameOnAnyNumberOfThreads) 
                      -2.0 * likelihood["value"].get<double>());
     estimate({"friends.toml", "-o", "none"});
     EXPECT_TRUE(document("none")["bootstrap"].is_null());
+}
+
+TEST_F(ToolEstimate, ABootstrapThatTheModelFileAsksForIsThatOfTheOption) {
+    const auto bootstrap_of = [&](std::vector<std::string> words, const std::string& folder) {
+        words.insert(words.end(), {"--effects", "edge", "-o", folder});
+        EXPECT_EQ(estimate(words).status, 0) << result.err;
+        EXPECT_EQ(out_says("bootstrap: "), scratch.exists(folder + "/bootstrap.csv"));
+        return scratch.exists(folder + "/bootstrap.csv") ? scratch.read(folder + "/bootstrap.csv")
+                                                         : "";
+    };
+    const std::string option = bootstrap_of({"friends.toml", "--bootstrap", "6"}, "option");
+    ASSERT_EQ(lines_of(option).size(), 7U);
+    EXPECT_NE(scratch.read("option/model.toml").find("\nbootstrap = 6\n"), std::string::npos);
+    EXPECT_EQ(bootstrap_of({"option/model.toml"}, "again"), option);
+    scratch.write("friends.toml", std::string(kModel) + "[estimation]\nbootstrap = 6\n");
+    EXPECT_EQ(bootstrap_of({"friends.toml"}, "file"), option);
+    // The option goes before the file, up or down.
+    const std::string three = bootstrap_of({"friends.toml", "--bootstrap", "3"}, "three");
+    EXPECT_EQ(lines_of(three).size(), 4U);
+    EXPECT_TRUE(option.starts_with(three)) << three;
+    EXPECT_EQ(bootstrap_of({"friends.toml", "--bootstrap", "0"}, "none"), "");
+    EXPECT_NE(scratch.read("none/model.toml").find("\nbootstrap = 0\n"), std::string::npos);
+    scratch.write("friends.toml", std::string(kModel) + "[estimation]\nbootstrap = 1.5\n");
+    EXPECT_EQ(estimate({"friends.toml"}).status, 1);
+    EXPECT_TRUE(err_says("friends.toml:11:13: `bootstrap` in [estimation]: found")) << result.err;
 }
 
 TEST_F(ToolEstimate, ShowsATableAVerdictAndTheResultsFolder) {

@@ -134,6 +134,15 @@ TEST_F(ToolParts, ABootstrapIsTakenUpAndNoticesAnotherModel) {
     EXPECT_EQ(ovri({"estimate", "club.toml", "--parts", "2"}).status, 2);
     EXPECT_TRUE(has(result.err, "add --bootstrap N")) << result.err;
     EXPECT_EQ(ovri({"estimate", "club.toml", "--bootstrap", "2", "--parts", "3"}).status, 2);
+    // The model file may say how many networks there are.
+    scratch.write("asks.toml", scratch.read("club.toml") + "[estimation]\nbootstrap = 13\n");
+    ASSERT_EQ(ovri({"estimate", "asks.toml", "--effects", "edge", "--parts", "4", "--quiet", "-o",
+                    "asked"})
+                  .status,
+              0)
+        << result.err;
+    expect_same("whole", "asked");
+    EXPECT_EQ(ovri({"estimate", "asks.toml", "--bootstrap", "0", "--parts", "2"}).status, 2);
     EXPECT_EQ(document_faults(scratch.read("out/parts/bootstrap-0001.json")),
               std::vector<std::string>());
 }

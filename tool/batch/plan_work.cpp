@@ -21,7 +21,8 @@ std::string job_list(const Plan& plan, const PlanCheck& check) {
     return text;
 }
 
-// With room for machines that are three times as slow, and for every attempt.
+// With room for machines that are three times as slow, for every attempt, and for each network of a
+// bootstrap.
 double job_minutes(const Plan& plan, const PlanCheck& check, double seconds_per_proposal) {
     double seconds = 0.0;
     for (const PlanModel& model : plan.models) {
@@ -34,7 +35,7 @@ double job_minutes(const Plan& plan, const PlanCheck& check, double seconds_per_
             if (estimation.time_limit > 0.0) {
                 all = std::min(all, 2.0 * estimation.time_limit + 3.0 * once);
             }
-            seconds = std::max(seconds, all);
+            seconds = std::max(seconds, all + once * 3.0 * estimation.bootstrap);
         }
     }
     return std::ceil((60.0 + seconds) / 60.0);

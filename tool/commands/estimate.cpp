@@ -32,7 +32,7 @@ struct EstimateOptions {
     std::string method;
     std::optional<std::uint32_t> attempts;
     std::optional<std::uint32_t> multiplication;
-    std::optional<std::uint32_t> bootstrap;  // replicates
+    std::optional<std::uint32_t> bootstrap;
     bool json = false;
     bool csv = false;
     bool quiet = false;
@@ -46,6 +46,10 @@ struct Performed {
     std::optional<StudyBootstrap> bootstrap;  // of estimates that may be used, where asked for
 };
 
+int replicates_of(const StudyInput& input) {
+    return input.files.study.settings.estimation.bootstrap;
+}
+
 bool shows_progress(const EstimateOptions& options) {
     return !options.quiet && is_terminal(stderr);
 }
@@ -55,7 +59,7 @@ std::optional<Performed> perform(StudyInput& input, std::uint32_t seed,
                                  const EstimateOptions& options) {
     Performed performed;
     const Study& study = input.files.study;
-    const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
+    const int replicates = replicates_of(input);
     // Parts of the job: those of the search, the log-likelihood and the bootstrap.
     const bool approximates =
         study.settings.estimation.method == EstimationMethod::stochastic_approximation;
@@ -143,6 +147,7 @@ ModelFile model_with_settings(const EstimateOptions& options) {
     estimation.attempts = static_cast<int>(options.attempts.value_or(estimation.attempts));
     estimation.multiplication =
         static_cast<int>(options.multiplication.value_or(estimation.multiplication));
+    estimation.bootstrap = static_cast<int>(options.bootstrap.value_or(estimation.bootstrap));
     estimation.method = estimation_method_of(options.method).value_or(estimation.method);
     return model;
 }
@@ -199,7 +204,7 @@ int conclude(const Performed& performed, StudyInput& input, RunLog& log,
     if (performed.bootstrap) {
         result.bootstrap = result_bootstrap(*performed.bootstrap);
         folder.write("bootstrap.csv", bootstrap_csv(*performed.bootstrap));
-    } else if (options.bootstrap.value_or(0) > 0 && !options.quiet) {
+    } else if (replicates_of(input) > 0 && !options.quiet) {
         print(stderr, "ovri: no bootstrap: the estimates are not to be used\n");
     }
     write_results(found, result, log, folder);
@@ -228,8 +233,7 @@ int run_study(StudyInput& input, const EstimateOptions& options, ResultsFolder& 
 int run_divided(StudyInput& input, const EstimateOptions& options, ResultsFolder& folder) {
     settle_seed(input);
     RunLog log(command_text(), input);
-    DividedBootstrap divided(input, static_cast<int>(*options.bootstrap), shows_progress(options),
-                             folder);
+    DividedBootstrap divided(input, replicates_of(input), shows_progress(options), folder);
     if (const auto status = divided.run({options.parts, options.folder.overwrite, options.quiet})) {
         return *status;
     }
@@ -239,17 +243,20 @@ int run_divided(StudyInput& input, const EstimateOptions& options, ResultsFolder
 
 // What is wrong with the words; empty when nothing is.
 std::string mistake_of(const EstimateOptions& options) {
-    constexpr std::uint32_t kMostReplicates = 1000000;
     if (std::string mistake = model_mistake(options.model); !mistake.empty()) {
         return mistake;
     }
-    if (options.bootstrap.value_or(0) > kMostReplicates) {
+    if (options.bootstrap > static_cast<std::uint32_t>(kMostReplicates)) {
         return fmt::format("`--bootstrap` takes a number up to {}", kMostReplicates);
     }
-    if (options.parts.divided() && options.bootstrap.value_or(0) == 0) {
-        return "`--parts` divides the networks of a bootstrap: add --bootstrap N";
-    }
     return part_mistake(options.parts);
+}
+
+// The same of the parts, once the model is read.
+std::string part_mistake_of(const EstimateOptions& options, const StudyInput& input) {
+    return options.parts.divided() && replicates_of(input) == 0
+               ? "`--parts` divides the networks of a bootstrap: add --bootstrap N"
+               : part_mistake(options.parts, replicates_of(input), input);
 }
 
 int estimate(const EstimateOptions& options) {
@@ -264,8 +271,7 @@ int estimate(const EstimateOptions& options) {
     }
     StudyInput input = read_study_to_estimate(std::move(model));
     const bool seed = input.files.study.settings.run.seed.has_value();
-    const auto replicates = static_cast<int>(options.bootstrap.value_or(0));
-    if (const std::string mistake = part_mistake(options.parts, replicates, input);
+    if (const std::string mistake = part_mistake_of(options, input);
         input.ok() && !mistake.empty()) {
         return tell_misunderstood(mistake);
     }
@@ -276,8 +282,7 @@ int estimate(const EstimateOptions& options) {
         return kErrorsFound;
     }
     if (!options.parts.engine.empty()) {
-        return emit_model("estimate", fmt::format("--bootstrap {}", replicates), replicates, input,
-                          options.parts, *folder);
+        return emit_model("estimate", replicates_of(input), input, options.parts, *folder);
     }
     return options.parts.divided() ? run_divided(input, options, *folder)
                                    : run_study(input, options, *folder);
@@ -337,7 +342,8 @@ small where ties depend on each other.
 --bootstrap N estimates N networks drawn from the model at the estimates: intervals
 that do not lean on large samples, and how often the intervals of single networks
 hold the value they were drawn with (coverage). Networks whose model did not converge
-are counted and left out. bootstrap.csv holds the estimates, one row a network.
+are counted and left out. bootstrap.csv holds the estimates, one row a network. A model
+file asks for it by `bootstrap = N` under [estimation]; --bootstrap 0 leaves it out.
 --parts P divides the networks among P parts: --part K, on whatever machine, estimates,
 takes its share and leaves parts/bootstrap-000K.json; --collect merges all parts to
 the same bytes as one run, seconds aside. --emit ENGINE writes the model and what

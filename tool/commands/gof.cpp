@@ -208,7 +208,7 @@ int gof_of_values(StudyInput input, const GofOptions& options, ResultsFolder& fo
     tested.network = result_network(tested.input);
     take_options(options, tested.input);
     if (!options.parts.engine.empty()) {
-        return emit_model("gof", "", tested.input.files.study.settings.gof.samples, tested.input,
+        return emit_model("gof", tested.input.files.study.settings.gof.samples, tested.input,
                           options.parts, folder);
     }
     const std::uint32_t seed = settle_seed(tested.input);

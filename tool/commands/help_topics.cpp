@@ -19,6 +19,8 @@ std::string estimation_page() {
   time_limit     = {}       seconds; 0 for none
   chains         = {}       that simulate side by side; results depend on it, never on
                            the number of threads
+  bootstrap      = {}       networks of the model that are estimated too, for intervals
+                           that do not lean on large samples; 0 for none
   subphases      = {}       of the stochastic approximation
   gain           = {}     of its first sub-phase
   multiplication = {}      length of its steps, in units of d (1 - d) n^2 proposals
@@ -37,8 +39,9 @@ Methods:
 `ovri help estimate` tells the options that stand in place of these.
 )",
                        estimation_method_name(estimation.method), estimation.attempts,
-                       estimation.time_limit, estimation.chains, estimation.subphases,
-                       estimation.gain, estimation.multiplication, estimation.samples);
+                       estimation.time_limit, estimation.chains, estimation.bootstrap,
+                       estimation.subphases, estimation.gain, estimation.multiplication,
+                       estimation.samples);
 }
 
 std::string model_page() {
@@ -84,6 +87,7 @@ std::string results_page() {
   estimates.csv   a row an effect
   covariance.csv  of the estimates
   sample.csv      statistics of simulated networks, a row a sample
+  bootstrap.csv   estimates of a bootstrap's networks, where one was asked for
   gof.json        of `ovri gof`, with gof.csv
   networks/       of `ovri simulate`, with nodes.csv where it is needed
   report.html     of `ovri report`, with figures/

@@ -276,8 +276,7 @@ int simulate(const SimulateOptions& options) {
         return kErrorsFound;
     }
     if (!options.parts.engine.empty()) {
-        return emit_model("simulate", "", settings.simulation.samples, input, options.parts,
-                          *folder);
+        return emit_model("simulate", settings.simulation.samples, input, options.parts, *folder);
     }
     return options.parts.divided() ? run_divided(input, options, *folder)
                                    : run_study(input, options, *folder);

@@ -48,8 +48,8 @@ int emit_parts(const EmittedRun& run, const StudyInput& input, const PartOptions
     return write_engine(*engine_of(options.engine), work, directory);
 }
 
-int emit_model(const std::string& command, const std::string& further, int pieces,
-               StudyInput& input, const PartOptions& options, ResultsFolder& folder) {
+int emit_model(const std::string& command, int pieces, StudyInput& input,
+               const PartOptions& options, ResultsFolder& folder) {
     settle_seed(input);
     int& threads = input.files.study.settings.run.threads;
     threads = std::max(1, threads);
@@ -57,6 +57,6 @@ int emit_model(const std::string& command, const std::string& further, int piece
     if (!folder.failures().empty()) {
         return tell_failures(folder);
     }
-    return emit_parts({joined(command + " " + kEmittedModel, further), "", "-o .", pieces}, input,
-                      options, folder.directory());
+    return emit_parts({command + " " + kEmittedModel, "", "-o .", pieces}, input, options,
+                      folder.directory());
 }

@@ -23,7 +23,7 @@ struct EmittedRun {
 int emit_parts(const EmittedRun& run, const StudyInput& input, const PartOptions& options,
                const std::string& directory);
 
-// The same for a model that stands in the folder from here on, with its seed. `command` and
-// `further` stand before and behind its name.
-int emit_model(const std::string& command, const std::string& further, int pieces,
-               StudyInput& input, const PartOptions& options, ResultsFolder& folder);
+// The same for a model that stands in the folder from here on, with its seed. `command` stands
+// before its name.
+int emit_model(const std::string& command, int pieces, StudyInput& input,
+               const PartOptions& options, ResultsFolder& folder);
