@@ -102,6 +102,8 @@ TEST_F(ToolCompare, AHeldEffectIsNestedWhereItIsFreed) {
     EXPECT_EQ(json["tests"][1]["df"], 1);
     ASSERT_EQ(ovri({"compare", "held"}).status, 0);
     EXPECT_TRUE(has(result.out, "0.5000 (held)")) << result.out;
+    const std::vector<std::string> lines = lines_of(result.out);
+    EXPECT_EQ(lines[2].find('.'), lines[3].find('.')) << result.out;
 }
 
 TEST_F(ToolCompare, WhatIsNotToBeUsedIsShownAndMarkedAndInNoTest) {

@@ -127,6 +127,41 @@ TEST_F(ToolEstimate, ShowsATableAVerdictAndTheResultsFolder) {
     }
 }
 
+TEST_F(ToolEstimate, TheTableShowsTheDecimalsThatTheMonteCarloErrorSupports) {
+    scratch.write("friends.toml", std::string(kModel) + "[estimation]\nprecision = 0.1\n");
+    ASSERT_EQ(estimate({"friends.toml", "--quiet"}).status, 0) << result.err;
+    const auto cells = [&](std::size_t row) {
+        std::istringstream line(lines_of(result.out)[row]);
+        return std::vector<std::string>(std::istream_iterator<std::string>(line), {});
+    };
+    const auto decimals = [](const std::string& cell) {
+        const std::size_t point = cell.find('.');
+        return point == std::string::npos ? 0 : static_cast<int>(cell.size() - point) - 1;
+    };
+    const Json effects = document("friends.results")["effects"];
+    int fewer = 0;
+    for (std::size_t row = 1; row <= effects.size(); ++row) {
+        const double error = effects[row - 1]["mc_error"].get<double>();
+        const int supported = std::min(4, static_cast<int>(std::ceil(-std::log10(error))));
+        fewer += supported < 4 ? 1 : 0;
+        // Estimate, standard error and the two ends of the interval.
+        for (const std::size_t column : {1U, 2U, 4U, 5U}) {
+            EXPECT_EQ(decimals(cells(row)[column]), supported) << result.out;
+        }
+        EXPECT_EQ(decimals(cells(row)[3]), 4) << result.out;
+        EXPECT_EQ(lines_of(result.out)[row].find('.'), lines_of(result.out)[1].find('.'))
+            << result.out;
+    }
+    EXPECT_GT(fewer, 0) << result.out;
+    EXPECT_GT(effects[0]["estimate"].dump().size(), 8U);
+    ASSERT_EQ(run_tool({"compare", "friends.results"}, scratch.path().string())
+                      .out.find(cells(1)[1] + " (" + cells(1)[2] + ")") == std::string::npos,
+              false);
+    // What was computed has no Monte Carlo error.
+    ASSERT_EQ(estimate({"friends.toml", "--effects", "edge", "--quiet"}).status, 0);
+    EXPECT_EQ(decimals(cells(1)[1]), 4) << result.out;
+}
+
 TEST_F(ToolEstimate, JsonIsTheDocumentOfTheFolderAndNothingElse) {
     estimate({"friends.toml", "--json", "--quiet"});
     ASSERT_EQ(result.status, 0) << result.err;

@@ -109,17 +109,26 @@ std::vector<std::string> all_effects(const Comparison& comparison) {
 
 // -- Table
 
-std::string estimate_cell(const ResultEffect* effect) {
+// What stands behind an estimate.
+std::string certainty(const ResultEffect& effect) {
+    return effect.fixed ? " (held)"
+           : std::isfinite(effect.standard_error)
+               ? fmt::format(" ({:.{}f})", effect.standard_error, table_decimals(effect))
+               : "";
+}
+
+// The estimates of a model stand below each other by their points.
+std::string estimate_cell(const ResultRecord& result, const std::string& name) {
+    const ResultEffect* effect = effect_named(result, name);
     if (effect == nullptr) {
         return "";
     }
-    const std::string estimate = decimals_or_dash(effect->estimate, 4);
-    if (effect->fixed) {
-        return estimate + " (held)";
+    std::size_t widest = 0;
+    for (const ResultEffect& each : result.effects) {
+        widest = std::max(widest, certainty(each).size());
     }
-    return std::isfinite(effect->standard_error)
-               ? fmt::format("{} ({:.4f})", estimate, effect->standard_error)
-               : estimate;
+    return aligned_decimals(effect->estimate, table_decimals(*effect), most_decimals(result)) +
+           fmt::format("{:<{}}", certainty(*effect), widest);
 }
 
 std::string best_cell(double value, bool best) {
@@ -141,9 +150,8 @@ std::string models_text(const Comparison& comparison) {
         row_of("effect", comparison, [](Model each) { return each.name; }),
         row_of("", comparison, [](Model each) { return verdict_of(each.result); })};
     for (const std::string& name : all_effects(comparison)) {
-        rows.push_back(row_of(name, comparison, [&name](Model each) {
-            return estimate_cell(effect_named(each.result, name));
-        }));
+        rows.push_back(row_of(name, comparison,
+                              [&name](Model each) { return estimate_cell(each.result, name); }));
     }
     rows.push_back(row_of("", comparison, [](Model) { return std::string(); }));
     rows.push_back(row_of("parameters", comparison,

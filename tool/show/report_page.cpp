@@ -330,14 +330,6 @@ std::string title_of(const std::vector<ReportSource>& sources) {
 
 }  // namespace
 
-int supported_decimals(const ResultEffect& effect) {
-    const double error = effect.mc_error > 0.0         ? effect.mc_error
-                         : effect.standard_error > 0.0 ? effect.standard_error * 0.1
-                                                       : 0.001;
-    return std::isfinite(error) ? std::clamp(static_cast<int>(std::ceil(-std::log10(error))), 0, 6)
-                                : 3;
-}
-
 std::string report_page(const std::vector<ReportSource>& sources,
                         const std::vector<NamedFigure>& figures) {
     const std::string title = title_of(sources);

@@ -107,3 +107,12 @@ struct ResultRecord {
 // Fills z, p-value, interval and odds ratio from estimate and standard error. Beside an estimate
 // that is not to be used only the odds ratio stands.
 void judge_effect(ResultEffect& effect, bool usable);
+
+// Decimals of an estimate that its Monte Carlo error supports; of one whose error is not known, a
+// tenth of its standard error stands for it.
+int supported_decimals(const ResultEffect& effect);
+
+// Those that tables of text show: four, or as many as the Monte Carlo error supports.
+int table_decimals(const ResultEffect& effect);
+// Of the effect that has most of them; 0 without effects.
+int most_decimals(const ResultRecord& result);

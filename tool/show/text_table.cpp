@@ -30,3 +30,9 @@ std::string text_table(const std::vector<std::vector<std::string>>& rows) {
 std::string decimals_or_dash(double value, int places) {
     return std::isfinite(value) ? fmt::format("{:.{}f}", value, places) : "-";
 }
+
+std::string aligned_decimals(double value, int places, int most) {
+    const int point = places == 0 && most > 0 ? 1 : 0;
+    const int blanks = std::isfinite(value) ? std::max(most - places, 0) + point : 0;
+    return decimals_or_dash(value, places) + std::string(static_cast<std::size_t>(blanks), ' ');
+}

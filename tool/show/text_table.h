@@ -10,3 +10,7 @@ std::string text_table(const std::vector<std::vector<std::string>>& rows);
 
 // A number with so many decimals; "-" where there is none.
 std::string decimals_or_dash(double value, int places);
+
+// The same with blanks for the decimals that are fewer than `most`, so that the points of a column
+// stand below each other.
+std::string aligned_decimals(double value, int places, int most);
