@@ -1,7 +1,9 @@
 #include "formats/column_values.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
+#include <string_view>
 #include <unordered_map>
 
 #include "formats/csv.h"
@@ -17,14 +19,33 @@ std::string lower_case(const std::string& text) {
     return lower;
 }
 
-// Words that mean no and yes.
-bool is_no(const std::string& text) {
-    const std::string lower = lower_case(text);
-    return lower == "no" || lower == "n" || lower == "false" || lower == "f";
+// No text of a column that has one is empty.
+using Words = std::array<std::string_view, 5>;
+
+// What people write for no and yes in one language, in small letters.
+struct NoAndYes {
+    Words no;
+    Words yes;
+};
+constexpr std::array<NoAndYes, 4> kNoAndYes = {
+    {{{"no", "n", "false", "f"}, {"yes", "y", "true", "t"}},
+     {{"nein", "nee", "nej", "nei", "n"}, {"ja", "j"}},
+     {{"non", "n"}, {"oui", "o"}},
+     {{"no", "n"}, {"si", "s\xC3\xAD", "s\xC3\xAC", "s"}}}};
+
+bool is_among(const Words& words, const std::string& text) {
+    return std::find(words.begin(), words.end(), lower_case(text)) != words.end();
 }
-bool is_yes(const std::string& text) {
-    const std::string lower = lower_case(text);
-    return lower == "yes" || lower == "y" || lower == "true" || lower == "t";
+
+bool is_no(const std::string& text) {
+    return std::any_of(kNoAndYes.begin(), kNoAndYes.end(),
+                       [&text](const NoAndYes& each) { return is_among(each.no, text); });
+}
+
+bool are_no_and_yes(const std::string& no, const std::string& yes) {
+    return std::any_of(kNoAndYes.begin(), kNoAndYes.end(), [&](const NoAndYes& each) {
+        return is_among(each.no, no) && is_among(each.yes, yes);
+    });
 }
 
 bool is_number(const Cell& cell) { return number_of(cell.text).has_value(); }
@@ -157,10 +178,8 @@ void read_coded(ColumnReader& reader, std::vector<std::string> labels) {
 
 // The two texts, the one that is coded 1 behind.
 std::vector<std::string> binary_labels(const std::vector<std::string>& texts) {
-    if (is_yes(texts[0]) && is_no(texts[1])) {
-        return {texts[1], texts[0]};
-    }
-    return texts;
+    return are_no_and_yes(texts[1], texts[0]) ? std::vector<std::string>{texts[1], texts[0]}
+                                              : texts;
 }
 
 void read_binary(ColumnReader& reader, const std::vector<std::string>& texts) {

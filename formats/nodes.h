@@ -37,9 +37,10 @@ struct NodesFile {
 };
 
 // Reads a nodes file. A column with two values is binary: of 0 and 1 the 1 is coded 1, of no and
-// yes the yes, of numbers the larger, of texts the one that sorts behind. Otherwise numbers make a
-// continuous attribute and texts a categorical one, with codes from 1 in the order of its sorted
-// texts (of its numbers, ascending, when it is said to be categorical).
+// yes the yes (true, ja, oui, si and their like, whatever their case), of other numbers the larger,
+// of other texts the one that sorts behind. Otherwise numbers make a continuous attribute and texts
+// a categorical one, with codes from 1 in the order of its sorted texts (of its numbers, ascending,
+// when it is said to be categorical).
 //
 // Missing values: nothing, NA, N/A, NaN, null and a single point; in numbers also 9999. Where they
 // are not kept they are problems; only a continuous attribute can keep them.

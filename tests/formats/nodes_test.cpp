@@ -61,6 +61,38 @@ TEST(Nodes, WhatIsCodedOneIsTheYesTheOneOrTheLarger) {
     EXPECT_EQ(column_of(nodes, "c").note, "binary: 1 is `10`, 0 is `9`");
 }
 
+TEST(Nodes, AYesIsCodedOneInOtherLanguagesToo) {
+    const std::vector<std::pair<std::string, std::string>> pairs = {{"no", "yes"},
+                                                                    {"N", "Y"},
+                                                                    {"no", "Y"},
+                                                                    {"FALSE", "TRUE"},
+                                                                    {"f", "t"},
+                                                                    {"nein", "ja"},
+                                                                    {"Nein", "Ja"},
+                                                                    {"n", "j"},
+                                                                    {"non", "oui"},
+                                                                    {"no", "S\xC3\xAD"},
+                                                                    {"nee", "ja"},
+                                                                    {"0", "1"},
+                                                                    {"1", "2"},
+                                                                    {"0.0", "1.0"},
+                                                                    {"f", "m"},
+                                                                    {"j", "m"},
+                                                                    {"nein", "vielleicht"},
+                                                                    {"ja", "vielleicht"},
+                                                                    {"A", "b"}};
+    for (const auto& [zero, one] : pairs) {
+        const NodesFile nodes = read_text("name,a\nx," + one + "\ny," + zero + "\nz," + one + "\n");
+        const NodesColumn& column = column_of(nodes, "a");
+        EXPECT_EQ(column.attribute.values, (Values{1, 0, 1})) << zero << " " << one;
+        EXPECT_EQ(column.note, "binary: 1 is `" + one + "`, 0 is `" + zero + "`");
+    }
+    // One value throughout, which was said to be one of two.
+    const NodesFile nodes =
+        read_text("name,a\nx,nein\ny,nein\n", {{"a", AttributeType::binary, false}});
+    EXPECT_EQ(column_of(nodes, "a").attribute.values, (Values{0, 0}));
+}
+
 TEST(Nodes, TypesCanBeSaid) {
     const NodesFile nodes =
         read_text("name;team\na;10\nb;9\nc;10\n", {{"team", AttributeType::categorical, false}});

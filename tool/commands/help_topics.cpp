@@ -58,6 +58,9 @@ std::string model_page() {
   [attributes]                only where the guess from the column is wrong
   team = "categorical"        binary, continuous or categorical
   age  = { type = "continuous", missing = "keep" }
+                              two values are binary: 1 is the yes of yes and no (true,
+                              ja, oui, ...), the larger number, or the text that sorts
+                              behind; which one it is, is told
 
   [covariates]
   distance = "distance.csv"   matrix, or lines of from,to,value
