@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "formats/csv.h"
 #include "formats/dl_file.h"
 #include "formats/edge_list.h"
 #include "formats/igraph_files.h"
@@ -48,6 +49,74 @@ NetworkFormat format_of_content(const TextFile& file) {
     return looks_like_matrix(file) ? NetworkFormat::matrix : NetworkFormat::edge_list;
 }
 
+// Numbers alone, two or three a line.
+struct NumberRows {
+    std::size_t lines = 0;
+    std::size_t columns = 0;
+    bool zeros_and_ones = true;
+
+    bool square() const { return lines == columns; }
+};
+
+// None for other files, and for those that can be nothing but a list: more lines than columns, and
+// other numbers than 0 and 1.
+std::optional<NumberRows> number_rows(const TextFile& file) {
+    constexpr std::size_t kWeighted = 3;
+    NumberRows rows;
+    CsvScanner scanner(file.text, guess_delimiter(file.text));
+    while (scanner.next()) {
+        const std::vector<CsvField>& fields = scanner.fields();
+        rows.columns = rows.lines == 0 ? fields.size() : rows.columns;
+        ++rows.lines;
+        for (const CsvField& field : fields) {
+            const std::optional<double> value = number_of(field.text);
+            if (!value) {
+                return std::nullopt;
+            }
+            rows.zeros_and_ones = rows.zeros_and_ones && (*value == 0.0 || *value == 1.0);
+        }
+        const bool list = rows.lines > rows.columns && !rows.zeros_and_ones;
+        if (fields.size() != rows.columns || rows.columns > kWeighted || list) {
+            return std::nullopt;
+        }
+    }
+    return rows.lines > 1 && rows.columns > 1 ? std::optional(rows) : std::nullopt;
+}
+
+// None as well where a head, or the names of the actors, say that zeros and ones are a list.
+std::optional<NumberRows> unclear_rows(const TextFile& file, const NetworkOptions& options,
+                                       const ActorList* nodes) {
+    const bool named =
+        nodes != nullptr && std::find(nodes->begin(), nodes->end(), "0") != nodes->end();
+    return options.head == true || named ? std::nullopt : number_rows(file);
+}
+
+std::string lines_of(const NumberRows& rows) {
+    return std::to_string(rows.lines) + " lines of " + std::to_string(rows.columns);
+}
+
+// A list of zeros and ones would be one of two actors.
+Problem neither_format(const TextFile& file, const NumberRows& rows) {
+    return {.file = file.path,
+            .found = lines_of(rows) + " zeros and ones",
+            .expected = "a square matrix, one row and one column an actor",
+            .mend =
+                "give every actor a row and a column; if the lines are ties of two actors, 0 "
+                "and 1, say under [network] what the file is: format = \"edge-list\"; `ovri "
+                "new FILE --format edge-list` writes a model file that does"};
+}
+
+// How numbers were read that may be something else.
+std::string guess_note(const NumberRows& rows, NetworkFormat format) {
+    const bool matrix = format == NetworkFormat::matrix;
+    const std::string ties = rows.columns == 2 ? "ties (from, to)" : "ties (from, to, weight)";
+    const std::string other =
+        network_format_name(matrix ? NetworkFormat::edge_list : NetworkFormat::matrix);
+    return lines_of(rows) + " numbers were read as " + (matrix ? "a matrix" : ties) +
+           "; if they are " + (matrix ? ties : "a matrix") + ", write `format = \"" + other +
+           "\"` under [network], or give `ovri new` --format " + other;
+}
+
 TieTable read_ties(const TextFile& file, const NetworkOptions& options, const ActorList* nodes,
                    NetworkFormat format, Problems& problems) {
     TieTable table;
@@ -71,6 +140,25 @@ TieTable read_ties(const TextFile& file, const NetworkOptions& options, const Ac
         default:
             read_igraph_file(file, format, options.threshold, table, problems);
             break;
+    }
+    return table;
+}
+
+// The ties of a file whose format was guessed. What went wrong may be the guess.
+TieTable read_guessed(const TextFile& file, const NetworkOptions& options, const ActorList* nodes,
+                      NetworkFile& result) {
+    const std::optional<NumberRows> rows = unclear_rows(file, options, nodes);
+    if (rows && rows->zeros_and_ones && !rows->square()) {
+        result.problems.push_back(neither_format(file, *rows));
+        return {};
+    }
+    TieTable table = read_ties(file, options, nodes, result.format, result.problems);
+    if (rows && !rows->zeros_and_ones && rows->square()) {
+        const std::string note = guess_note(*rows, result.format);
+        table.notes.insert(table.notes.begin(), note);
+        if (!result.ok()) {
+            result.problems.front().mend += "; " + note;
+        }
     }
     return table;
 }
@@ -202,7 +290,8 @@ NetworkFile read_network(const TextFile& file, const NetworkOptions& options,
     }
     const auto by_path = options.format ? options.format : format_of_path(file.path);
     result.format = by_path ? *by_path : format_of_content(file);
-    TieTable table = read_ties(file, options, nodes, result.format, result.problems);
+    TieTable table = by_path ? read_ties(file, options, nodes, result.format, result.problems)
+                             : read_guessed(file, options, nodes, result);
     if (!result.ok()) {
         return result;
     }

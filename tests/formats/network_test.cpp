@@ -198,6 +198,42 @@ TEST(Matrix, MustBeSquare) {
     EXPECT_EQ(ragged.found, "3 cells");
 }
 
+TEST(Matrix, ZerosAndOnesThatAreNotSquareAreNoListOfTwoActors) {
+    for (const char* text : {"0 1 0\n1 0 1\n", "0,1\n1,0\n0,0\n", "0,1,1\n1,0,0\n1,0,0\n0,0,0\n"}) {
+        const Problem problem = problem_of(read_text(text, kDirected));
+        EXPECT_NE(problem.found.find(" zeros and ones"), std::string::npos) << problem.found;
+        EXPECT_NE(problem.mend.find("format = \"edge-list\""), std::string::npos);
+    }
+    // Whoever says what it is gets it; others have more actors, or name these two.
+    NetworkOptions options = kDirected;
+    options.format = NetworkFormat::edge_list;
+    EXPECT_EQ(ties_of(read_text("0 1 1\n1 0 1\n", options)), "0 1,1 0");
+    EXPECT_EQ(ties_of(read_text("0,1\n1,0\n1,2\n", kDirected)), "0 1,1 0,1 2");
+    EXPECT_EQ(ties_of(read_text("from,to\n0,1\n1,0\n0,1\n", kDirected)), "0 1,1 0");
+    const ActorList nodes = {"0", "1", "2"};
+    EXPECT_EQ(ties_of(read_text("0,1,1\n1,0,1\n", kDirected, &nodes)), "0 1,1 0");
+}
+
+TEST(Matrix, NumbersThatMayBeAListAreTold) {
+    const char* const list = "1,2,1\n2,3,1\n3,1,1\n";
+    EXPECT_TRUE(tells(read_text(list, kDirected),
+                      "3 lines of 3 numbers were read as ties (from, to, weight); if they are a "
+                      "matrix, write `format = \"matrix\"`"));
+    const char* const matrix = "0,2,1\n2,0,3\n1,3,0\n";
+    EXPECT_TRUE(tells(read_text(matrix, {.threshold = 2.0}),
+                      "numbers were read as a matrix; if they are ties (from, to, weight), write "
+                      "`format = \"edge-list\"`"));
+    EXPECT_NE(problem_of(read_text(matrix)).mend.find("were read as a matrix"), std::string::npos);
+    // What can be one thing alone is read without a word.
+    for (const char* text : {"0 1 0\n1 0 1\n0 1 0\n", "1,2\n2,3\n3,4\n", "1,2,1\n2,3,1\n",
+                             "from,to,w\n1,2,1\n2,3,1\n3,1,1\n"}) {
+        EXPECT_FALSE(tells(read_text(text, kDirected), "were read as")) << text;
+    }
+    NetworkOptions options = kDirected;
+    options.format = NetworkFormat::edge_list;
+    EXPECT_FALSE(tells(read_text(list, options), "were read as"));
+}
+
 TEST(Matrix, CellsAreNumbersAndNamesAgree) {
     const Problem cell = problem_of(read_text("0 1 0 1\n1 0 NA 0\n0 1 0 1\n1 0 1 0\n"));
     EXPECT_EQ(cell.line, 2);
