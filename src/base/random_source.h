@@ -32,11 +32,27 @@ std::uint32_t mixed_seed(std::uint32_t seed, std::uint32_t k);
 
 // One draw, 0..32767: bits 16 to 30 of the next state. The first form is for loops that keep the
 // state to themselves.
+inline int shown_draw(std::uint32_t state) { return static_cast<int>((state >> 16U) & 0x7FFFU); }
 inline int draw_of_state(std::uint32_t& state) {
     state = state * 214013U + 2531011U;
-    return static_cast<int>((state >> 16U) & 0x7FFFU);
+    return shown_draw(state);
 }
 inline int random_draw(RandomSource& random) { return draw_of_state(random.state); }
+
+// Several draws at once: the state after as many, without waiting for those between.
+struct RandomJump {
+    std::uint32_t factor = 1;
+    std::uint32_t summand = 0;
+
+    std::uint32_t operator()(std::uint32_t state) const { return state * factor + summand; }
+};
+constexpr RandomJump random_jump(int draws) {
+    RandomJump jump;
+    for (int draw = 0; draw < draws; ++draw) {
+        jump = {jump.factor * 214013U, jump.summand * 214013U + 2531011U};
+    }
+    return jump;
+}
 
 // An integer in 0..n-1, the draw modulo n; n must be positive.
 inline int random_below(RandomSource& random, int n) { return random_draw(random) % n; }

@@ -11,6 +11,7 @@
 
 #include "network/network_verbs.h"
 #include "sampling/chain.h"
+#include "sampling/swap_search.h"
 
 // Draws that may fail in a row before it is checked whether any proposal is eligible at all.
 constexpr int kProposalPatience = 1000000;
@@ -39,6 +40,11 @@ class ProposalPatience {
         }
         return !cycle_.closed(random);
     }
+
+    // Failed trials that are still borne without a look.
+    int left() const { return kProposalPatience - failures_; }
+    // Counts trials that have failed.
+    void count(int failed) { failures_ += failed; }
 
   private:
     DrawCycle cycle_;
@@ -129,21 +135,28 @@ bool draw_free_dyad(Chain<Network>& chain, Dyad& dyad) {
 // `most` draws.
 template <class Network>
 bool draw_unlike_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
-    RandomSource& random = chain.random;
+    constexpr RandomJump kOne = random_jump(1);
+    constexpr RandomJump kTwo = random_jump(2);
+    constexpr RandomJump kThree = random_jump(3);
+    constexpr RandomJump kFour = random_jump(4);
+    std::uint32_t state = chain.random.state;
     const Remainder actors = actor_remainder(chain);
     const BitMatrix& tied = chain.network.adjacency;
-    for (int draws = 0; draws < most; ++draws) {
-        first.i = draw_actor(random, actors);
-        second.i = draw_actor(random, actors);
-        first.j = draw_actor(random, actors);
-        second.j = draw_actor(random, actors);
+    const bool wide = kWideSearch;
+    bool found = false;
+    for (int left = most; left > 0 && !found; --left) {
+        left -= wide ? pass_alike<kSwapOrder>(tied, left, state) : 0;
+        first.i = actors.of(shown_draw(kOne(state)));
+        second.i = actors.of(shown_draw(kTwo(state)));
+        first.j = actors.of(shown_draw(kThree(state)));
+        second.j = actors.of(shown_draw(kFour(state)));
+        state = kFour(state);
         // No actor is tied to itself, so a pair of one actor counts as untied here.
-        if (tied.has(first.i, first.j) != tied.has(second.i, second.j) && first.i != first.j &&
-            second.i != second.j) {
-            return true;
-        }
+        found = tied.has(first.i, first.j) != tied.has(second.i, second.j) && first.i != first.j &&
+                second.i != second.j;
     }
-    return false;
+    chain.random.state = state;
+    return found;
 }
 
 // The same where only some dyads may be proposed; the draws come in another order.
@@ -151,7 +164,8 @@ template <class Network>
 bool draw_unlike_free_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
     RandomSource& random = chain.random;
     const Remainder actors = actor_remainder(chain);
-    for (int draws = 0; draws < most; ++draws) {
+    for (int left = most; left > 0; --left) {
+        left -= pass_alike<kFreeSwapOrder>(chain.network.adjacency, left, random.state);
         first.j = draw_actor(random, actors);
         second.j = draw_actor(random, actors);
         first.i = draw_actor(random, actors);
@@ -216,10 +230,14 @@ inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
             return false;
         }
         if (chain.free_dyads != nullptr) {
+            patience.count(
+                pass_alike<kFreeSenderSwapOrder>(digraph.adjacency, patience.left(), random.state));
             j = draw_actor(random, actors);
             i = draw_actor(random, actors);
             k = draw_actor(random, actors);
         } else {
+            patience.count(
+                pass_alike<kSenderSwapOrder>(digraph.adjacency, patience.left(), random.state));
             i = draw_actor(random, actors);
             j = draw_actor(random, actors);
             k = draw_actor(random, actors);
