@@ -37,41 +37,9 @@ by_libraries() {
     done | sort -r | cut -f 2-
 }
 
-# Deals the sources out into groups: number, command, file. A name at the start of a line is the
-# file's own, or a definition of what a header declares.
+# Deals the sources out into groups: number, command, file.
 deal_out() {
-    awk -F '\t' -v most=100000 '
-        function names_of(path, found,   line, name) {
-            while ((getline line < path) > 0) {
-                size += length(line) + 1
-                if (line ~ /^using enum/) { alone = 1 }
-                if (line !~ /^[A-Za-z]/ || line ~ /^(namespace|template|static_assert|using namespace)/) {
-                    continue
-                }
-                if (match(line, /[A-Za-z_0-9]+ *(\(|=|\{|\[|;|:[^:]|: )/)) {
-                    name = substr(line, RSTART, RLENGTH)
-                    gsub(/[^A-Za-z_0-9]/, "", name)
-                    found[name]
-                }
-            }
-            close(path)
-        }
-        {
-            split("", own); size = 0; alone = 0
-            names_of($2, own)
-            if (alone) { size = most }
-            for (group = 1; group <= count; ++group) {
-                fits = command[group] == $1 && total[group] + size <= most
-                for (name in own) {
-                    if ((group, name) in taken) { fits = 0 }
-                }
-                if (fits) { break }
-            }
-            if (group > count) { command[count = group] = $1 }
-            total[group] += size
-            for (name in own) { taken[group, name] }
-            print group "\t" $1 "\t" $2
-        }'
+    awk -F '\t' -f scripts/deal_out.awk
 }
 
 # Writes each group as one source, where each of its files begins, and how to compile it.

@@ -161,7 +161,7 @@ std::optional<TextTrouble> explain_words(const std::string& text) {
     if (truth.count > 0) {
         const char digit = digit_of_truth(truth.word);
         return TextTrouble{truth.line, truth.found(),
-                           "write " + std::string(1, digit) + " for " + quoted(truth.word) +
+                           "write " + std::string(1, digit) + " for " + ::quoted(truth.word) +
                                (digit == '1' ? ", and 0 for no tie" : ", and 1 for a tie")};
     }
     return std::nullopt;

@@ -23,7 +23,7 @@ struct CompareOptions {
 };
 
 // One folder, read, and the digest of its network's file; empty where the file is gone.
-struct Source {
+struct ComparedFolder {
     ComparedModel model;
     std::string digest;
 };
@@ -39,7 +39,7 @@ std::string digest_of_network(const std::string& folder) {
     return digest.text();
 }
 
-std::optional<Source> read_source(const std::string& word, Problems& problems) {
+std::optional<ComparedFolder> read_source(const std::string& word, Problems& problems) {
     if (!names_folder(word)) {
         problems.push_back({.file = word,
                             .found = "no results folder",
@@ -59,7 +59,7 @@ std::optional<Source> read_source(const std::string& word, Problems& problems) {
                             .mend = "name the folder in which the model was estimated"});
         return std::nullopt;
     }
-    Source source;
+    ComparedFolder source;
     source.model.name = folder;
     source.model.result = *std::move(result);
     source.digest = digest_of_network(folder);
@@ -78,7 +78,7 @@ std::string last_part(const std::string& path) {
 }
 
 // By content where both files are still there, by name where not.
-bool same_network(const Source& one, const Source& other) {
+bool same_network(const ComparedFolder& one, const ComparedFolder& other) {
     const ResultNetwork& a = one.model.result.network;
     const ResultNetwork& b = other.model.result.network;
     if (a.directed != b.directed || a.actors != b.actors || a.ties != b.ties) {
@@ -109,7 +109,7 @@ bool same_dyads(const ResultRecord& one, const ResultRecord& other) {
 }
 
 // Likelihoods are comparable where the data are the same.
-void add_differences(const Source& first, const Source& other, Problems& problems) {
+void add_differences(const ComparedFolder& first, const ComparedFolder& other, Problems& problems) {
     const std::string path = other.model.name + "/result.json";
     const ResultRecord& a = first.model.result;
     const ResultRecord& b = other.model.result;
@@ -139,14 +139,14 @@ void add_differences(const Source& first, const Source& other, Problems& problem
 
 std::vector<ComparedModel> read_models(const std::vector<std::string>& folders,
                                        Problems& problems) {
-    std::vector<Source> sources;
+    std::vector<ComparedFolder> sources;
     for (const std::string& folder : folders) {
-        if (std::optional<Source> source = read_source(folder, problems)) {
+        if (std::optional<ComparedFolder> source = read_source(folder, problems)) {
             sources.push_back(*std::move(source));
         }
     }
     std::vector<ComparedModel> models;
-    for (const Source& source : sources) {
+    for (const ComparedFolder& source : sources) {
         add_differences(sources.front(), source, problems);
         models.push_back(source.model);
     }

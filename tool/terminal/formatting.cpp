@@ -6,6 +6,6 @@
 namespace {
 
 // What a call of fmt::format comes to.
-[[gnu::used]] std::string (*const kFormat)(fmt::string_view, fmt::format_args) = &fmt::vformat;
+[[gnu::used]] std::string (*const kFormatCall)(fmt::string_view, fmt::format_args) = &fmt::vformat;
 
 }  // namespace
