@@ -1,1 +1,2 @@
 target_link_libraries(test_docs PRIVATE ovri_encyclopaedia)
+set(test_cost 20)

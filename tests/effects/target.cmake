@@ -1,1 +1,2 @@
 set(test_parts 4)
+set(test_cost 10)

@@ -9,13 +9,7 @@
 
 #include "support/child_process.h"
 #include "support/golden_cases.h"
-
-// The sanitizers are slow in a Java machine, and what they can find there shows in a few calls.
-#ifdef OVRI_SANITIZER_RUNTIME
-inline constexpr bool kSanitized = true;
-#else
-inline constexpr bool kSanitized = false;
-#endif
+#include "support/sanitized.h"
 
 #ifdef OVRI_JAVA
 

@@ -1,1 +1,2 @@
 set(test_parts 2)
+set(test_cost 8)

@@ -10,16 +10,11 @@
 
 #include "support/child_process.h"
 #include "support/golden_cases.h"
+#include "support/sanitized.h"
 #include "support/scratch_directory.h"
 #include "support/setup_text.h"
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kSanitized = true;
-#else
-constexpr bool kSanitized = false;
-#endif
 
 constexpr const char* kReturnedAndReleased = "returned 0, 0 not released\n";
 

@@ -1,4 +1,3 @@
-set(test_parts 2)
 
 # A host of the exported function, run as a process of its own so that it can have its own current
 # directory, clock and memory.
@@ -11,3 +10,5 @@ target_compile_definitions(test_system PRIVATE OVRI_EXPORT_HOST_PATH="$<TARGET_F
 
 # Documents in JSON are read back by a reader that is not the tool's own text.
 target_link_libraries(test_system PRIVATE ovri_encyclopaedia ovri_json)
+set(test_parts 4)
+set(test_cost 30)

@@ -12,3 +12,4 @@ target_compile_definitions(test_windows PRIVATE
   OVRI_WINDOWS_OBJDUMP="$<IF:$<BOOL:${OVRI_WINDOWS_OBJDUMP}>,${OVRI_WINDOWS_OBJDUMP},>"
   OVRI_WINE="$<IF:$<BOOL:${OVRI_WINE}>,${OVRI_WINE},>"
   OVRI_WINE_PREFIX="${PROJECT_BINARY_DIR}/wine-prefix")
+set(test_cost 70)
