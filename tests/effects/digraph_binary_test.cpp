@@ -22,7 +22,7 @@ constexpr std::size_t kIn2star = 7;
 constexpr std::size_t kPath2 = 8;
 constexpr std::size_t kOut2star = 9;
 
-Codes random_codes(int n, std::mt19937& random, bool missing) {
+Codes drawn_codes(int n, std::mt19937& random, bool missing) {
     constexpr std::array<int, 4> kValues = {0, 1, 1, 9999};
     Codes codes;
     for (int i = 0; i < n; ++i) {
@@ -51,8 +51,8 @@ std::vector<double> values(const PlainDigraph& plain, const Codes& codes) {
 TEST(DigraphBinary, ChangesAndWholeValuesEqualTheReference) {
     std::mt19937 random(541);
     for (const PlainDigraph& plain : random_digraphs(2, 9, 542)) {
-        const std::vector<Codes> attributes = {random_codes(plain.n, random, false),
-                                               random_codes(plain.n, random, true)};
+        const std::vector<Codes> attributes = {drawn_codes(plain.n, random, false),
+                                               drawn_codes(plain.n, random, true)};
         EffectSelection selection = selection_of(attributes);
         expect_group_equals_reference(plain, selection, reference::directed_binary_effects(),
                                       attributes);
@@ -62,7 +62,7 @@ TEST(DigraphBinary, ChangesAndWholeValuesEqualTheReference) {
 TEST(DigraphBinary, ChangesCrossTheWordsOfWideRows) {
     std::mt19937 random(543);
     const PlainDigraph plain = random_digraph(67, 0.2, random);
-    const Codes codes = random_codes(67, random, true);
+    const Codes codes = drawn_codes(67, random, true);
     EffectSelection selection = selection_of({codes});
     assemble_parameters(selection);
     const ActiveModel<Digraph> model = active_model<Digraph>(selection);
@@ -85,7 +85,7 @@ TEST(DigraphBinary, ChangesCrossTheWordsOfWideRows) {
 TEST(DigraphBinary, WithZerosAndOnesChangesAreTheDifferencesOfWholeValues) {
     std::mt19937 random(544);
     for (const PlainDigraph& plain : random_digraphs(2, 8, 545)) {
-        EffectSelection selection = selection_of({random_codes(plain.n, random, false)});
+        EffectSelection selection = selection_of({drawn_codes(plain.n, random, false)});
         for_each_group_difference(
             plain, selection, [&](std::size_t row, double change, double difference) {
                 EXPECT_EQ(change, difference) << reference::directed_binary_effects()[row].name;
@@ -98,7 +98,7 @@ TEST(DigraphBinary, WithMissingValuesOnlyTheTwoStarsPartFromTheirWholeValues) {
     bool in_parts = false;
     bool out_parts = false;
     for (const PlainDigraph& plain : random_digraphs(3, 8, 547)) {
-        EffectSelection selection = selection_of({random_codes(plain.n, random, true)});
+        EffectSelection selection = selection_of({drawn_codes(plain.n, random, true)});
         for_each_group_difference(
             plain, selection, [&](std::size_t row, double change, double difference) {
                 if (row == kIn2star) {

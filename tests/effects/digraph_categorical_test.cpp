@@ -8,7 +8,7 @@ using reference::PlainDigraph;
 
 namespace {
 
-Codes random_codes(int n, std::mt19937& random) {
+Codes drawn_codes(int n, std::mt19937& random) {
     Codes codes;
     for (int i = 0; i < n; ++i) {
         codes.push_back(static_cast<int>(random() % 4U) == 0 ? 9999
@@ -36,8 +36,8 @@ std::vector<double> values(const PlainDigraph& plain, const Codes& codes) {
 TEST(DigraphCategorical, ChangesAndWholeValuesEqualTheReference) {
     std::mt19937 random(561);
     for (const PlainDigraph& plain : random_digraphs(2, 9, 562)) {
-        const std::vector<Codes> attributes = {random_codes(plain.n, random),
-                                               random_codes(plain.n, random)};
+        const std::vector<Codes> attributes = {drawn_codes(plain.n, random),
+                                               drawn_codes(plain.n, random)};
         EffectSelection selection = selection_of(attributes);
         expect_group_equals_reference(plain, selection, reference::directed_categorical_effects(),
                                       attributes);
@@ -47,7 +47,7 @@ TEST(DigraphCategorical, ChangesAndWholeValuesEqualTheReference) {
 TEST(DigraphCategorical, ChangesAreTheDifferencesOfWholeValues) {
     std::mt19937 random(563);
     for (const PlainDigraph& plain : random_digraphs(2, 8, 564)) {
-        EffectSelection selection = selection_of({random_codes(plain.n, random)});
+        EffectSelection selection = selection_of({drawn_codes(plain.n, random)});
         for_each_group_difference(plain, selection,
                                   [&](std::size_t row, double change, double difference) {
                                       EXPECT_EQ(change, difference)
@@ -59,7 +59,7 @@ TEST(DigraphCategorical, ChangesAreTheDifferencesOfWholeValues) {
 TEST(DigraphCategorical, MatchesAndMismatchesSumToTheArcs) {
     std::mt19937 random(565);
     for (const PlainDigraph& plain : random_digraphs(2, 9, 566)) {
-        const std::vector<double> counts = values(plain, random_codes(plain.n, random));
+        const std::vector<double> counts = values(plain, drawn_codes(plain.n, random));
         EXPECT_EQ(counts[0] + counts[1], reference::arc_count(plain));
         EXPECT_EQ(counts[2] + counts[3], reference::mutual_dyad_count(plain));
     }

@@ -19,7 +19,7 @@ StructuralChoice& choice_of(EffectSelection& selection, std::string_view name) {
 }
 
 // Selects rows as the setup file's reader does: each takes the next place.
-EffectSelection selection_of(const Names& names) {
+EffectSelection selection_holding(const Names& names) {
     EffectSelection selection = selection_create(NetworkKind::undirected);
     for (const std::string_view name : names) {
         choice_of(selection, name).position = selection.structural_count++;
@@ -68,7 +68,7 @@ TEST(EffectSelection, OfDirectedNetworksStartsWithLambdaTwo) {
 }
 
 TEST(EffectSelection, ParametersStandAtTheirPlacesInTheOrderOfTheKinds) {
-    EffectSelection selection = selection_of({"Triangle", "edge"});
+    EffectSelection selection = selection_holding({"Triangle", "edge"});
     choice_of(selection, "Triangle").value = 1.0;
     choice_of(selection, "edge").value = 2.0;
     // Rows 9 and 0 of the binary kind are activity and t3u: the later one stands behind.
@@ -108,7 +108,7 @@ TEST(EffectSelection, WithoutStructuralEffectsAttributesStartAtPlaceZero) {
 }
 
 TEST(EffectSelection, StoringPutsBackWhatAssemblyTook) {
-    EffectSelection selection = selection_of({"edge", "AS", "Q30", "AEAT"});
+    EffectSelection selection = selection_holding({"edge", "AS", "Q30", "AEAT"});
     select(selection, AttributeGroup::binary, 3, {{1, 0}, {1, 2}, {7, 1}, {8, 0}});
     select(selection, AttributeGroup::continuous, 2, {{0, 0}, {1, 1}, {2, 0}});
     select(selection, AttributeGroup::categorical, 1, {{0, 0}, {1, 0}});
@@ -127,7 +127,7 @@ TEST(EffectSelection, StoringPutsBackWhatAssemblyTook) {
 }
 
 TEST(EffectSelection, StoringTouchesNeitherLambdasNorWeights) {
-    EffectSelection selection = selection_of({"AT"});
+    EffectSelection selection = selection_holding({"AT"});
     choice_of(selection, "AT").lambda = 3.0F;
     assemble_parameters(selection);
     const auto weights = choice_of(selection, "AT").weights;
@@ -139,7 +139,7 @@ TEST(EffectSelection, StoringTouchesNeitherLambdasNorWeights) {
 }
 
 TEST(EffectSelection, StoringFromAShortVectorLeavesTheRestAlone) {
-    EffectSelection selection = selection_of({"edge", "2-star"});
+    EffectSelection selection = selection_holding({"edge", "2-star"});
     choice_of(selection, "2-star").value = 4.0;
     store_parameters(selection, {1.0});
     EXPECT_EQ(choice_of(selection, "edge").value, 1.0);
@@ -149,7 +149,7 @@ TEST(EffectSelection, StoringFromAShortVectorLeavesTheRestAlone) {
 TEST(EffectSelection, AssemblyBuildsTheWeightsOfSelectedAlternatingEffectsFromTheirLambda) {
     for (const float lambda : all_lambdas()) {
         for (const std::string_view name : {"AS", "AS2", "AT", "AT2", "A2P", "AET", "AEAT"}) {
-            EffectSelection selection = selection_of({name});
+            EffectSelection selection = selection_holding({name});
             choice_of(selection, name).lambda = lambda;
             assemble_parameters(selection);
             EXPECT_EQ(choice_of(selection, name).weights,
@@ -159,7 +159,7 @@ TEST(EffectSelection, AssemblyBuildsTheWeightsOfSelectedAlternatingEffectsFromTh
 }
 
 TEST(EffectSelection, ALambdaOfAnEffectThatIsOffStaysAndGivesNoTable) {
-    EffectSelection selection = selection_of({"AS"});
+    EffectSelection selection = selection_holding({"AS"});
     choice_of(selection, "AS").lambda = 2.0F;
     choice_of(selection, "AT").lambda = 3.0F;
     assemble_parameters(selection);
@@ -169,32 +169,32 @@ TEST(EffectSelection, ALambdaOfAnEffectThatIsOffStaysAndGivesNoTable) {
 }
 
 TEST(EffectSelection, AlternatingCliquesHaveNoWeights) {
-    EffectSelection selection = selection_of({"AC"});
+    EffectSelection selection = selection_holding({"AC"});
     choice_of(selection, "AC").lambda = 2.0F;
     assemble_parameters(selection);
     EXPECT_TRUE(choice_of(selection, "AC").weights.empty());
 }
 
 TEST(EffectSelection, AssemblyAtLambdaZeroEndsAllTheSame) {
-    EffectSelection selection = selection_of({"AS", "AEAT", "AC"});
+    EffectSelection selection = selection_holding({"AS", "AEAT", "AC"});
     EXPECT_EQ(assemble_parameters(selection), (std::vector<double>{0, 0, 0}));
     EXPECT_EQ(choice_of(selection, "AS").weights.size(), 101U);
 }
 
 TEST(EffectSelection, CliqueDepthIsTheSizeOfTheLargestCliqueAndEightWithTheirAlternatingSum) {
-    EXPECT_EQ(clique_depth(selection_of({})), 0);
-    EXPECT_EQ(clique_depth(selection_of({"edge", "Triangle", "AT"})), 0);
-    EXPECT_EQ(clique_depth(selection_of({"4-clique"})), 4);
-    EXPECT_EQ(clique_depth(selection_of({"5-clique", "4-clique"})), 5);
-    EXPECT_EQ(clique_depth(selection_of({"4-clique", "6-clique"})), 6);
-    EXPECT_EQ(clique_depth(selection_of({"7-clique"})), 7);
-    EXPECT_EQ(clique_depth(selection_of({"AC"})), 8);
-    EXPECT_EQ(clique_depth(selection_of({"4-clique", "AC"})), 8);
+    EXPECT_EQ(clique_depth(selection_holding({})), 0);
+    EXPECT_EQ(clique_depth(selection_holding({"edge", "Triangle", "AT"})), 0);
+    EXPECT_EQ(clique_depth(selection_holding({"4-clique"})), 4);
+    EXPECT_EQ(clique_depth(selection_holding({"5-clique", "4-clique"})), 5);
+    EXPECT_EQ(clique_depth(selection_holding({"4-clique", "6-clique"})), 6);
+    EXPECT_EQ(clique_depth(selection_holding({"7-clique"})), 7);
+    EXPECT_EQ(clique_depth(selection_holding({"AC"})), 8);
+    EXPECT_EQ(clique_depth(selection_holding({"4-clique", "AC"})), 8);
     EXPECT_EQ(clique_depth(selection_create(NetworkKind::directed)), 0);
 }
 
 TEST(FullModel, HandsOutTwentyNinePlacesInRowOrder) {
-    EffectSelection selection = selection_of({"AEAT", "Triangle", "edge"});
+    EffectSelection selection = selection_holding({"AEAT", "Triangle", "edge"});
     assign_full_model(selection);
     EXPECT_EQ(selection.structural_count, 29);
     ASSERT_EQ(kRowsOfTheFullModel.size(), 29U);
@@ -210,7 +210,7 @@ TEST(FullModel, HandsOutTwentyNinePlacesInRowOrder) {
 }
 
 TEST(FullModel, LeavesRowsOutsideItOnAtThePlaceTheyHad) {
-    EffectSelection selection = selection_of({"edge", "Bow_tie", "Q31", "AS"});
+    EffectSelection selection = selection_holding({"edge", "Bow_tie", "Q31", "AS"});
     assign_full_model(selection);
     EXPECT_EQ(choice_of(selection, "Bow_tie").position, 1);
     EXPECT_EQ(choice_of(selection, "Q31").position, 2);
@@ -223,7 +223,7 @@ TEST(FullModel, LeavesRowsOutsideItOnAtThePlaceTheyHad) {
 }
 
 TEST(FullModel, TheLaterOfTwoRowsAtOnePlaceWritesItsValue) {
-    EffectSelection selection = selection_of({"edge", "Bow_tie"});
+    EffectSelection selection = selection_holding({"edge", "Bow_tie"});
     choice_of(selection, "Bow_tie").value = 6.0;
     choice_of(selection, "2-star").value = 5.0;
     assign_full_model(selection);
@@ -231,7 +231,7 @@ TEST(FullModel, TheLaterOfTwoRowsAtOnePlaceWritesItsValue) {
 }
 
 TEST(FullModel, KeepsTheValuesOfTheSetup) {
-    EffectSelection selection = selection_of({"edge"});
+    EffectSelection selection = selection_holding({"edge"});
     choice_of(selection, "edge").value = -1.5;
     choice_of(selection, "AT").value = 0.25;
     assign_full_model(selection);
@@ -241,7 +241,7 @@ TEST(FullModel, KeepsTheValuesOfTheSetup) {
 }
 
 TEST(FullModel, ReplacesLambdasThatAreExactlyZero) {
-    EffectSelection selection = selection_of({});
+    EffectSelection selection = selection_holding({});
     assign_full_model(selection);
     for (const std::string_view name : {"AS", "AT", "A2P", "AC", "AET", "AEAT"}) {
         EXPECT_EQ(choice_of(selection, name).lambda, 2.0F) << name;
@@ -252,7 +252,7 @@ TEST(FullModel, ReplacesLambdasThatAreExactlyZero) {
 }
 
 TEST(FullModel, LeavesOtherLambdasAlone) {
-    EffectSelection selection = selection_of({});
+    EffectSelection selection = selection_holding({});
     choice_of(selection, "AS").lambda = 0.5F;
     choice_of(selection, "AT2").lambda = 3.0F;
     choice_of(selection, "AC").lambda = -1.0F;
@@ -263,7 +263,7 @@ TEST(FullModel, LeavesOtherLambdasAlone) {
 }
 
 TEST(FullModel, TurnsOnEveryRowOfEveryAttributeThereIs) {
-    EffectSelection selection = selection_of({});
+    EffectSelection selection = selection_holding({});
     select(selection, AttributeGroup::binary, 2, {{3, 1}});
     select(selection, AttributeGroup::continuous, 1, {});
     select(selection, AttributeGroup::covariate, 3, {{0, 0}, {5, 2}});
@@ -282,7 +282,7 @@ TEST(FullModel, TurnsOnEveryRowOfEveryAttributeThereIs) {
 }
 
 TEST(FullModel, GivesTheSamePlacesWhenItIsAssignedTwice) {
-    EffectSelection selection = selection_of({"edge", "AT"});
+    EffectSelection selection = selection_holding({"edge", "AT"});
     select(selection, AttributeGroup::categorical, 2, {{0, 0}});
     assign_full_model(selection);
     assign_full_model(selection);
