@@ -18,6 +18,14 @@ target_compile_options(ovri_settings INTERFACE -ffp-contract=off -Wall -Wextra -
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(ovri_settings INTERFACE -Wno-restrict)
 endif()
+# In joined sources a file's constants stand before the functions of the next, and the names without
+# linkage of each are taken for those of a header.
+if(OVRI_JOIN)
+  target_compile_options(ovri_settings INTERFACE -Wno-shadow)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(ovri_settings INTERFACE -Wno-subobject-linkage)
+  endif()
+endif()
 if(OVRI_WERROR)
   target_compile_options(ovri_settings INTERFACE -Werror)
 endif()
@@ -37,6 +45,15 @@ if(OVRI_FUZZ)
   target_compile_options(ovri_settings INTERFACE -fsanitize=fuzzer-no-link
                                                  -fno-sanitize=null,alignment,object-size,vptr)
 endif()
+
+# ovri_unoptimised_when_sanitized(target)
+#
+# For what computes little: under the sanitizers its compilation takes longer than its runs.
+function(ovri_unoptimised_when_sanitized target)
+  if(OVRI_SANITIZE AND NOT OVRI_FUZZ AND NOT MSVC)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+endfunction()
 
 # ovri_folder(NAME USES folder... SOURCES file...)
 #

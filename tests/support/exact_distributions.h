@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "support/chain_models.h"
-#include "support/sanitized.h"
 
 // Probability of each network by its code; 0.0 for those outside the class.
 using Distribution = std::vector<double>;
@@ -74,7 +73,7 @@ Distribution chain_frequencies(Chain<Network>& chain, int samples, int thinning)
 }
 
 // Samples of one chain in these tests.
-constexpr int kSamples = kSanitized ? 30000 : 150000;
+constexpr int kSamples = 150000;
 
 // How far the frequencies of as many independent samples may lie from the truth: half as far again
 // as they do on average. Over a thousand networks that is 0.05, over twenty 0.007.
