@@ -18,7 +18,10 @@ install_missing "${build_packages[@]}"
 echo "$(g++ --version | head -n 1); $(cmake --version | head -n 1)"
 
 step "Build (Release, in build/)"
-cmake -S . -B build -DCMAKE_BUILD_TYPE=Release
+# A first build is of all files, so many are compiled as one source; one that is there is gone on with.
+joined=()
+[ -f build/CMakeCache.txt ] || joined=(-DOVRI_JOIN=ON)
+cmake -S . -B build -DCMAKE_BUILD_TYPE=Release "${joined[@]}"
 cmake --build build --parallel "$(nproc)" --target ovri_tool ovri_library
 
 output=results/demo-$(date +%Y%m%d-%H%M%S)
