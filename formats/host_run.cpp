@@ -4,41 +4,29 @@
 #include <array>
 #include <variant>
 
+#include "base/named_value.h"
 #include "run/setup_items.h"
 #include "study/names.h"
 
 namespace {
 
-struct ModeName {
-    RunMode mode;
-    const char* name;
-};
-constexpr std::array<ModeName, 4> kModes = {{{RunMode::simulation, "simulation"},
-                                             {RunMode::estimation, "estimation"},
-                                             {RunMode::fit, "gof"},
-                                             {RunMode::bayesian_fit, "bayesian-gof"}}};
+constexpr std::array<NamedValue<RunMode>, 4> kModes = {{{RunMode::simulation, "simulation"},
+                                                        {RunMode::estimation, "estimation"},
+                                                        {RunMode::fit, "gof"},
+                                                        {RunMode::bayesian_fit, "bayesian-gof"}}};
 
 }  // namespace
 
-const char* run_mode_name(RunMode mode) {
-    return std::find_if(kModes.begin(), kModes.end(),
-                        [mode](const ModeName& each) { return each.mode == mode; })
-        ->name;
-}
+const char* run_mode_name(RunMode mode) { return name_in(kModes, mode); }
 
 std::optional<RunMode> run_mode_of(const std::string& name) {
-    for (const ModeName& each : kModes) {
-        if (names_match(each.name, name)) {
-            return each.mode;
-        }
-    }
-    return std::nullopt;
+    return value_in(kModes, name, names_match);
 }
 
 std::vector<std::string> run_mode_names() {
     std::vector<std::string> names;
     names.reserve(std::size(kModes));
-    for (const ModeName& each : kModes) {
+    for (const NamedValue<RunMode>& each : kModes) {
         names.emplace_back(each.name);
     }
     return names;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/named_value.h"
 #include "formats/csv.h"
 #include "formats/dl_file.h"
 #include "formats/edge_list.h"
@@ -12,17 +13,14 @@
 
 namespace {
 
-struct FormatName {
-    NetworkFormat format;
-    const char* name;
-};
-constexpr std::array<FormatName, 7> kFormats = {{{NetworkFormat::edge_list, "edge-list"},
-                                                 {NetworkFormat::matrix, "matrix"},
-                                                 {NetworkFormat::pajek, "pajek"},
-                                                 {NetworkFormat::graphml, "graphml"},
-                                                 {NetworkFormat::gml, "gml"},
-                                                 {NetworkFormat::dl, "dl"},
-                                                 {NetworkFormat::dot, "dot"}}};
+constexpr std::array<NamedValue<NetworkFormat>, 7> kFormats = {
+    {{NetworkFormat::edge_list, "edge-list"},
+     {NetworkFormat::matrix, "matrix"},
+     {NetworkFormat::pajek, "pajek"},
+     {NetworkFormat::graphml, "graphml"},
+     {NetworkFormat::gml, "gml"},
+     {NetworkFormat::dl, "dl"},
+     {NetworkFormat::dot, "dot"}}};
 
 // Characters of a file that a guess of its format looks at.
 constexpr std::size_t kHead = 4096;
@@ -216,25 +214,16 @@ void take_columns(const TieTable& table, NetworkFile& result) {
 
 }  // namespace
 
-const char* network_format_name(NetworkFormat format) {
-    return std::find_if(kFormats.begin(), kFormats.end(),
-                        [format](const FormatName& each) { return each.format == format; })
-        ->name;
-}
+const char* network_format_name(NetworkFormat format) { return name_in(kFormats, format); }
 
 std::optional<NetworkFormat> network_format_of(const std::string& name) {
-    for (const FormatName& each : kFormats) {
-        if (names_match(name, each.name)) {
-            return each.format;
-        }
-    }
-    return std::nullopt;
+    return value_in(kFormats, name, names_match);
 }
 
 std::vector<std::string> readable_formats() {
     std::vector<std::string> names;
-    for (const FormatName& each : kFormats) {
-        if (each.format != NetworkFormat::dot) {
+    for (const NamedValue<NetworkFormat>& each : kFormats) {
+        if (each.value != NetworkFormat::dot) {
             names.emplace_back(each.name);
         }
     }

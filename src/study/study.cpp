@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "base/named_value.h"
 #include "study/names.h"
 
 namespace {
 
-struct MethodName {
-    EstimationMethod method;
-    const char* name;
-};
-constexpr std::array<MethodName, 4> kMethods = {
+constexpr std::array<NamedValue<EstimationMethod>, 4> kMethods = {
     {{EstimationMethod::automatic, "auto"},
      {EstimationMethod::stochastic_approximation, "stochastic-approximation"},
      {EstimationMethod::mple, "mple"},
@@ -50,19 +47,10 @@ int missing_values(const StudyAttribute& attribute) {
         std::count(attribute.values.begin(), attribute.values.end(), kMissingValue));
 }
 
-const char* estimation_method_name(EstimationMethod method) {
-    return std::find_if(kMethods.begin(), kMethods.end(),
-                        [method](const MethodName& each) { return each.method == method; })
-        ->name;
-}
+const char* estimation_method_name(EstimationMethod method) { return name_in(kMethods, method); }
 
 std::optional<EstimationMethod> estimation_method_of(const std::string& name) {
-    for (const MethodName& each : kMethods) {
-        if (name == each.name) {
-            return each.method;
-        }
-    }
-    return std::nullopt;
+    return value_in(kMethods, name);
 }
 
 double dyads_in(const StudyNetwork& network) {

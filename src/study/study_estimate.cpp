@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "base/named_value.h"
 #include "base/no_number.h"
 #include "study/approximation_runs.h"
 #include "study/choice_estimate.h"
@@ -44,14 +45,11 @@ void describe_model(const Study& study, StudyChain<Network>& run, const StudySel
     }
 }
 
-struct VerdictName {
-    StudyVerdict verdict;
-    const char* name;
-};
-constexpr std::array<VerdictName, 4> kVerdicts = {{{StudyVerdict::converged, "converged"},
-                                                   {StudyVerdict::not_converged, "not_converged"},
-                                                   {StudyVerdict::not_identified, "not_identified"},
-                                                   {StudyVerdict::degenerate, "degenerate"}}};
+constexpr std::array<NamedValue<StudyVerdict>, 4> kVerdicts = {
+    {{StudyVerdict::converged, "converged"},
+     {StudyVerdict::not_converged, "not_converged"},
+     {StudyVerdict::not_identified, "not_identified"},
+     {StudyVerdict::degenerate, "degenerate"}}};
 
 // Dyads that may change, and how many of them are tied.
 struct FreeTies {
@@ -172,19 +170,10 @@ void add_number_problems(const Study& study, Problems& problems) {
 
 }  // namespace
 
-const char* study_verdict_name(StudyVerdict verdict) {
-    return std::find_if(kVerdicts.begin(), kVerdicts.end(),
-                        [verdict](const VerdictName& each) { return each.verdict == verdict; })
-        ->name;
-}
+const char* study_verdict_name(StudyVerdict verdict) { return name_in(kVerdicts, verdict); }
 
 std::optional<StudyVerdict> study_verdict_of(const std::string& name) {
-    for (const VerdictName& each : kVerdicts) {
-        if (name == each.name) {
-            return each.verdict;
-        }
-    }
-    return std::nullopt;
+    return value_in(kVerdicts, name);
 }
 
 std::vector<double> estimates_of(const StudyEstimate& estimate) {
