@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "support/sanitized.h"
-
 using reference::PlainGraph;
 
 int draw_below(TestRandom& random, int n) {
@@ -31,7 +29,7 @@ std::vector<PlainGraph> graphs_of_all_densities(std::uint32_t seed, int smallest
     std::vector<PlainGraph> graphs;
     for (int n = smallest; n <= largest; ++n) {
         // Dyads grow with the square of n, so their total stays of one order over the sizes.
-        const int repeats = kSanitized ? 2 : effort * std::max(1, 140 / (n * n));
+        const int repeats = effort * std::max(1, 140 / (n * n));
         for (const double density : {0.0, 0.1, 0.25, 0.5, 0.75, 0.9, 1.0}) {
             const bool fixed = density == 0.0 || density == 1.0;
             for (int repeat = 0; repeat < (fixed ? 1 : repeats); ++repeat) {

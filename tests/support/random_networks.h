@@ -21,7 +21,6 @@ reference::PlainGraph random_graph(TestRandom& random, int n, double density);
 
 // Networks of every size from `smallest` to `largest` at seven densities from empty to complete;
 // `effort` is how many of each there are at the largest sizes, small ones come in larger numbers.
-// Under the sanitizers there are two of each.
 std::vector<reference::PlainGraph> graphs_of_all_densities(std::uint32_t seed, int smallest,
                                                            int largest, int effort);
 

@@ -1,4 +1,3 @@
-
 # A host of the exported function, run as a process of its own so that it can have its own current
 # directory, clock and memory.
 add_executable(export_host "${CMAKE_CURRENT_LIST_DIR}/export_host.cpp")

@@ -35,7 +35,7 @@ std::int64_t count_cells(const Ties& ties) {
     return std::count(ties.cells.begin(), ties.cells.end(), char{1});
 }
 
-std::int64_t dyads_in(const Moves& moves) {
+std::int64_t all_dyads(const Moves& moves) {
     const std::int64_t n = moves.actors;
     return moves.directed ? n * (n - 1) : n * (n - 1) / 2;
 }
@@ -63,7 +63,7 @@ void check_degenerate(const Moves& moves, Findings& findings) {
         return;
     }
     const std::int64_t ties = count_ties(moves, *moves.observed);
-    if (ties == 0 || ties == dyads_in(moves)) {
+    if (ties == 0 || ties == all_dyads(moves)) {
         const auto add = is_mode(moves.view, RunMode::estimation) ? add_error : add_warning;
         add(findings, where_item(moves.view, *item),
             ties == 0 ? "an observed network without ties" : "a complete observed network",
@@ -156,10 +156,10 @@ void check_start_network(const Moves& moves, Findings& findings) {
     const double share = static_cast<double>(moves.view.setup.settings.density);
     const auto ties = static_cast<std::int64_t>(std::clamp(share, 0.0, 1.0) * pairs *
                                                 (moves.directed ? 1.0 : 0.5));
-    if (ties < 2 || ties >= dyads_in(moves)) {
+    if (ties < 2 || ties >= all_dyads(moves)) {
         add_error(findings, where_item(moves.view, *item),
                   "a start network with " + counted(ties, tie_word(moves)) + " of " +
-                      std::to_string(dyads_in(moves)) + ", and a swap proposal",
+                      std::to_string(all_dyads(moves)) + ", and a swap proposal",
                   "two ties at least, and an empty dyad",
                   "correct the density or toggle single dyads (proposal kind 0): the network could "
                   "never change");
