@@ -30,29 +30,36 @@ constexpr int kDraws = 32768;
 // pseudorandom number generators: the finaliser of SplitMix64.
 std::uint32_t mixed_seed(std::uint32_t seed, std::uint32_t k);
 
-// One draw, 0..32767: bits 16 to 30 of the next state. The first form is for loops that keep the
-// state to themselves.
-inline int shown_draw(std::uint32_t state) { return static_cast<int>((state >> 16U) & 0x7FFFU); }
-inline int draw_of_state(std::uint32_t& state) {
-    state = state * 214013U + 2531011U;
-    return shown_draw(state);
-}
-inline int random_draw(RandomSource& random) { return draw_of_state(random.state); }
-
-// Several draws at once: the state after as many, without waiting for those between.
+// From a state to a later one.
 struct RandomJump {
     std::uint32_t factor = 1;
     std::uint32_t summand = 0;
 
-    std::uint32_t operator()(std::uint32_t state) const { return state * factor + summand; }
+    constexpr std::uint32_t operator()(std::uint32_t state) const {
+        return state * factor + summand;
+    }
 };
+constexpr RandomJump kNextState = {214013U, 2531011U};
+
+// Over so many draws at once, without waiting for those between.
 constexpr RandomJump random_jump(int draws) {
     RandomJump jump;
     for (int draw = 0; draw < draws; ++draw) {
-        jump = {jump.factor * 214013U, jump.summand * 214013U + 2531011U};
+        jump = {jump.factor * kNextState.factor, kNextState(jump.summand)};
     }
     return jump;
 }
+
+// One draw, 0..32767: bits 16 to 30 of the next state. The second form is for loops that keep the
+// state to themselves.
+inline int draw_at(std::uint32_t next_state) {
+    return static_cast<int>((next_state >> 16U) & 0x7FFFU);
+}
+inline int draw_of_state(std::uint32_t& state) {
+    state = kNextState(state);
+    return draw_at(state);
+}
+inline int random_draw(RandomSource& random) { return draw_of_state(random.state); }
 
 // An integer in 0..n-1, the draw modulo n; n must be positive.
 inline int random_below(RandomSource& random, int n) { return random_draw(random) % n; }

@@ -176,7 +176,7 @@ int swap_step(Chain<Network>& chain) {
 int sender_swap_step(Chain<Digraph>& chain) {
     Dyad tied;
     Dyad empty;
-    if (chain.stuck || !draw_sender_swap(chain, tied, empty)) {
+    if (!draw_sender_swap(chain, tied, empty)) {
         return 0;
     }
     return swap_dyads(chain, tied, empty);

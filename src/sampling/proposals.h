@@ -130,55 +130,44 @@ bool draw_free_dyad(Chain<Network>& chain, Dyad& dyad) {
     return true;
 }
 
-// Draws two dyads, one of them tied and one not, until both may be proposed. The usual case by
-// itself, as most of the time of a swap in a sparse network goes here. False after
-// `most` draws.
+// The dyads of one attempt at a swap.
+template <DrawOrder order>
+void draw_dyads(std::uint32_t& state, const Remainder& actors, Dyad& first, Dyad& second) {
+    constexpr RandomJump kFirstI = random_jump(order.first_i);
+    constexpr RandomJump kFirstJ = random_jump(order.first_j);
+    constexpr RandomJump kSecondI = random_jump(order.second_i);
+    constexpr RandomJump kSecondJ = random_jump(order.second_j);
+    constexpr RandomJump kAll = random_jump(order.draws);
+    const auto actor = [&](RandomJump jump) { return actors.of(draw_at(jump(state))); };
+    first = {actor(kFirstI), actor(kFirstJ)};
+    second = {actor(kSecondI), actor(kSecondJ)};
+    state = kAll(state);
+}
+
+// Whether one of two dyads is tied and one not, and both may be proposed. No actor is tied to
+// itself, so a pair of one actor counts as untied at first.
 template <class Network>
+bool may_swap(const Chain<Network>& chain, Dyad first, Dyad second) {
+    return has_tie(chain.network, first.i, first.j) != has_tie(chain.network, second.i, second.j) &&
+           first.i != first.j && second.i != second.j &&
+           is_free(chain.free_dyads, first.i, first.j) &&
+           is_free(chain.free_dyads, second.i, second.j);
+}
+
+// Draws two dyads until they may be swapped; most of the time of a swap in a sparse network goes
+// here. False after `most` attempts.
+template <DrawOrder order, class Network>
 bool draw_unlike_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
-    constexpr RandomJump kOne = random_jump(1);
-    constexpr RandomJump kTwo = random_jump(2);
-    constexpr RandomJump kThree = random_jump(3);
-    constexpr RandomJump kFour = random_jump(4);
-    std::uint32_t state = chain.random.state;
     const Remainder actors = actor_remainder(chain);
-    const BitMatrix& tied = chain.network.adjacency;
-    const bool wide = kWideSearch;
+    std::uint32_t state = chain.random.state;
     bool found = false;
     for (int left = most; left > 0 && !found; --left) {
-        left -= wide ? pass_alike<kSwapOrder>(tied, left, state) : 0;
-        first.i = actors.of(shown_draw(kOne(state)));
-        second.i = actors.of(shown_draw(kTwo(state)));
-        first.j = actors.of(shown_draw(kThree(state)));
-        second.j = actors.of(shown_draw(kFour(state)));
-        state = kFour(state);
-        // No actor is tied to itself, so a pair of one actor counts as untied here.
-        found = tied.has(first.i, first.j) != tied.has(second.i, second.j) && first.i != first.j &&
-                second.i != second.j;
+        left -= pass_alike<order>(chain.network.adjacency, left, state);
+        draw_dyads<order>(state, actors, first, second);
+        found = may_swap(chain, first, second);
     }
     chain.random.state = state;
     return found;
-}
-
-// The same where only some dyads may be proposed; the draws come in another order.
-template <class Network>
-bool draw_unlike_free_dyads(Chain<Network>& chain, int most, Dyad& first, Dyad& second) {
-    RandomSource& random = chain.random;
-    const Remainder actors = actor_remainder(chain);
-    for (int left = most; left > 0; --left) {
-        left -= pass_alike<kFreeSwapOrder>(chain.network.adjacency, left, random.state);
-        first.j = draw_actor(random, actors);
-        second.j = draw_actor(random, actors);
-        first.i = draw_actor(random, actors);
-        second.i = draw_actor(random, actors);
-        if (first.i != first.j && second.i != second.j &&
-            has_tie(chain.network, first.i, first.j) !=
-                has_tie(chain.network, second.i, second.j) &&
-            is_free(chain.free_dyads, first.i, first.j) &&
-            is_free(chain.free_dyads, second.i, second.j)) {
-            return true;
-        }
-    }
-    return false;
 }
 
 // Draws two dyads of different state, the tied one first. False when there are none.
@@ -187,8 +176,8 @@ bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
     const bool any = chain.free_dyads == nullptr;
     DrawCycle cycle(chain.network.vertices);
     int most = kProposalPatience;
-    while (!(any ? draw_unlike_dyads(chain, most, tied, empty)
-                 : draw_unlike_free_dyads(chain, most, tied, empty))) {
+    while (!(any ? draw_unlike_dyads<kSwapOrder>(chain, most, tied, empty)
+                 : draw_unlike_dyads<kFreeSwapOrder>(chain, most, tied, empty))) {
         if (most == kProposalPatience) {
             const FreeDyads found = scan_dyads(chain);
             chain.stuck = !found.tied || !found.untied;
@@ -205,47 +194,37 @@ bool draw_swap(Chain<Network>& chain, Dyad& tied, Dyad& empty) {
     return true;
 }
 
-// Draws an actor with two arcs or more and two others, an arc going to just one of them; that one
-// is the first. False when there is no such actor.
-inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
-    const Digraph& digraph = chain.network;
-    if (digraph.vertices < 2) {
-        chain.stuck = true;
-        return false;
-    }
+// Draws two dyads of an actor with two arcs or more until they may be swapped. False when there are
+// none.
+template <DrawOrder order>
+bool draw_sender_dyads(Chain<Digraph>& chain, Dyad& first, Dyad& second) {
     RandomSource& random = chain.random;
     const Remainder actors = actor_remainder(chain);
-    int i = draw_actor(random, actors);
-    int j = i;
-    int k = i;
-    const auto eligible = [&] {
-        return digraph.out_degree[static_cast<std::size_t>(i)] >= 2 && i != j && i != k && j != k &&
-               digraph_has_arc(digraph, i, j) != digraph_has_arc(digraph, i, k) &&
-               is_free(chain.free_dyads, i, j) && is_free(chain.free_dyads, i, k);
-    };
     ProposalPatience patience(actors.divisor());
-    while (!eligible()) {
+    // An actor is drawn before any attempt, for nothing.
+    random_draw(random);
+    do {
         if (!patience.may_succeed(random, [&chain] { return scan_sender_swaps(chain); })) {
             chain.stuck = true;
             return false;
         }
-        if (chain.free_dyads != nullptr) {
-            patience.count(
-                pass_alike<kFreeSenderSwapOrder>(digraph.adjacency, patience.left(), random.state));
-            j = draw_actor(random, actors);
-            i = draw_actor(random, actors);
-            k = draw_actor(random, actors);
-        } else {
-            patience.count(
-                pass_alike<kSenderSwapOrder>(digraph.adjacency, patience.left(), random.state));
-            i = draw_actor(random, actors);
-            j = draw_actor(random, actors);
-            k = draw_actor(random, actors);
-        }
+        patience.count(pass_alike<order>(chain.network.adjacency, patience.left(), random.state));
+        draw_dyads<order>(random.state, actors, first, second);
+    } while (chain.network.out_degree[static_cast<std::size_t>(first.i)] < 2 ||
+             !may_swap(chain, first, second));
+    return true;
+}
+
+// Draws an actor with two arcs or more and two others, an arc going to just one of them; that one
+// is the first. False when there is no such actor.
+inline bool draw_sender_swap(Chain<Digraph>& chain, Dyad& tied, Dyad& empty) {
+    chain.stuck = chain.stuck || chain.network.vertices < 2;
+    if (chain.stuck || !(chain.free_dyads == nullptr
+                             ? draw_sender_dyads<kSenderSwapOrder>(chain, tied, empty)
+                             : draw_sender_dyads<kFreeSenderSwapOrder>(chain, tied, empty))) {
+        return false;
     }
-    tied = {i, j};
-    empty = {i, k};
-    if (!digraph_has_arc(digraph, i, j)) {
+    if (!digraph_has_arc(chain.network, tied.i, tied.j)) {
         std::swap(tied, empty);
     }
     return true;

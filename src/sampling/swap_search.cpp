@@ -122,8 +122,8 @@ constexpr int kMostActors = kDraws;
 const bool kWideSearch = __builtin_cpu_supports("avx2") != 0;
 
 template <DrawOrder order>
-int pass_alike(const BitMatrix& ties, int most, std::uint32_t& state) {
-    return kWideSearch && ties.actors <= kMostActors ? pass_wide<order>(ties, most, state) : 0;
+int pass_alike_wide(const BitMatrix& ties, int most, std::uint32_t& state) {
+    return ties.actors <= kMostActors ? pass_wide<order>(ties, most, state) : 0;
 }
 
 #else
@@ -131,13 +131,13 @@ int pass_alike(const BitMatrix& ties, int most, std::uint32_t& state) {
 const bool kWideSearch = false;
 
 template <DrawOrder order>
-int pass_alike(const BitMatrix&, int, std::uint32_t&) {
+int pass_alike_wide(const BitMatrix&, int, std::uint32_t&) {
     return 0;
 }
 
 #endif
 
-template int pass_alike<kSwapOrder>(const BitMatrix&, int, std::uint32_t&);
-template int pass_alike<kFreeSwapOrder>(const BitMatrix&, int, std::uint32_t&);
-template int pass_alike<kSenderSwapOrder>(const BitMatrix&, int, std::uint32_t&);
-template int pass_alike<kFreeSenderSwapOrder>(const BitMatrix&, int, std::uint32_t&);
+template int pass_alike_wide<kSwapOrder>(const BitMatrix&, int, std::uint32_t&);
+template int pass_alike_wide<kFreeSwapOrder>(const BitMatrix&, int, std::uint32_t&);
+template int pass_alike_wide<kSenderSwapOrder>(const BitMatrix&, int, std::uint32_t&);
+template int pass_alike_wide<kFreeSenderSwapOrder>(const BitMatrix&, int, std::uint32_t&);

@@ -23,11 +23,17 @@ constexpr DrawOrder kFreeSwapOrder = {4, 3, 1, 4, 2};
 constexpr DrawOrder kSenderSwapOrder = {3, 1, 2, 1, 3};
 constexpr DrawOrder kFreeSenderSwapOrder = {3, 2, 1, 2, 3};
 
-// Whether this machine can pass over several attempts at once.
+// Whether this machine can look at several attempts at once.
 extern const bool kWideSearch;
+
+// `pass_alike` where it can.
+template <DrawOrder order>
+int pass_alike_wide(const BitMatrix& ties, int most, std::uint32_t& state);
 
 // Passes over attempts whose dyads are both tied or both not, fewer than `most`; `state` is then
 // the random source's before the first attempt that has not been passed over. Returns how many
 // were; 0 where there is no wide search.
 template <DrawOrder order>
-int pass_alike(const BitMatrix& ties, int most, std::uint32_t& state);
+int pass_alike(const BitMatrix& ties, int most, std::uint32_t& state) {
+    return kWideSearch ? pass_alike_wide<order>(ties, most, state) : 0;
+}

@@ -218,4 +218,14 @@ TEST(DrawCycle, TellsStatesApartByWhatDrawsCanShow) {
     EXPECT_TRUE(wide.closed(seeded(0x80000005U)));
 }
 
+TEST(RandomJump, IsAsManyDraws) {
+    std::uint32_t state = 0x12345678U;
+    const std::uint32_t first = state;
+    EXPECT_EQ(random_jump(0)(first), first);
+    for (int draws = 1; draws <= 40; ++draws) {
+        draw_of_state(state);
+        EXPECT_EQ(random_jump(draws)(first), state) << draws;
+    }
+}
+
 }  // namespace

@@ -110,13 +110,3 @@ TEST_F(SwapSearch, LeavesFewAttemptsAndTooManyActorsToOneByOne) {
     EXPECT_EQ(pass_alike<kSwapOrder>(none, 1000, state), 0);
     EXPECT_EQ(state, 7U);
 }
-
-TEST(RandomJump, IsAsManyDraws) {
-    std::uint32_t state = 0x12345678U;
-    const std::uint32_t first = state;
-    EXPECT_EQ(random_jump(0)(first), first);
-    for (int draws = 1; draws <= 40; ++draws) {
-        draw_of_state(state);
-        EXPECT_EQ(random_jump(draws)(first), state) << draws;
-    }
-}
